@@ -1,0 +1,6 @@
+# One set of warnings for all that is compiled here, C and C++.
+
+add_library(uom_warnings INTERFACE)
+target_compile_options(uom_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    $<$<BOOL:${UOM_WARNINGS_AS_ERRORS}>:-Werror>)

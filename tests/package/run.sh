@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Installs a build to a fresh prefix, moves the prefix, and builds and runs the consumer beside this file from it:
+# with find_package, shared and static, and with pkg-config where there is one.
+# Arguments: cmake, the build directory, the library and data directories under the prefix, the configuration,
+# the C compiler.
+set -euo pipefail
+
+cmake=$1 build=$2 libdir=$3 datadir=$4 config=$5 cc=$6
+here=$(cd "$(dirname "$0")" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+expect_ok() { # title, command...
+    local title=$1 out
+    shift
+    out=$("$@") || { echo "$title: failed: $out"; exit 1; }
+    [ "$out" = OK ] || { echo "$title: printed '$out', not OK"; exit 1; }
+    echo "$title: OK"
+}
+
+"$cmake" --install "$build" --config "$config" --prefix "$work/first" >"$work/log" || { cat "$work/log"; exit 1; }
+prefix="$work/moved prefix"
+mv "$work/first" "$prefix"
+
+# By find_package.
+{
+    "$cmake" -S "$here" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_C_COMPILER="$cc" \
+        -DCMAKE_BUILD_TYPE="$config" &&
+        "$cmake" --build "$work/consumer"
+} >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+expect_ok "find_package, shared" "$work/consumer/consumer"
+# A program that holds the library in itself has its data beside itself.
+cp "$prefix/$datadir/uom/uomdata.txt" "$work/consumer/"
+expect_ok "find_package, static" "$work/consumer/consumer_static"
+
+# By pkg-config.
+if command -v pkg-config >/dev/null; then
+    export PKG_CONFIG_PATH="$prefix/$libdir/pkgconfig"
+    # eval: pkg-config quotes blanks for a shell.
+    eval "flags=($(pkg-config --cflags --libs uom))"
+    "$cc" -o "$work/plain" "$here/consumer.c" "${flags[@]}"
+    expect_ok "pkg-config" env LD_LIBRARY_PATH="$prefix/$libdir" "$work/plain"
+else
+    echo "pkg-config: skipped, not installed"
+fi
+
+# The installed tool starts, if it was built.
+if [ -x "$prefix/bin/uom" ]; then
+    "$prefix/bin/uom" --help >"$work/log" || { echo "the installed tool does not start"; cat "$work/log"; exit 1; }
+    echo "tool: OK"
+fi
