@@ -1,0 +1,71 @@
+#include "support/memory.h"
+
+#include <cstdlib>
+#include <cstring>
+
+MemoryCounters memCounters = {0, 0};
+void *(*memReallocate)(void *, size_t) = std::realloc;
+
+static void *allocate(size_t size) {
+    return memReallocate(nullptr, size > 0 ? size : 1);
+}
+
+int32_t mem_Malloc(void **out, size_t size) {
+    *out = allocate(size);
+    if (!*out)
+        return 1;
+    ++memCounters.allocations;
+    return 0;
+}
+
+int32_t mem_Calloc(void **out, size_t count, size_t size) {
+    *out = nullptr;
+    if (count == 0 || size == 0)
+        return 0;
+    if (count > SIZE_MAX / size)
+        return 1;
+    *out = allocate(count * size);
+    if (!*out)
+        return 1;
+    std::memset(*out, 0, count * size);
+    return 0;
+}
+
+int32_t mem_Realloc(void **slot, size_t size) {
+    if (!*slot)
+        return mem_Malloc(slot, size);
+    // A size of 0 would free the block and leave the slot dangling.
+    void *moved = memReallocate(*slot, size > 0 ? size : 1);
+    if (!moved)
+        return 1;
+    *slot = moved;
+    return 0;
+}
+
+void mem_Free(const void *block) {
+    if (!block)
+        return;
+    std::free(const_cast<void *>(block));
+    ++memCounters.frees;
+}
+
+int32_t mem_DupText(char **out, const char *text) {
+    *out = nullptr;
+    if (!text)
+        return 0;
+    const size_t size = std::strlen(text) + 1;
+    void *copy = nullptr;
+    if (mem_Malloc(&copy, size) != 0)
+        return 11;
+    *out = static_cast<char *>(std::memcpy(copy, text, size));
+    return 0;
+}
+
+int32_t mem_ReplaceText(const char **slot, const char *text) {
+    const char *old = *slot;
+    char *copy = nullptr;
+    const int32_t status = mem_DupText(&copy, text);
+    *slot = copy;
+    mem_Free(old);
+    return status;
+}

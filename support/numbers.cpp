@@ -1,0 +1,251 @@
+#include "support/numbers.h"
+
+#include <cerrno>
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <locale.h>
+
+#include "support/text.h"
+
+double numNullDouble;
+double numNullDoubleLimit;
+float numNullFloat;
+float numNullFloatLimit;
+int32_t numNullInt;
+uint32_t numNullUnsigned;
+double numZeroLimit;
+double numRelativeTol;
+float numZeroLimitF;
+float numRelativeTolF;
+
+static float floatOfBits(uint32_t bits) {
+    float value;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+void num_InitConstants() {
+    numNullDouble = -1.5e35;
+    numNullDoubleLimit = -1e35;
+    numNullFloat = floatOfBits(0xF9E71C91u);
+    numNullFloatLimit = floatOfBits(0xF99A130Cu);
+    numNullUnsigned = 0x822B0039u;
+    numNullInt = static_cast<int32_t>(numNullUnsigned);
+    numZeroLimit = 1.0 / std::pow(10.0, 15.0);
+    numRelativeTol = 1.0 / std::pow(10.0, 6.0);
+    numRelativeTolF = static_cast<float>(numRelativeTol);
+    numZeroLimitF = numRelativeTolF;
+}
+
+bool num_IsNull(double value) {
+    return value < numNullDoubleLimit;
+}
+
+bool num_EqualTol(double a, double b, double tolerance) {
+    if (std::fabs(a) < numZeroLimit)
+        return std::fabs(b) < numZeroLimit;
+    return std::fabs(a - b) / std::fabs(a) < tolerance;
+}
+
+bool num_Equal(double a, double b) {
+    return a == b || num_EqualTol(a, b, numRelativeTol);
+}
+
+bool num_EqualTolF(float a, float b, float tolerance) {
+    if (std::fabs(a) < numZeroLimitF)
+        return std::fabs(b) < numZeroLimitF;
+    const double wideA = a;
+    return static_cast<float>(std::fabs(wideA - b) / std::fabs(wideA)) < tolerance;
+}
+
+bool num_EqualF(float a, float b) {
+    return a == b || num_EqualTolF(a, b, numRelativeTolF);
+}
+
+double num_PowInt(double x, int32_t n) {
+    double power = 1.0;
+    for (int64_t i = num_Magnitude(n); i > 0; --i) {
+        const double next = power * x;
+        // A product that no longer changes (1, 0, infinity) stays as it is however often x comes.
+        if (num_Same(next, power))
+            return next;
+        power = next;
+    }
+    return power;
+}
+
+int32_t num_IsIntegerText(const char *text) {
+    if (str_IsEmpty(text))
+        return 1;
+    const char *digits = *text == '+' || *text == '-' ? text + 1 : text;
+    for (const char *c = digits; *c; ++c)
+        if (!str_IsDigit(*c))
+            return 0;
+    if (!*digits)
+        return 1;
+    errno = 0;
+    const long value = std::strtol(text, nullptr, 10);
+    return errno != ERANGE && value >= INT32_MIN && value <= INT32_MAX;
+}
+
+namespace {
+
+// The columns and states of the number scanner. FAIL ends the scan.
+enum Symbol { DIGIT, SIGN, POINT, EXPONENT_MARK, OTHER };
+enum State : int8_t {
+    START,
+    AFTER_SIGN,
+    WHOLE,
+    AFTER_POINT,
+    FRACTION,
+    AFTER_E,
+    AFTER_E_SIGN,
+    EXPONENT,
+    FAIL = -1
+};
+
+constexpr State transitions[8][5] = {
+    /* START        */ {WHOLE, AFTER_SIGN, AFTER_POINT, AFTER_E, FAIL},
+    /* AFTER_SIGN   */ {WHOLE, FAIL, AFTER_POINT, AFTER_E, FAIL},
+    /* WHOLE        */ {WHOLE, FAIL, AFTER_POINT, AFTER_E, FAIL},
+    /* AFTER_POINT  */ {FRACTION, FAIL, FAIL, AFTER_E, FAIL},
+    /* FRACTION     */ {FRACTION, FAIL, FAIL, AFTER_E, FAIL},
+    /* AFTER_E      */ {EXPONENT, AFTER_E_SIGN, FAIL, FAIL, FAIL},
+    /* AFTER_E_SIGN */ {EXPONENT, FAIL, FAIL, FAIL, FAIL},
+    /* EXPONENT     */ {EXPONENT, FAIL, FAIL, FAIL, FAIL},
+};
+
+Symbol symbolOf(char c) {
+    if (str_IsDigit(c))
+        return DIGIT;
+    if (c == '+' || c == '-')
+        return SIGN;
+    if (c == '.')
+        return POINT;
+    return c == 'E' || c == 'e' ? EXPONENT_MARK : OTHER;
+}
+
+// The "C" locale for the life of a block, so that a host with a decimal comma reads and prints the same.
+struct ScopedCLocale {
+#if defined(_WIN32)
+    _locale_t c = _create_locale(LC_ALL, "C");
+    ~ScopedCLocale() {
+        _free_locale(c);
+    }
+    double read(const char *text, char **end) const {
+        return _strtod_l(text, end, c);
+    }
+#else
+    locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
+    locale_t saved = uselocale(c);
+    ScopedCLocale() = default;
+    ~ScopedCLocale() {
+        uselocale(saved);
+        freelocale(c);
+    }
+    static double read(const char *text, char **end) {
+        return std::strtod(text, end);
+    }
+#endif
+    ScopedCLocale(const ScopedCLocale &) = delete;
+    ScopedCLocale &operator=(const ScopedCLocale &) = delete;
+};
+
+} // namespace
+
+int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent,
+                       int32_t *used) {
+    *hasDigits = *hasExponent = *exponent = *used = 0;
+    if (!text)
+        return 1;
+    bool negative = false;
+    State state = START;
+    for (; *text; ++text) {
+        const Symbol symbol = symbolOf(*text);
+        state = transitions[state][symbol];
+        if (state == FAIL)
+            return 0;
+        if (state == WHOLE || state == FRACTION)
+            *hasDigits = 1;
+        else if (state == AFTER_E)
+            *hasExponent = 1;
+        else if (state == AFTER_E_SIGN)
+            negative = *text == '-';
+        else if (state == EXPONENT && *exponent < INT32_MAX / 10)
+            *exponent = *exponent * 10 + (*text - '0');
+        else if (state == EXPONENT)
+            *exponent = INT32_MAX;
+        if (*used < INT32_MAX)
+            ++*used;
+    }
+    if (negative)
+        *exponent = -*exponent;
+    return 1;
+}
+
+// A number whose mantissa has no digit: "", "-", "E3". False when the exponent is out of the range of powers
+// of ten.
+static bool powerOfTen(const char *text, bool hasExponent, int32_t exponent, double *out) {
+    if (!hasExponent) {
+        *out = 0.0;
+        return true;
+    }
+    double value = 1.0;
+    if (exponent >= 1 && exponent <= 307)
+        value = std::pow(10.0, exponent);
+    else if (exponent >= -306 && exponent <= -1)
+        value = 1.0 / std::pow(10.0, -exponent);
+    else if (exponent != 0)
+        return false;
+    *out = *text == '-' ? -value : value;
+    return true;
+}
+
+int32_t num_TextToDouble(const char *text, double *out) {
+    if (!text || !out)
+        return -1;
+    int32_t hasDigits, hasExponent, exponent, used;
+    if (!num_ScanNumber(text, &hasDigits, &hasExponent, &exponent, &used))
+        return used + 1;
+    if (!hasDigits && powerOfTen(text, hasExponent != 0, exponent, out))
+        return 0;
+    char *end = nullptr;
+    double value;
+    bool outOfRange;
+    {
+        const ScopedCLocale locale;
+        errno = 0;
+        value = locale.read(text, &end);
+        outOfRange = errno == ERANGE;
+    }
+    if (*end) {
+        // An unfinished exponent or point at the very end is forgiven.
+        if (!std::strchr("+-.Ee", end[std::strlen(end) - 1]))
+            return static_cast<int32_t>(end - text) + 1;
+    } else if (outOfRange || std::isinf(value)) {
+        return -1;
+    }
+    *out = value;
+    return 0;
+}
+
+double num_LeadingDouble(const char *text) {
+    if (!text)
+        return 0.0;
+    const ScopedCLocale locale;
+    char *end;
+    return locale.read(text, &end);
+}
+
+int32_t num_LeadingInt(const char *text) {
+    return text ? static_cast<int32_t>(std::strtol(text, nullptr, 10)) : 0;
+}
+
+void num_FormatDouble(char *out, size_t size, const char *format, double value) {
+    const ScopedCLocale locale;
+    std::snprintf(out, size, format, value);
+}

@@ -1,0 +1,74 @@
+// What counts as a number, as no value, and as equal.
+#ifndef UOM_SUPPORT_NUMBERS_H
+#define UOM_SUPPORT_NUMBERS_H
+
+#include <cstddef>
+#include <cstdint>
+
+// Set by num_InitConstants, which runs at load and at each start-up; nothing compares before it has run.
+extern double numNullDouble;      // -1.5e35, the value that stands for no value
+extern double numNullDoubleLimit; // -1e35, anything below is a null value
+extern float numNullFloat;
+extern float numNullFloatLimit;
+extern int32_t numNullInt;
+extern uint32_t numNullUnsigned;
+extern double numZeroLimit;   // magnitudes below count as zero
+extern double numRelativeTol; // relative tolerance of equality
+extern float numZeroLimitF;
+extern float numRelativeTolF;
+
+void num_InitConstants();
+
+bool num_IsNull(double value);
+
+// Equality relative to the first argument: not symmetric near its limits, so the order of arguments counts.
+bool num_Equal(double a, double b);
+bool num_EqualTol(double a, double b, double tolerance);
+bool num_EqualF(float a, float b);
+bool num_EqualTolF(float a, float b, float tolerance);
+
+// x multiplied by itself as often as the magnitude of n says, left to right; the sign of n is ignored.
+double num_PowInt(double x, int32_t n);
+
+// 1 for an empty text, a lone sign, and digits with an optional sign that fit 32 bits; else 0.
+int32_t num_IsIntegerText(const char *text);
+
+// Scans a whole text as a number: 1, or 0 with `used` at the position of the bad character. The mantissa's
+// digits are not required. An exponent too large for its output is held at the output's bound.
+int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent,
+                       int32_t *used);
+
+// 0 with the number stored, the 1-based position of the first bad character, or -1 for null arguments and
+// numbers out of range.
+int32_t num_TextToDouble(const char *text, double *out);
+
+// The leading number of a text as atof and atoi read it, in the "C" locale whatever the host has set; 0
+// without one.
+double num_LeadingDouble(const char *text);
+int32_t num_LeadingInt(const char *text);
+
+// Formats one double with a printf format ("%.6g") in the "C" locale.
+#if defined(__GNUC__)
+__attribute__((format(printf, 3, 0)))
+#endif
+void num_FormatDouble(char *out, size_t size, const char *format, double value);
+
+// The low 32 bits of a product and a sum: exponents come from texts and may be anything.
+inline int32_t num_Multiply(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(static_cast<int64_t>(a) * b));
+}
+inline int32_t num_Add(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+
+// The same number, a NaN equal to itself: a repeated step that changes nothing changes nothing for ever.
+inline bool num_Same(double a, double b) {
+    return a == b || (a != a && b != b);
+}
+
+// The magnitude, also of the smallest integer.
+inline int64_t num_Magnitude(int32_t n) {
+    return n < 0 ? -static_cast<int64_t>(n) : n;
+}
+
+#endif

@@ -1,0 +1,155 @@
+#include "support/text.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+static bool isBadSize(const char *out, size_t size) {
+    return !out || size == 0 || size > 0x7FFFFFFF;
+}
+
+int32_t str_CopyBounded(char *out, size_t size, std::string_view source) {
+    if (isBadSize(out, size)) {
+        if (out && size != 0)
+            *out = '\0';
+        return 1;
+    }
+    const size_t length = source.size() < size ? source.size() : size - 1;
+    if (length > 0)
+        std::memmove(out, source.data(), length);
+    out[length] = '\0';
+    return 0;
+}
+
+int32_t str_CopyBounded(char *out, size_t size, const char *source) {
+    return str_CopyBounded(out, size, source ? std::string_view(source) : std::string_view());
+}
+
+int32_t str_AppendBounded(char *out, size_t size, const char *source) {
+    if (isBadSize(out, size)) {
+        if (out && size != 0)
+            *out = '\0';
+        return 1;
+    }
+    const void *end = std::memchr(out, '\0', size);
+    if (!end)
+        return 1;
+    const size_t used = static_cast<size_t>(static_cast<const char *>(end) - out);
+    return str_CopyBounded(out + used, size - used, source);
+}
+
+int32_t str_FormatBounded(char *out, size_t size, const char *format, ...) {
+    if (isBadSize(out, size)) {
+        if (out && size != 0)
+            *out = '\0';
+        return 1;
+    }
+    va_list arguments;
+    va_start(arguments, format);
+    const int written = std::vsnprintf(out, size, format, arguments);
+    va_end(arguments);
+    if (written < 0)
+        *out = '\0';
+    return 0;
+}
+
+TextWriter::TextWriter(char *buffer, size_t bufferSize) : out(buffer), size(bufferSize) {
+    str_CopyBounded(out, size, std::string_view());
+}
+
+void str_Write(TextWriter &writer, std::string_view piece) {
+    if (writer.wanted + 1 < writer.size)
+        str_CopyBounded(writer.out + writer.wanted, writer.size - writer.wanted, piece);
+    writer.wanted += piece.size();
+}
+
+void str_Write(TextWriter &writer, char c) {
+    str_Write(writer, std::string_view(&c, 1));
+}
+
+char *str_TrimRight(char *text) {
+    if (!text)
+        return text;
+    for (size_t length = std::strlen(text); length > 0; --length) {
+        char &last = text[length - 1];
+        if (last != ' ' && last != '\t' && last != '\n')
+            break;
+        last = '\0';
+    }
+    return text;
+}
+
+char *str_TrimLeft(char *text) {
+    if (!text)
+        return text;
+    const size_t blanks = std::strspn(text, " \t");
+    if (blanks > 0)
+        std::memmove(text, text + blanks, std::strlen(text + blanks) + 1);
+    return text;
+}
+
+char *str_NextToken(char *text, const char *delimiters) {
+    if (!text || !*text || !delimiters || !*delimiters)
+        return nullptr;
+    char *token = text + std::strspn(text, delimiters);
+    if (!*token)
+        return nullptr;
+    const char quote[2] = {*token, '\0'};
+    const bool quoted = *token == '\'' || *token == '"';
+    if (quoted)
+        *token++ = '\0';
+    char *end = token + std::strcspn(token, quoted ? quote : delimiters);
+    *end = '\0';
+    return token;
+}
+
+char str_Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+char str_Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
+bool str_IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool str_IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool str_IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool str_EqualNoCase(const char *a, const char *b) {
+    if (!a || !b)
+        return false;
+    for (; str_Lower(*a) == str_Lower(*b); ++a, ++b)
+        if (!*a)
+            return true;
+    return false;
+}
+
+bool str_EqualNoCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && str_StartsNoCase(a, b);
+}
+
+bool str_StartsNoCase(std::string_view text, std::string_view head) {
+    if (text.size() < head.size())
+        return false;
+    for (size_t i = 0; i < head.size(); ++i)
+        if (str_Lower(text[i]) != str_Lower(head[i]))
+            return false;
+    return true;
+}
+
+size_t str_RemoveBlanks(char *out, size_t size, std::string_view source) {
+    size_t length = 0;
+    for (const char c : source)
+        if (c != ' ' && length + 1 < size)
+            out[length++] = c;
+    out[length] = '\0';
+    return length;
+}

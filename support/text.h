@@ -1,0 +1,82 @@
+// Bounded writing, blank trimming, tokens, and comparisons that ignore the case of ASCII letters.
+//
+// Nothing here looks at the host's locale. A destination size of 0 or above 0x7FFFFFFF is invalid: nothing is
+// written but, where the size is not 0, an empty text.
+#ifndef UOM_SUPPORT_TEXT_H
+#define UOM_SUPPORT_TEXT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+// Copies at most size - 1 characters and always terminates; null source copies as empty. 0, or 1 for a bad
+// destination. Truncation is no error.
+int32_t str_CopyBounded(char *out, size_t size, const char *source);
+int32_t str_CopyBounded(char *out, size_t size, std::string_view source);
+
+// Copies behind what the destination holds. 1, and nothing changed, when it holds no terminator within size.
+int32_t str_AppendBounded(char *out, size_t size, const char *source);
+
+// printf into the destination; truncates and always terminates.
+#if defined(__GNUC__)
+__attribute__((format(printf, 3, 4)))
+#endif
+int32_t
+str_FormatBounded(char *out, size_t size, const char *format, ...);
+
+// A text in the making: pieces are appended as far as they fit, and `wanted` counts all of them.
+struct TextWriter {
+    char *out;
+    size_t size;
+    size_t wanted = 0;
+    TextWriter(char *buffer, size_t bufferSize); // empties the buffer
+};
+void str_Write(TextWriter &writer, std::string_view piece);
+void str_Write(TextWriter &writer, char c);
+
+// Cuts trailing blanks, tabs and line feeds (not carriage returns) in place.
+char *str_TrimRight(char *text);
+
+// Moves the text down over leading blanks and tabs.
+char *str_TrimLeft(char *text);
+
+// Cuts one token from a writable text: null when there is none. A token may stand in single or double quotes,
+// which are not part of it; its end mark is overwritten by a terminator.
+char *str_NextToken(char *text, const char *delimiters);
+
+// The text behind a token that str_NextToken cut from a text ending at `end`: the place where to look for the
+// next.
+inline char *str_BehindToken(char *token, size_t length, char *end) {
+    return token + length < end ? token + length + 1 : end;
+}
+
+char str_Lower(char c);
+char str_Upper(char c);
+bool str_IsLetter(char c);
+bool str_IsDigit(char c);
+bool str_IsSpace(char c);
+
+// A null text equals nothing.
+bool str_EqualNoCase(const char *a, const char *b);
+bool str_EqualNoCase(std::string_view a, std::string_view b);
+bool str_StartsNoCase(std::string_view text, std::string_view head);
+
+inline bool str_IsEmpty(const char *text) {
+    return !text || !*text;
+}
+
+// Copies the text without its blanks; returns the length of the result.
+size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
+
+// The view behind `count` characters, empty past the end.
+inline std::string_view str_Behind(std::string_view text, size_t count) {
+    text.remove_prefix(count < text.size() ? count : text.size());
+    return text;
+}
+
+// The first `count` characters.
+inline std::string_view str_Head(std::string_view text, size_t count) {
+    return std::string_view(text.data(), count < text.size() ? count : text.size());
+}
+
+#endif
