@@ -1,0 +1,43 @@
+// Look-ups in the class table. Numbers here are always rows of the table, never the older numbering.
+#ifndef UOM_CATALOGUE_CLASS_TABLE_H
+#define UOM_CATALOGUE_CLASS_TABLE_H
+
+#include "catalogue/class_rows.h"
+#include "support/table.h"
+
+enum TextStyle : int32_t {
+    STYLE_DEFAULT = 0,
+    STYLE_TOKEN = 1,
+    STYLE_KEYWORD = 2,
+    STYLE_TOKEN_SUPER = 3,
+    STYLE_TOKEN_UPPER = 4,
+    STYLE_LONG_NAME = 5,
+    STYLE_HTML = 6
+};
+
+// A class number in range: at least 1 and below the count of classes.
+bool class_IsValid(int32_t classId);
+
+// The row of a class, row 0 included; null past the end and while the library is not started.
+UomClassRow *class_Row(int32_t classId);
+
+// The row of a valid class, else null.
+UomClassRow *class_ValidRow(int32_t classId);
+
+// The number of the class that a text names, 0 when there is none. Style 2 looks at keywords, any other at
+// tokens and then at long names.
+int32_t class_Find(const char *text, int32_t style);
+
+// Whether the class is expanded into components: its first or second slot is used.
+bool class_IsComposite(const UomClassRow &row);
+
+// Whether a chain of the class holds a Basis node.
+bool uom_ClassHasBasis(int32_t classId);
+
+// The token of a valid class, else the empty text.
+const char *class_Token(int32_t classId);
+
+// The list of units that the class recognises: its choices, else its list, else null. Takes any number.
+const int32_t *uom_GetClassUnits(int32_t classId);
+
+#endif

@@ -1,0 +1,350 @@
+// The data file in one pass of two stages: options and units first, then sections that name units by token.
+//
+// The second stage is a state machine whose keywords, with the states that allow them, stand in one table.
+// Lines that name what does not exist are passed over in silence; only a keyword in a wrong place fails.
+#include "catalogue/data_file.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/data_lines.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "slates/custom_classes.h"
+#include "slates/definition_text.h"
+#include "slates/lists.h"
+#include "support/memory.h"
+#include "support/numbers.h"
+#include "support/text.h"
+
+namespace {
+
+enum ReadStatus : int32_t {
+    READ_DONE = 0,
+    READ_CANNOT_OPEN = 1,
+    READ_BAD_STRUCTURE = 2,
+    READ_NO_MEMORY = 11
+};
+
+enum SectionState {
+    BETWEEN_SECTIONS,
+    IN_CLASS_LIST,
+    SELECT_LIST_NAME,
+    IN_SELECT_LIST,
+    IN_COMMON_LIST,
+    SLATE_NAME,
+    IN_SLATE
+};
+
+const char *const applicationListNames[APPLICATION_LISTS] = {
+    "OXTimeList",        "OXRateMassList",       "OXRateMoleList",      "OXRateLiqVolList",
+    "OXRateVapVolList",  "OXDensMassList",       "OXDensLiqVolList",    "OXDensMoleList",
+    "OXDensVapVolList",  "OXEnthalpyEnergyList", "OXEnthalpyMassList",  "OXEnthalpyMoleList",
+    "DensPetroMassList", "OXLengthList",         "OXHeatCapList",       "KSBasisList",
+    "OXBasisList",       "OXCakeresMassList",    "OXCakeresLengthList",
+};
+
+struct FileOption {
+    const char *word;
+    int32_t *flag;
+    int32_t value;
+};
+const FileOption fileOptions[] = {
+    {"kesta", &uomModeKesta, 1},   {"vel2go", &uomModeVel2go, 1},  {"orbex", &uomModeOrbex, 1},
+    {"mole", &uomMoleQuantity, 1}, {"molar", &uomMoleQuantity, 0}, {"uommult", &uomAllowMult, 1},
+    {"qx71", &uomModeQx71, 1},
+};
+
+struct WellKnownUnit {
+    int32_t *unit;
+    const char *token;
+    const char *second; // looked up when the first is absent
+};
+const WellKnownUnit wellKnownUnits[] = {
+    {&UOM_BASMOLE, "Mole", nullptr},          {&UOM_BASMASS, "Mass", nullptr},
+    {&UOM_BASMOLAR, "Molar", nullptr},        {&UOM_BASACTV, "Vol", "Volume"},
+    {&UOM_BASLIQV, "Liq. Vol.", "StdLiqVol"}, {&UOM_BASVAPV, "Vap. Vol.", "StdVapVol"},
+#define WELL_KNOWN(variable, token) {&(variable), token, nullptr},
+#include "catalogue/well_known_units.def"
+#undef WELL_KNOWN
+};
+
+// The reader in the middle of a file. What a section has open is freed with it: a file may end inside a
+// section.
+struct Reader {
+    const char *path;
+    DataLines lines = {};
+    bool inUnitList = false;
+    SectionState state = BETWEEN_SECTIONS;
+    char *name = nullptr;         // of the open select list or slate
+    UomTable *table = nullptr;    // texts of the open list or slate
+    int32_t applicationList = -1; // the open select list is this one of the application's
+
+    explicit Reader(const char *filePath) : path(filePath) { lines.delimiters = DATA_DELIMITERS; }
+    ~Reader() {
+        closeSection();
+        if (lines.file)
+            std::fclose(lines.file);
+    }
+    Reader(const Reader &) = delete;
+    Reader &operator=(const Reader &) = delete;
+
+    void closeSection() {
+        tbl_Free(table);
+        table = nullptr;
+        mem_Free(name);
+        name = nullptr;
+        applicationList = -1;
+    }
+};
+
+int32_t statusOf(bool done) {
+    return done ? READ_DONE : READ_NO_MEMORY;
+}
+
+// --- first stage
+
+void readOption(Reader &reader) {
+    const char *word = data_NextToken(reader.lines);
+    for (const FileOption &option : fileOptions)
+        if (str_EqualNoCase(word, option.word) && *option.flag < 0)
+            *option.flag = option.value;
+}
+
+void freeUnit(UomUnit *unit) {
+    mem_Free(unit->token);
+    mem_Free(unit->keyword);
+    mem_Free(unit->description);
+    mem_Free(unit);
+}
+
+int32_t readUnit(Reader &reader) {
+    UomUnit *unit = mem_New<UomUnit>();
+    if (!unit)
+        return READ_NO_MEMORY;
+    unit->index = static_cast<int32_t>(tbl_Count(uomUnitTable));
+    const bool copied = mem_DupText(&unit->token, reader.lines.first) == 0 &&
+                        mem_DupText(&unit->keyword, data_NextToken(reader.lines)) == 0 &&
+                        mem_DupText(&unit->description, data_NextToken(reader.lines)) == 0;
+    unit->multiplierStyle = num_LeadingInt(data_NextToken(reader.lines));
+    unit->offset = num_LeadingDouble(data_NextToken(reader.lines));
+    unit->factor = num_LeadingDouble(data_NextToken(reader.lines));
+    if (copied && tbl_PutRecord(uomUnitTable, TABLE_APPEND, unit))
+        return READ_DONE;
+    freeUnit(unit);
+    return READ_NO_MEMORY;
+}
+
+void resolveWellKnownUnits() {
+    for (const WellKnownUnit &known : wellKnownUnits) {
+        *known.unit = unit_FindToken(known.token);
+        if (*known.unit <= UOM_NULL && known.second)
+            *known.unit = unit_FindToken(known.second);
+    }
+}
+
+// Reads options and units; `ended` tells whether the end mark, and not the end of the file, ended the list.
+int32_t readUnitStage(Reader &reader, bool *ended) {
+    *ended = false;
+    while (!*ended && data_NextLine(reader.lines)) {
+        const std::string_view first(reader.lines.first);
+        int32_t status = READ_DONE;
+        if (first == "ENDUOMLIST")
+            *ended = true;
+        else if (first == "UOMOPTION")
+            readOption(reader);
+        else if (first == "BEGINUOMLIST")
+            reader.inUnitList = true;
+        else if (reader.inUnitList)
+            status = readUnit(reader);
+        if (status != READ_DONE)
+            return status;
+    }
+    UOM_NULL = 0;
+    uomUnitCount = static_cast<int32_t>(tbl_Count(uomUnitTable));
+    unit_IndexTokens();
+    resolveWellKnownUnits();
+    return READ_DONE;
+}
+
+// --- second stage: what the lines of a section do
+
+// Makes the custom class of the line; a refused one leaves its message and is passed over.
+int32_t readClassLine(Reader &reader) {
+    const char *name = reader.lines.first;
+    const char *definition = data_NextToken(reader.lines);
+    const char *longName = data_NextToken(reader.lines);
+    if (uoms_NewClass(name, definition) == READ_NO_MEMORY)
+        return READ_NO_MEMORY;
+    if (str_IsEmpty(longName))
+        return READ_DONE;
+    const int32_t classId = class_Find(name, defaultScanClassStyle);
+    UomClassRow *row = classId >= STATIC_CLASSES ? class_Row(classId) : nullptr;
+    return row && mem_ReplaceText(&row->name, longName) != 0 ? READ_NO_MEMORY : READ_DONE;
+}
+
+int32_t applicationListOf(std::string_view name) {
+    for (int32_t i = 0; i < APPLICATION_LISTS; ++i)
+        if (name == applicationListNames[i])
+            return i;
+    return -1;
+}
+
+int32_t readSelectListName(Reader &reader) {
+    reader.state = IN_SELECT_LIST;
+    reader.applicationList = applicationListOf(reader.lines.first);
+    UomTable *table = tbl_Create(0, TABLE_TEXT);
+    if (reader.applicationList < 0) {
+        reader.table = table;
+    } else {
+        tbl_Free(uomListTables[reader.applicationList]);
+        uomListTables[reader.applicationList] = table;
+    }
+    return statusOf(table && mem_DupText(&reader.name, reader.lines.first) == 0);
+}
+
+int32_t readListItem(Reader &reader) {
+    UomTable *table = reader.applicationList < 0 ? reader.table : uomListTables[reader.applicationList];
+    return statusOf(tbl_PutText(table, TABLE_APPEND, reader.lines.first) != 0);
+}
+
+int32_t readSlateName(Reader &reader) {
+    reader.state = IN_SLATE;
+    const char *name = reader.lines.first;
+    char heading[64];
+    str_FormatBounded(heading, sizeof heading, "[%s]", name);
+    reader.table = tbl_Create(0, TABLE_TEXT);
+    const bool opened =
+        mem_DupText(&reader.name, name) == 0 && tbl_PutText(reader.table, TABLE_APPEND, heading);
+    return statusOf(opened && (uom_GetSetType(name) >= 1 || uoms_NewSet(name) >= 0));
+}
+
+int32_t readSlateLine(Reader &reader) {
+    return statusOf(tbl_PutText(reader.table, TABLE_APPEND, reader.lines.raw) != 0);
+}
+
+int32_t readPlainLine(Reader &reader) {
+    switch (reader.state) {
+    case IN_CLASS_LIST:
+        return readClassLine(reader);
+    case SELECT_LIST_NAME:
+        return readSelectListName(reader);
+    case IN_SELECT_LIST:
+    case IN_COMMON_LIST:
+        return readListItem(reader);
+    case SLATE_NAME:
+        return readSlateName(reader);
+    case IN_SLATE:
+        return readSlateLine(reader);
+    case BETWEEN_SECTIONS:
+        break;
+    }
+    return READ_DONE;
+}
+
+// --- second stage: what the keywords do
+
+int32_t endSelectList(Reader &reader) {
+    int32_t status = READ_DONE;
+    if (reader.applicationList < 0)
+        status = uoms_SetClassList(reader.name, reader.table);
+    reader.closeSection();
+    return status == READ_NO_MEMORY ? status : READ_DONE;
+}
+
+int32_t beginCommonList(Reader &reader) {
+    reader.table = tbl_Create(0, TABLE_TEXT);
+    return statusOf(reader.table != nullptr);
+}
+
+int32_t endCommonList(Reader &reader) {
+    if (!uomExtraTables)
+        uomExtraTables = tbl_Create(0, TABLE_UINT64);
+    if (!tbl_PutRecord(uomExtraTables, TABLE_APPEND, reader.table))
+        return READ_NO_MEMORY;
+    reader.table = nullptr;
+    return READ_DONE;
+}
+
+// The lines take effect in file order when the slate ends; an error in one does not stop the next.
+int32_t endSlate(Reader &reader) {
+    int32_t status = READ_DONE;
+    for (uint32_t i = 1; i < tbl_Count(reader.table) && status != READ_NO_MEMORY; ++i)
+        status = definition_ApplyLine(reader.name, tbl_GetText(reader.table, i));
+    reader.closeSection();
+    return status == READ_NO_MEMORY ? status : READ_DONE;
+}
+
+struct SectionKeyword {
+    const char *word;
+    SectionState allowedIn;
+    SectionState next;
+    const char *delimiters; // for the first tokens from here on; null leaves them
+    int32_t (*act)(Reader &reader);
+};
+const SectionKeyword sectionKeywords[] = {
+    {"BEGINCLASSLIST", BETWEEN_SECTIONS, IN_CLASS_LIST, DATA_KEY_DELIMITERS, nullptr},
+    {"ENDCLASSLIST", IN_CLASS_LIST, BETWEEN_SECTIONS, DATA_DELIMITERS, nullptr},
+    {"BEGINLIST", BETWEEN_SECTIONS, SELECT_LIST_NAME, nullptr, nullptr},
+    {"ENDLIST", IN_SELECT_LIST, BETWEEN_SECTIONS, nullptr, endSelectList},
+    {"ENDSELECTLISTS", BETWEEN_SECTIONS, BETWEEN_SECTIONS, nullptr, nullptr},
+    {"BEGINCOMMONLIST", BETWEEN_SECTIONS, IN_COMMON_LIST, nullptr, beginCommonList},
+    {"ENDCOMMONLIST", IN_COMMON_LIST, BETWEEN_SECTIONS, nullptr, endCommonList},
+    {"BEGINSLATE", BETWEEN_SECTIONS, SLATE_NAME, DATA_KEY_DELIMITERS, nullptr},
+    {"ENDSLATE", IN_SLATE, BETWEEN_SECTIONS, DATA_DELIMITERS, endSlate},
+};
+
+const SectionKeyword *findKeyword(const char *word) {
+    for (const SectionKeyword &keyword : sectionKeywords)
+        if (std::strcmp(word, keyword.word) == 0)
+            return &keyword;
+    return nullptr;
+}
+
+int32_t readKeyword(Reader &reader, const SectionKeyword &keyword) {
+    if (reader.state != keyword.allowedIn) {
+        error_Set("UOM File \"%s\", Error on line %d, \"%s\" not expected.", reader.path, reader.lines.number,
+                  keyword.word);
+        return READ_BAD_STRUCTURE;
+    }
+    reader.state = keyword.next;
+    if (keyword.delimiters)
+        reader.lines.delimiters = keyword.delimiters;
+    return keyword.act ? keyword.act(reader) : READ_DONE;
+}
+
+int32_t readSectionStage(Reader &reader) {
+    while (data_NextLine(reader.lines)) {
+        if (!*reader.lines.first)
+            continue;
+        const SectionKeyword *keyword = findKeyword(reader.lines.first);
+        const int32_t status = keyword ? readKeyword(reader, *keyword) : readPlainLine(reader);
+        if (status != READ_DONE)
+            return status;
+    }
+    return READ_DONE;
+}
+
+int32_t readStages(Reader &reader) {
+    bool ended;
+    int32_t status = readUnitStage(reader, &ended);
+    if (status == READ_DONE && ended)
+        status = readSectionStage(reader);
+    if (status == READ_NO_MEMORY)
+        error_Set("Unable to read the Unit of Measure data file \"%s\": memory is exhausted.", reader.path);
+    return status;
+}
+
+} // namespace
+
+int32_t uom_ReadDataFile(const char *path) {
+    Reader reader(path);
+    reader.lines.file = std::fopen(path, "r");
+    const int32_t status = reader.lines.file ? readStages(reader) : READ_CANNOT_OPEN;
+    // A directory opens, but does not read.
+    const bool broken = !reader.lines.file || std::ferror(reader.lines.file);
+    if (!broken)
+        return status;
+    error_Set("Unable to open the Unit of Measure data file \"%s\".", path);
+    return READ_CANNOT_OPEN;
+}

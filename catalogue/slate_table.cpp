@@ -1,0 +1,65 @@
+#include "catalogue/slate_table.h"
+
+#include "catalogue/state.h"
+#include "support/table.h"
+#include "support/text.h"
+
+bool slate_IsValid(int32_t slate) {
+    return slate > UOM_SET_NULL && slate < UOM_SET_MAX;
+}
+
+UomSlate *slate_AnyRecord(int32_t slate) {
+    return tbl_Record<UomSlate>(uomSlateTable, slate);
+}
+
+UomSlate *slate_Record(int32_t slate) {
+    return slate_IsValid(slate) ? slate_AnyRecord(slate) : nullptr;
+}
+
+int32_t uom_GetSetCount() {
+    return static_cast<int32_t>(tbl_Count(uomSlateTable));
+}
+
+int32_t uom_GetSetType(const char *name) {
+    if (!name || UOM_SET_MAX < 1)
+        return -1;
+    const int32_t count = uom_GetSetCount();
+    for (int32_t i = 0; i < count; ++i) {
+        const UomSlate *slate = slate_AnyRecord(i);
+        if (slate && str_EqualNoCase(slate->name, name))
+            return i;
+    }
+    return -1;
+}
+
+int32_t slate_Parent(const UomSlate &slate) {
+    return uom_GetSetType(slate.basedOn);
+}
+
+const UomSlate *slate_FindUpward(int32_t slate, bool (*test)(const UomSlate &)) {
+    // A ring of slates ends the walk once all of them have been asked.
+    for (int32_t steps = 0; steps <= uom_GetSetCount(); ++steps) {
+        const UomSlate *record = slate_Record(slate);
+        if (!record || test(*record))
+            return record;
+        const int32_t parent = slate_Parent(*record);
+        if (parent == slate)
+            return nullptr;
+        slate = parent;
+    }
+    return nullptr;
+}
+
+bool slate_IsOnPath(const SlatePath &path, int32_t slate) {
+    for (int32_t i = 0; i < path.count; ++i)
+        if (path.slates[i] == slate)
+            return true;
+    return false;
+}
+
+bool slate_Visit(SlatePath &path, int32_t slate) {
+    if (path.count == SlatePath::LIMIT || slate_IsOnPath(path, slate))
+        return false;
+    path.slates[path.count++] = slate;
+    return true;
+}

@@ -1,0 +1,39 @@
+// Look-ups in the slate table. A slate's parent is a name, looked up afresh at each step; nothing checks that
+// it exists, and slates may name each other in a ring.
+#ifndef UOM_CATALOGUE_SLATE_TABLE_H
+#define UOM_CATALOGUE_SLATE_TABLE_H
+
+#include "catalogue/records.h"
+
+// A usable slate index: above UOM_SET_NULL and below UOM_SET_MAX.
+bool slate_IsValid(int32_t slate);
+
+// The record of a usable slate, else null.
+UomSlate *slate_Record(int32_t slate);
+
+// The record of any slate, the unnamed one included, null past the ends.
+UomSlate *slate_AnyRecord(int32_t slate);
+
+// The number of records in the table.
+int32_t uom_GetSetCount();
+
+// The slate that this one is based on, -1 when there is none of that name.
+int32_t slate_Parent(const UomSlate &slate);
+
+// The record of the first slate, from this one upward, that passes the test; null when none does up to the
+// root.
+const UomSlate *slate_FindUpward(int32_t slate, bool (*test)(const UomSlate &));
+
+// The slates met on a walk upward.
+struct SlatePath {
+    static constexpr int32_t LIMIT = 50;
+    int32_t slates[LIMIT];
+    int32_t count = 0;
+};
+
+bool slate_IsOnPath(const SlatePath &path, int32_t slate);
+
+// Adds a slate to the path. False when it is there already, or the path is full.
+bool slate_Visit(SlatePath &path, int32_t slate);
+
+#endif

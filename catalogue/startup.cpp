@@ -1,0 +1,343 @@
+// From the load-time state to a catalogue ready for use, and back.
+//
+// Start-up is one fixed sequence: words, constants, class table, null slate, unit table, data file, modes,
+// slate indices, renames by mode, consistency, gauge pressure. The words go before the file, whose options
+// decide only what is still open. Compiled class rows are not restored by clean-up: a later start finds them
+// as the last one left them.
+#include "catalogue/startup.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/data_file.h"
+#include "catalogue/platform.h"
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "slates/custom_classes.h"
+#include "slates/lists.h"
+#include "support/memory.h"
+#include "support/numbers.h"
+#include "support/text.h"
+
+namespace {
+
+enum StartStatus : int32_t {
+    START_DONE = 0,
+    START_BAD_CLASSES = 3,
+    START_BAD_UNITS = 4,
+    START_NO_MEMORY = 11
+};
+
+struct OptionWord {
+    const char *word;
+    int32_t *flag;
+    int32_t value;
+    bool firstWins; // only an undecided flag is set
+};
+const OptionWord optionWords[] = {
+    {"kesta", &uomModeKesta, 1, false},   {"vel2go", &uomModeVel2go, 1, false},
+    {"orbex", &uomModeOrbex, 1, false},   {"allowmult", &uomAllowMult, 1, false},
+    {"qx71", &uomModeQx71, 1, false},     {"mole", &uomMoleQuantity, 1, true},
+    {"molar", &uomMoleQuantity, 0, true},
+};
+
+struct NamedSlate {
+    int32_t *index;
+    const char *name;
+};
+const NamedSlate namedSlates[] = {
+    {&UOM_SET_ENGLISH, "English"},   {&UOM_SET_METRIC, "Metric"},         {&UOM_SET_SI, "SI"},
+    {&UOM_SET_INTERNAL, "Internal"}, {&UOM_SET_OXINTERNAL, "OXInternal"}, {&UOM_SET_CURRENT, "Current"},
+};
+
+bool startsLikeOption(const char *word) {
+    return *word == '-' || *word == '/';
+}
+
+bool applyOptionWord(const char *word) {
+    const char *bare = startsLikeOption(word) ? word + 1 : word;
+    for (const OptionWord &option : optionWords) {
+        if (!str_EqualNoCase(bare, option.word))
+            continue;
+        if (!option.firstWins || *option.flag < 0)
+            *option.flag = option.value;
+        return true;
+    }
+    return false;
+}
+
+bool isOptionWord(const char *word) {
+    const char *bare = startsLikeOption(word) ? word + 1 : word;
+    for (const OptionWord &option : optionWords)
+        if (str_EqualNoCase(bare, option.word))
+            return true;
+    return false;
+}
+
+bool isPathWord(const char *word) {
+    return startsLikeOption(word) && str_Lower(word[1]) == 'f';
+}
+
+// Reads the path options into a buffer of DATA_FILE_SIZE; a later one replaces an earlier one. An "-f"
+// without a word behind it empties the path when `clears`, and leaves it otherwise.
+void readPath(int32_t count, const char *const *words, char *path, bool clears) {
+    for (int32_t i = 0; words && i < count; ++i) {
+        const char *word = words[i];
+        if (!word || isOptionWord(word) || !isPathWord(word))
+            continue;
+        const char *value = word + 2;
+        if (!*value) {
+            if (i + 1 >= count && !clears)
+                continue;
+            value = i + 1 < count ? words[i + 1] : "";
+            ++i;
+        }
+        str_CopyBounded(path, DATA_FILE_SIZE, value);
+    }
+}
+
+void readOptions(int32_t count, const char *const *words) {
+    for (int32_t i = 0; words && i < count; ++i) {
+        const char *word = words[i];
+        if (!word || applyOptionWord(word))
+            continue;
+        // The word behind a bare path option is a path, whatever it looks like.
+        if (isPathWord(word) && !word[2])
+            ++i;
+    }
+}
+
+void resetOptions() {
+    uomModeKesta = uomModeVel2go = uomModeOrbex = -1;
+    uomAllowMult = uomModeQx71 = uomMoleQuantity = -1;
+    defaultScanClassStyle = defaultScanUOMStyle = defaultDisplayStyle = STYLE_TOKEN;
+}
+
+void freeUnitTable() {
+    for (uint32_t i = 0; i < tbl_Count(uomUnitTable); ++i) {
+        UomUnit *unit = tbl_Record<UomUnit>(uomUnitTable, i);
+        if (!unit)
+            continue;
+        mem_Free(unit->token);
+        mem_Free(unit->keyword);
+        mem_Free(unit->description);
+        mem_Free(unit);
+    }
+    tbl_Free(uomUnitTable);
+    uomUnitTable = nullptr;
+    unit_DropIndex();
+}
+
+void freeCustomRows() {
+    for (uint32_t i = STATIC_CLASSES; i < tbl_Count(uomClassTable); ++i)
+        class_FreeRow(class_Row(static_cast<int32_t>(i)));
+}
+
+// A failed start left its tables; the class and unit tables are made anew and would be lost.
+void freeFailedStart() {
+    freeCustomRows();
+    tbl_Free(uomClassTable);
+    uomClassTable = nullptr;
+    freeUnitTable();
+}
+
+bool enterClassRows() {
+    uomClassTable = tbl_Create(STATIC_CLASSES, TABLE_INT64);
+    uomClassCount = 0;
+    for (uint32_t i = 0; uomClassTable && i < STATIC_CLASSES; ++i) {
+        tbl_PutRecord(uomClassTable, i, &uomStaticRows[i]);
+        ++uomClassCount;
+    }
+    return uomClassTable != nullptr;
+}
+
+void setModes(int32_t orbex, int32_t kesta, int32_t vel2go, int32_t allowMult) {
+    uomModeOrbex = orbex;
+    uomModeKesta = kesta;
+    uomModeVel2go = vel2go;
+    if (uomAllowMult < 0)
+        uomAllowMult = allowMult;
+}
+
+void settleModes() {
+    if (uomModeOrbex > 0)
+        setModes(uomModeOrbex, 0, 0, 0);
+    else if (uomModeKesta > 0)
+        setModes(0, uomModeKesta, 0, 1);
+    else if (uomModeVel2go > 0)
+        setModes(0, 0, uomModeVel2go, 1);
+    else
+        setModes(1, 0, 0, 0);
+    if (uomMoleQuantity < 0)
+        uomMoleQuantity = 1;
+    if (uomModeQx71 < 0)
+        uomModeQx71 = 0;
+}
+
+void findNamedSlates() {
+    for (const NamedSlate &slate : namedSlates)
+        *slate.index = uom_GetSetType(slate.name);
+    UOM_SET_MAX = uom_GetSetCount();
+}
+
+// A unit's new texts; null leaves one as it is.
+struct UnitRename {
+    const int32_t *unit;
+    const char *token;
+    const char *description;
+};
+const UnitRename simulatorRenames[] = {
+    {&UOM_BASLIQV, nullptr, "Standard Liquid Volume"},
+    {&UOM_BASVAPV, nullptr, "Standard Vapor Volume"},
+};
+const UnitRename orbexRenames[] = {
+    {&UOM_BASLIQV, "Liq. Vol.", "Liquid Volume"},
+    {&UOM_BASVAPV, "Vap. Vol.", "Vapor Volume"},
+    {&UOM_U_TON, "tons", nullptr},
+};
+
+bool renameUnit(const UnitRename &rename) {
+    UomUnit *unit = unit_Record(*rename.unit);
+    if (!unit)
+        return true;
+    if (rename.token && mem_ReplaceText(&unit->token, rename.token) != 0)
+        return false;
+    return !rename.description || mem_ReplaceText(&unit->description, rename.description) == 0;
+}
+
+// The Basis list is resolved before the units are renamed: it names them as the file does.
+bool renameByMode() {
+    const bool simulator = uomModeKesta != 0 || uomModeVel2go != 0;
+    if (!simulator && uomModeOrbex == 0)
+        return true;
+    const ApplicationList basisList = simulator ? LIST_KS_BASIS : LIST_OX_BASIS;
+    bool done = uoms_SetClassList("Basis", uomListTables[basisList]) != START_NO_MEMORY;
+    if (simulator) {
+        for (const UnitRename &rename : simulatorRenames)
+            done = done && renameUnit(rename);
+        uomStaticRows[CLASS_VAP_VOL].altToken = "VapVol";
+    } else {
+        for (const UnitRename &rename : orbexRenames)
+            done = done && renameUnit(rename);
+    }
+    uomStaticRows[CLASS_LIQ_VOL].altToken = "Vol";
+    unit_IndexTokens();
+    return done;
+}
+
+// Moles in place of Molar; a compiled row keeps it, so a later start with "molar" finds Mole there too.
+void countQuantitiesInMoles() {
+    if (uomMoleQuantity == 0)
+        return;
+    uomStaticRows[CLASS_QUANTITY].baseClass[1] = CLASS_MOLE;
+    uomStaticRows[CLASS_RATE].baseClass[1] = CLASS_MOLE;
+}
+
+int32_t noMemory() {
+    error_Set("UOM Initialization: memory is exhausted.");
+    return START_NO_MEMORY;
+}
+
+void freeLists(UomClassRow *row) {
+    if (row->uomChoices != row->uomList)
+        mem_Free(row->uomChoices);
+    mem_Free(row->uomList);
+    row->uomChoices = row->uomList = nullptr;
+}
+
+} // namespace
+
+int32_t startup_CheckTables() {
+    int32_t status = START_DONE;
+    for (int32_t i = 0; i < STATIC_CLASSES; ++i) {
+        if (uomStaticRows[i].index == i)
+            continue;
+        error_Set("UOM Initialization: UOM Class table is inconsistent");
+        status = START_BAD_CLASSES;
+        break;
+    }
+    for (int32_t i = 0; i < uomUnitCount; ++i) {
+        const UomUnit *unit = tbl_Record<UomUnit>(uomUnitTable, i);
+        if (unit && unit->index == i)
+            continue;
+        error_Set("UOM Initialization: UOM Unit table is inconsistent");
+        return START_BAD_UNITS;
+    }
+    return status;
+}
+
+int32_t uom_Init(void) {
+    char path[260];
+    platform_FindDataFile(path, sizeof path);
+    const char *const words[] = {"-f", path};
+    return uom_Init2(2, words);
+}
+
+int32_t uom_Init2(int32_t count, const char *const *words) {
+    if (uomInitDone == 1)
+        return START_DONE;
+    freeFailedStart();
+    resetOptions();
+    readOptions(count, words);
+    readPath(count, words, uomDataFile, true);
+    num_InitConstants();
+    if (!enterClassRows())
+        return noMemory();
+    UOM_SET_NULL = uoms_NewSet("");
+    uomUnitTable = tbl_Create(0, TABLE_UINT64);
+    if (UOM_SET_NULL < 0 || !uomUnitTable) {
+        UOM_SET_NULL = 0;
+        return noMemory();
+    }
+    const int32_t read = uom_ReadDataFile(uomDataFile);
+    if (read != START_DONE)
+        return read;
+    settleModes();
+    findNamedSlates();
+    if (!renameByMode())
+        return noMemory();
+    countQuantitiesInMoles();
+    const int32_t status = startup_CheckTables();
+    uom_SetGaugePressureBasis(UOM_SET_CURRENT);
+    uomInitDone = 1;
+    return status;
+}
+
+int32_t uom_Init3(int32_t count, const char *const *words) {
+    if (uomInitDone == 1) {
+        char path[DATA_FILE_SIZE] = "";
+        readPath(count, words, path, false);
+        if (!*path || str_EqualNoCase(path, uomDataFile))
+            return START_DONE;
+        uom_Cleanup();
+    }
+    return uom_Init2(count, words);
+}
+
+void uom_Cleanup(void) {
+    if (uomInitDone == 0)
+        return;
+    uomInitDone = 0;
+    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i)
+        tbl_Free(tbl_Record<UomTable>(uomExtraTables, i));
+    tbl_Free(uomExtraTables);
+    uomExtraTables = nullptr;
+    freeUnitTable();
+    for (int32_t slate = uom_GetSetCount() - 1; slate >= 0; --slate)
+        uom_DeleteSet(slate);
+    tbl_Free(uomSlateTable);
+    uomSlateTable = nullptr;
+    for (int32_t i = 1; i < uomClassCount; ++i)
+        if (UomClassRow *row = class_Row(i))
+            freeLists(row);
+    freeCustomRows();
+    tbl_Free(uomClassTable);
+    uomClassTable = nullptr;
+    for (UomTable *&list : uomListTables) {
+        tbl_Free(list);
+        list = nullptr;
+    }
+    uomModeKesta = uomModeOrbex = uomModeVel2go = -1;
+    uomAllowMult = uomModeQx71 = -1;
+}

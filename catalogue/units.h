@@ -1,0 +1,43 @@
+// Look-ups in the unit table.
+#ifndef UOM_CATALOGUE_UNITS_H
+#define UOM_CATALOGUE_UNITS_H
+
+#include <cstddef>
+#include <string_view>
+
+#include "catalogue/records.h"
+
+// A unit index above UOM_NULL and below the count of units.
+bool unit_IsValid(int32_t unit);
+
+// The record of a valid unit, else null.
+UomUnit *unit_Record(int32_t unit);
+
+// The token of a valid unit, else the empty text.
+const char *unit_Token(int32_t unit);
+
+// The first unit of the table with this token, whatever its class; UOM_NULL when there is none.
+int32_t unit_FindToken(std::string_view token);
+
+// The first unit whose token is the two texts joined, at most 127 characters.
+int32_t unit_FindJoined(std::string_view head, std::string_view tail);
+
+// A unit of the class at the head of the text: the one with the longest token (style 2: keyword), the first
+// in the list among equals. `length` is what it takes of the text, shorter than the token when the text
+// leaves out its blanks. UOM_NULL and 0 when there is none.
+int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int32_t *length);
+
+// The fast way of unit_FindToken. Built when the unit list has been read and after each change of a token;
+// without it (or without the memory for it) a look-up walks the table.
+void unit_IndexTokens();
+void unit_DropIndex();
+
+// A new copy of an array of units ended by 0; null for a null or empty one. 0, or 11 when memory is
+// exhausted.
+int32_t unit_CopyList(int32_t **out, const int32_t *units);
+
+// The units that a text table names, in its order, unknown ones left out, as a new array ended by 0; null
+// when none resolves. 0, or 11 when memory is exhausted.
+int32_t unit_ResolveList(int32_t **out, const UomTable *tokens);
+
+#endif
