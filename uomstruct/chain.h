@@ -1,0 +1,58 @@
+// The chain of nodes that holds the unit of one quantity; its operations are declared in uom.h.
+//
+// The nodes of one composite class stand together in the slot order of its row, the first with tag 100. Two
+// chains of one class string have parallel nodes.
+#ifndef UOM_UOMSTRUCT_CHAIN_H
+#define UOM_UOMSTRUCT_CHAIN_H
+
+#include <cstdint>
+
+#include "uom/uom.h"
+
+constexpr int32_t TAG_COMPONENT = 100; // of a composite class's first node; 101 and 102 follow
+
+// Entries of the work arrays of whoever handles the units of a chain.
+constexpr int32_t CHAIN_UNITS = 20;
+
+// A chain that lives as long as the block.
+struct ScopedChain {
+    UomStruct chain;
+    explicit ScopedChain(UomStruct owned) : chain(owned) {}
+    ~ScopedChain() { uom_Free(&chain); }
+    ScopedChain(const ScopedChain &) = delete;
+    ScopedChain &operator=(const ScopedChain &) = delete;
+};
+
+// uom_BuildStruct for those who need the whole chain: false, and a null chain, when memory is exhausted.
+bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const int32_t *exponents,
+                 const int32_t *units);
+
+// A new chain of one class with exponent 1.
+UomStruct chain_OfClass(int32_t classId);
+
+// The node that closes the group which `open` opens, null when it stays open.
+UomStruct chain_MatchingClose(UomStruct open);
+
+// A basis unit and the class that it gives the node behind it.
+struct BasisClass {
+    const int32_t *basis;
+    int32_t classId;
+};
+
+// What a plain mole quantity and a plain volume are counted by: Mole or Molar, and, by the mode, the standard
+// liquid or the actual volume. Moles go before an undecided setting, as they do after it.
+const BasisClass &chain_MoleBasis();
+const BasisClass &chain_VolumeBasis();
+
+// A basis unit to the class of the node behind the Basis node, 0 for any other unit; and back, UOM_NULL for
+// any other class.
+int32_t uom_ClassFromBasis(int32_t basis);
+int32_t uom_BasisFromClass(int32_t classId);
+
+// The volume bases, which share their units.
+bool chain_IsVolumeBasis(int32_t basis);
+
+// Puts a unit into the node, with its multiplier style.
+void chain_SetUnit(UomStruct node, int32_t unit);
+
+#endif

@@ -1,0 +1,97 @@
+#include "uomstruct/related_unit.h"
+
+#include <string_view>
+
+#include "catalogue/class_rows.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "support/text.h"
+
+namespace {
+
+constexpr size_t NAME_LENGTH = 127;
+
+std::string_view nameOf(int32_t unit) {
+    return str_Head(unit_Token(unit), NAME_LENGTH);
+}
+
+// In front of the hyphen of work units there is none in their millions.
+struct Spelling {
+    std::string_view token, inMillions;
+};
+const Spelling spellings[] = {{"g-cm", "gcm"}, {"kg-m", "kgm"}, {"ft-lb", "ftlb"}};
+
+int32_t squared(int32_t unit) {
+    return unit_NamedWith(unit, "2");
+}
+int32_t cubed(int32_t unit) {
+    return unit_NamedWith(unit, "3");
+}
+int32_t rooted(int32_t unit) {
+    return unit_NamedUpToLast(unit, '2');
+}
+int32_t inMoles(int32_t unit) {
+    return unit_NamedWith(unit, "-mol");
+}
+int32_t inMass(int32_t unit) {
+    return unit_NamedUpToFirst(unit, '-');
+}
+
+struct RelatedRule {
+    int32_t fromClass, toClass;
+    int32_t (*rule)(int32_t unit);
+};
+const RelatedRule relatedRules[] = {
+    {CLASS_LENG, CLASS_AREA, squared},
+    {CLASS_LENG, CLASS_LIQ_VOL, cubed},
+    {CLASS_LENG, CLASS_VAP_VOL, cubed},
+    {CLASS_LENG, CLASS_ACT_VOL, cubed},
+    {CLASS_AREA, CLASS_LENG, rooted},
+    {CLASS_MASS, CLASS_MOLE, inMoles},
+    {CLASS_MASS, CLASS_MOLAR, inMoles},
+    {CLASS_MOLE, CLASS_MASS, inMass},
+    {CLASS_MOLAR, CLASS_MASS, inMass},
+    {CLASS_ENERGY, CLASS_E6_ENERGY, unit_NamedInMillions},
+    {CLASS_ENERGY, CLASS_E6_POWER_TOP, unit_NamedInMillions},
+    {CLASS_POWER_TOP, CLASS_E6_ENERGY, unit_NamedInMillions},
+    {CLASS_POWER_TOP, CLASS_E6_POWER_TOP, unit_NamedInMillions},
+};
+
+int32_t named(std::string_view name) {
+    return name.empty() ? UOM_NULL : unit_FindToken(name);
+}
+
+} // namespace
+
+int32_t unit_NamedWith(int32_t unit, const char *suffix) {
+    const std::string_view name = nameOf(unit);
+    return name.empty() ? UOM_NULL : unit_FindJoined(name, suffix);
+}
+
+int32_t unit_NamedUpToFirst(int32_t unit, char mark) {
+    const std::string_view name = nameOf(unit);
+    return named(str_Head(name, name.find(mark)));
+}
+
+int32_t unit_NamedUpToLast(int32_t unit, char mark) {
+    const std::string_view name = nameOf(unit);
+    return named(str_Head(name, name.rfind(mark)));
+}
+
+int32_t unit_NamedInMillions(int32_t unit) {
+    std::string_view name = nameOf(unit);
+    if (name.empty())
+        return UOM_NULL;
+    for (const Spelling &spelling : spellings)
+        if (name == spelling.token)
+            name = spelling.inMillions;
+    return unit_FindJoined("x 10^6 ", name);
+}
+
+int32_t uom_FindRelatedUnit(int32_t fromClass, int32_t unit, int32_t toClass, int32_t *relatedUnit) {
+    *relatedUnit = UOM_NULL;
+    for (const RelatedRule &rule : relatedRules)
+        if (rule.fromClass == fromClass && rule.toClass == toClass)
+            *relatedUnit = rule.rule(unit);
+    return *relatedUnit == UOM_NULL;
+}

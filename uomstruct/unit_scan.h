@@ -1,0 +1,62 @@
+// The pieces of a unit string: a multiplier, a unit, an exponent, a group in parentheses.
+#ifndef UOM_UOMSTRUCT_UNIT_SCAN_H
+#define UOM_UOMSTRUCT_UNIT_SCAN_H
+
+#include <cstdint>
+
+struct UomMultiplierRow {
+    int32_t code;        // the power of ten; -99 ends the table
+    const char *siText;  // in front of "*"
+    const char *apiText; // in front of a unit, a blank between
+    const char *longName;
+};
+extern const UomMultiplierRow uomMultipliers[];
+
+// The row of a code, null when there is none.
+const UomMultiplierRow *multiplier_Find(int32_t code);
+
+enum FillStatus : int32_t {
+    FILL_DONE = 0,
+    FILL_BAD_ARGUMENT = 1,
+    FILL_NO_UNIT = 2,
+    FILL_TOO_SHORT = 3,
+    FILL_TOO_LONG = 4,
+    FILL_BAD_MULTIPLIER = 5,
+    FILL_BAD_EXPONENT = 6,
+    FILL_NEEDS_PARENTHESES = 7,
+    FILL_TOO_DEEP = 8,
+    FILL_NO_MEMORY = 11
+};
+
+// What stands at the head of a text, as a class reads it.
+struct FoundUnit {
+    FillStatus status; // done, no unit or bad multiplier
+    int32_t consumed;
+    int32_t multiplier;
+    int32_t unit;
+};
+
+// uom_FindUnitFromString without its messages.
+FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style);
+
+// Writes the message of a failed unit_FindAtHead, as uom_FindUnitFromString does.
+void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *text);
+
+// Digits behind optional white space, a "-" directly in front of them included. 1 with the value and the
+// characters from `text` to the end of the digits; 0 with the value 1 when there are none. A value too large
+// is held at the bound.
+int32_t uom_ReadExponent(const char *text, int32_t *value, int32_t *length);
+
+// Looks for a group ahead of the first unit name: 0 none, 1 a group, 2 a group with an exponent behind it.
+// `open` and `close` are the offsets of its parentheses, -1 where not found.
+int32_t uom_FindParenGroup(const char *text, int32_t *exponent, int32_t *open, int32_t *close);
+
+// Where a unit's name can begin: a letter or "$".
+bool unit_IsNameStart(char c);
+
+// The normal form of a unit string: no leading and trailing blanks, none round "(", ")", "-", "/", inner runs
+// as one, Latin-1 superscripts as digits. `out` holds as many bytes as the input with its terminator; returns
+// the length.
+int32_t unit_Normalize(char *out, const char *in);
+
+#endif
