@@ -1,0 +1,45 @@
+#include "conversion/array_kernels.h"
+
+// One body, compiled for each width of vectors. An addition before a multiplication never fuses, so all
+// agree.
+#define LINEAR_LOOP(values, count, offset, factor)                                                           \
+    for (size_t i = 0; i < (count); ++i)                                                                     \
+    (values)[i] = ((values)[i] + (offset)) * (factor)
+
+#if defined(__GNUC__) && defined(__x86_64__)
+
+using Kernel = void (*)(double *, size_t, double, double);
+
+static void convertPlain(double *values, size_t count, double offset, double factor) {
+    LINEAR_LOOP(values, count, offset, factor);
+}
+
+__attribute__((target("avx2"))) static void convertAvx2(double *values, size_t count, double offset,
+                                                        double factor) {
+    LINEAR_LOOP(values, count, offset, factor);
+}
+
+__attribute__((target("avx512f,prefer-vector-width=512"))) static void
+convertAvx512(double *values, size_t count, double offset, double factor) {
+    LINEAR_LOOP(values, count, offset, factor);
+}
+
+static Kernel chooseKernel() {
+    __builtin_cpu_init();
+    if (__builtin_cpu_supports("avx512f"))
+        return convertAvx512;
+    return __builtin_cpu_supports("avx2") ? convertAvx2 : convertPlain;
+}
+
+void array_ConvertLinear(double *values, size_t count, double offset, double factor) {
+    static const Kernel kernel = chooseKernel();
+    kernel(values, count, offset, factor);
+}
+
+#else
+
+void array_ConvertLinear(double *values, size_t count, double offset, double factor) {
+    LINEAR_LOOP(values, count, offset, factor);
+}
+
+#endif

@@ -1,0 +1,72 @@
+#include "conversion/unit_factors.h"
+
+#include "catalogue/class_table.h"
+#include "catalogue/units.h"
+#include "support/numbers.h"
+
+namespace {
+
+struct Scale {
+    double factor;
+    double offset;
+    bool hasOffset;
+};
+
+// With an offset the factor comes out to the power n + 2, kept: a squared temperature or pressure has no
+// other defined meaning.
+void raise(Scale &scale, int64_t n) {
+    if (n <= 1)
+        return;
+    if (!scale.hasOffset) {
+        scale.factor = num_PowInt(scale.factor, static_cast<int32_t>(n < INT32_MAX ? n : INT32_MAX));
+        return;
+    }
+    double power = 1.0;
+    double sum = 1.0;
+    for (int64_t i = 0; i < n; ++i) {
+        const double next = power * scale.factor;
+        const double nextSum = sum + next;
+        if (next == power && nextSum == sum)
+            break;
+        power = next;
+        sum = nextSum;
+    }
+    scale.offset = sum / power * scale.offset;
+    scale.factor = scale.factor * power * scale.factor;
+}
+
+} // namespace
+
+int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit,
+                      int32_t baseExponent, int32_t multiplier, double *offset, double *factor) {
+    *offset = 0.0;
+    *factor = 1.0;
+    const UomClassRow *row = class_ValidRow(classId);
+    const UomClassRow *baseRow = class_ValidRow(baseClass);
+    if (!row || !baseRow)
+        return 1;
+    const UomUnit *record = unit_Record(unit);
+    if (!record)
+        return 2;
+    Scale scale = {record->factor, baseRow->hasOffset ? record->offset : 0.0, baseRow->hasOffset != 0};
+
+    // In a composite class raised to a power the multiplier belongs to the class, and is raised along with
+    // it.
+    const bool split = multiplier != 0 && class_IsComposite(*row) && exponent != 0;
+    const int64_t inner = split ? int64_t{baseExponent} / exponent : baseExponent;
+    raise(scale, inner < 0 ? -inner : inner);
+    if (multiplier != 0) {
+        const double power = num_PowInt(10.0, multiplier);
+        scale.factor = scale.factor * power;
+        scale.offset = scale.offset / power;
+    }
+    if (split)
+        raise(scale, num_Magnitude(exponent));
+    if (baseExponent < 0) {
+        scale.factor = 1.0 / scale.factor;
+        scale.offset = 0.0 - scale.offset;
+    }
+    *offset = scale.offset;
+    *factor = scale.factor;
+    return 0;
+}
