@@ -1,0 +1,72 @@
+#include "slates/assign_units.h"
+
+#include "catalogue/class_table.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "slates/working_units.h"
+#include "uomstruct/chain.h"
+#include "uomstruct/quotients.h"
+#include "uomstruct/related_unit.h"
+
+namespace {
+
+bool isVolume(int32_t classId) {
+    return classId >= CLASS_LIQ_VOL && classId <= CLASS_ACT_VOL;
+}
+
+bool isMoles(int32_t classId) {
+    return classId == CLASS_MOLE || classId == CLASS_MOLAR;
+}
+
+// Classes that a basis can turn into each other.
+bool followsBasis(int32_t classId) {
+    return (classId >= CLASS_LIQ_VOL && classId <= CLASS_MOLAR) || classId == CLASS_PETRO_MASS;
+}
+
+// The unit of the new class that corresponds to one of the old. False where no rule derives one, and the
+// entry stays.
+bool carryOver(int32_t oldClass, int32_t newClass, int32_t unit, int32_t *carried) {
+    if (oldClass == CLASS_MASS && isMoles(newClass))
+        *carried = unit_NamedWith(unit, "-mol");
+    else if (isMoles(oldClass) && newClass == CLASS_MASS)
+        *carried = unit_NamedUpToFirst(unit, '-');
+    else if (oldClass == CLASS_PETRO_MASS && newClass == CLASS_MOLE)
+        uom_FindRelatedUnit(unit, unit, newClass, carried); // the unit in the place of the class, kept
+    else if (isVolume(oldClass) && isVolume(newClass))
+        *carried = unit;
+    else
+        return false;
+    return true;
+}
+
+// Makes the node behind a changed basis a node of the class that the basis stands for, for good.
+void followBasis(UomStruct node, int32_t basis, int32_t *entry) {
+    const int32_t oldClass = node->baseClass;
+    if (!followsBasis(oldClass))
+        return;
+    node->baseClass = uom_ClassFromBasis(basis);
+    if (!unit_IsValid(*entry) && node->unit != UOM_NULL)
+        carryOver(oldClass, node->baseClass, node->unit, entry);
+    if (unit_IsValid(*entry))
+        return;
+    int32_t multiplier;
+    uom_GetNodeDefault(node->classId, node->baseClass, UOM_SET_CURRENT, entry, &multiplier);
+}
+
+} // namespace
+
+void units_Assign(UomStruct chain, int32_t count, int32_t *units) {
+    int32_t pendingBasis = UOM_NULL;
+    bool skipNext = false;
+    for (int32_t i = 0; chain && i < count; chain = chain->next, ++i) {
+        if (pendingBasis != UOM_NULL)
+            followBasis(chain, pendingBasis, &units[i]);
+        const bool changed = chain->baseClass == CLASS_BASIS && units[i] != chain->unit;
+        pendingBasis = changed ? units[i] : UOM_NULL;
+        if (unit_IsValid(units[i]))
+            chain_SetUnit(chain, units[i]);
+        if (skipNext)
+            chain->unit = UOM_NULL;
+        skipNext = !skipNext && unit_IsWholeQuotient(chain->baseClass, units[i]);
+    }
+}

@@ -1,0 +1,209 @@
+// A custom class takes the next free number behind the compiled rows and lives in the class table and in
+// every slate like a compiled one. It is a copy of a compiled base class under a new name, or a composite of
+// up to three classes.
+#include "slates/custom_classes.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "support/memory.h"
+#include "support/table.h"
+#include "support/text.h"
+#include "uomstruct/chain.h"
+
+namespace {
+
+enum ClassStatus : int32_t {
+    CLASS_DONE = 0,
+    CLASS_BAD_ARGUMENT = 1,
+    CLASS_EXISTS = 2,
+    CLASS_BAD_DEFINITION = 3,
+    CLASS_TOO_MANY = 5,
+    CLASS_NO_MEMORY = 11
+};
+
+// The first that can be deleted: number 71 stays, kept.
+constexpr int32_t FIRST_DELETABLE = STATIC_CLASSES + 1;
+
+// The compiled row of which a definition makes a copy, null when the definition is a class string.
+const UomClassRow *copiedRow(int32_t definitionClass) {
+    if (definitionClass < 1 || definitionClass >= STATIC_CLASSES)
+        return nullptr;
+    const UomClassRow *row = &uomStaticRows[definitionClass];
+    return (row->kind & CLASS_BASE) != 0 ? row : nullptr;
+}
+
+void setComponents(UomClassRow *row, UomStruct chain) {
+    row->allowExponent = 1;
+    row->kind = CLASS_COMPOSITE;
+    for (int32_t i = 0; chain && i < COMPOSITE_SLOTS; chain = chain->next, ++i) {
+        row->baseClass[i] = chain->baseClass;
+        row->baseExponent[i] = chain->baseExponent;
+    }
+}
+
+// Gives the row its own texts and lists. False when memory is exhausted; the row can then be freed as it is.
+bool completeRow(UomClassRow *row, const char *name, const char *definition, const UomClassRow *listsOf) {
+    row->index = uomClassCount;
+    row->kind = (row->kind & ~CLASS_SYSTEM) | CLASS_CUSTOM;
+    row->name = row->token = row->keyword = nullptr;
+    row->definition = row->listName = row->note = nullptr;
+    row->uomList = row->uomChoices = nullptr;
+    const bool named = mem_ReplaceText(&row->name, name) == 0 && mem_ReplaceText(&row->token, name) == 0 &&
+                       mem_ReplaceText(&row->definition, definition) == 0;
+    if (!named || !listsOf)
+        return named;
+    return unit_CopyList(&row->uomList, listsOf->uomList) == 0 &&
+           unit_CopyList(&row->uomChoices, listsOf->uomChoices) == 0;
+}
+
+// The new class starts in each slate with what that slate itself states for the class it is defined from.
+void inheritDefaults(const char *name, const char *definition) {
+    for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate) {
+        const UomSlate *record = slate_Record(slate);
+        char value[64] = "";
+        if (!record)
+            continue;
+        uoms_GetClassDefault(record->name, definition, value, sizeof value);
+        uoms_SetClassDefault(record->name, name, value);
+    }
+}
+
+int32_t addRow(const char *name, const char *definition, int32_t definitionClass, UomStruct chain) {
+    UomClassRow *row = mem_New<UomClassRow>();
+    if (!row)
+        return CLASS_NO_MEMORY;
+    if (const UomClassRow *copied = copiedRow(definitionClass))
+        *row = *copied;
+    else
+        setComponents(row, chain);
+    const UomClassRow *listsOf = class_ValidRow(definitionClass);
+    if (!completeRow(row, name, definition, listsOf) || !tbl_PutRecord(uomClassTable, TABLE_APPEND, row)) {
+        class_FreeRow(row);
+        return CLASS_NO_MEMORY;
+    }
+    ++uomClassCount;
+    return CLASS_DONE;
+}
+
+// The row of a class by its token, compiled rows included.
+UomClassRow *tokenRow(const char *className) {
+    return class_ValidRow(class_Find(className, STYLE_TOKEN));
+}
+
+int32_t putText(const char *className, const char *text, const char *UomClassRow::*field) {
+    UomClassRow *row = tokenRow(className);
+    if (!row)
+        return CLASS_BAD_ARGUMENT;
+    const char *value = str_IsEmpty(text) ? nullptr : text;
+    return mem_ReplaceText(&(row->*field), value);
+}
+
+// Takes the class out of a slate; the pairs of later classes move down.
+void forgetInSlate(int32_t slate, int32_t classId, const char *name) {
+    const UomSlate *record = slate_Record(slate);
+    if (!record)
+        return;
+    uoms_SetClassDefault(record->name, name, "");
+    const uint32_t place = static_cast<uint32_t>(classId);
+    tbl_Remove(record->classDefaults, 2 * place, 1);
+    tbl_Remove(record->classDefaults, 2 * place, 1);
+    tbl_Free(tbl_Record<UomTable>(record->compositeDefaults, classId));
+    tbl_Remove(record->compositeDefaults, place, 1);
+}
+
+} // namespace
+
+void class_FreeRow(UomClassRow *row) {
+    if (!row)
+        return;
+    for (const char *text : {row->name, row->token, row->keyword, row->definition, row->listName, row->note})
+        mem_Free(text);
+    if (row->uomChoices != row->uomList)
+        mem_Free(row->uomChoices);
+    mem_Free(row->uomList);
+    mem_Free(row);
+}
+
+int32_t uoms_NewClass(const char *name, const char *definition) {
+    error_Clear();
+    if (!name || !definition) {
+        error_Set("Missing arguments to uoms_NewClass().");
+        return CLASS_BAD_ARGUMENT;
+    }
+    if (class_Find(name, STYLE_TOKEN) != CLASS_NONE) {
+        error_Set("UOM class \"%s\" already exists. New class was not created.", name);
+        return CLASS_EXISTS;
+    }
+    const int32_t definitionClass = class_Find(definition, STYLE_TOKEN);
+    const bool copies = copiedRow(definitionClass) != nullptr;
+    const ScopedChain chain(copies ? nullptr : uoms_New(definition));
+    if (!copies && !chain.chain) {
+        error_Set("UOM class \"%s\" not recognized or does not exist. New class was not created.",
+                  definition);
+        return CLASS_BAD_DEFINITION;
+    }
+    if (uom_GetUnitCount(chain.chain) > COMPOSITE_SLOTS) {
+        error_Set("UOM class \"%s\" contains more than %d base classes. New class was not created.", name,
+                  COMPOSITE_SLOTS);
+        return CLASS_TOO_MANY;
+    }
+    const int32_t status = addRow(name, definition, definitionClass, chain.chain);
+    if (status == CLASS_DONE)
+        inheritDefaults(name, definition);
+    else
+        error_Set("UOM class \"%s\" was not created: memory is exhausted.", name);
+    return status;
+}
+
+int32_t uoms_DeleteClass(const char *name) {
+    if (!name)
+        return CLASS_BAD_ARGUMENT;
+    const int32_t classId = class_Find(name, STYLE_TOKEN);
+    if (classId < FIRST_DELETABLE)
+        return CLASS_EXISTS;
+    const int32_t oldCount = uomClassCount;
+    UomClassRow *row = class_Row(classId);
+    for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate)
+        forgetInSlate(slate, classId, row->token);
+    class_FreeRow(row);
+    tbl_Remove(uomClassTable, static_cast<uint32_t>(classId), 1);
+    uomClassCount = static_cast<int32_t>(tbl_Count(uomClassTable));
+    // The field no longer tells the place of the row, kept: readers of class numbers go by the place.
+    for (int32_t i = classId; i < uomClassCount; ++i)
+        if (UomClassRow *later = class_Row(i))
+            later->index = oldCount;
+    return CLASS_DONE;
+}
+
+int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t style) {
+    if (str_IsEmpty(classText) || str_IsEmpty(newText))
+        return 1;
+    const int32_t classId = class_Find(classText, defaultScanClassStyle);
+    UomClassRow *row = class_ValidRow(classId);
+    if (!row)
+        return 2;
+    if (classId < STATIC_CLASSES)
+        return 3;
+    if (style == STYLE_KEYWORD)
+        return mem_ReplaceText(&row->keyword, newText);
+    if (style == STYLE_LONG_NAME)
+        return mem_ReplaceText(&row->name, newText);
+    return 4;
+}
+
+int32_t uoms_PutClassListName(const char *className, const char *text) {
+    return putText(className, text, &UomClassRow::listName);
+}
+
+int32_t uoms_PutClassNote(const char *className, const char *text) {
+    return putText(className, text, &UomClassRow::note);
+}
+
+bool uoms_IsClassComposite(const char *className) {
+    const UomClassRow *row = tokenRow(className);
+    return row && class_IsComposite(*row);
+}

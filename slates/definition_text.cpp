@@ -1,0 +1,224 @@
+// The text of a slate in three layouts: differences to the parent in pairs of elements (0), all classes in
+// pairs (1), and lines "key=value" under a heading (2). The reader knows the layout by the first element.
+//
+// The gauge pressure basis goes out in pascals in the paired layouts and in kilopascals in the other, and
+// comes in through one door that tells the two apart by size.
+#include "slates/definition_text.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "slates/properties.h"
+#include "support/numbers.h"
+#include "support/scoped.h"
+#include "support/table.h"
+#include "support/text.h"
+
+namespace {
+
+enum DefinitionFormat : int32_t { FORMAT_DIFFERENCES = 0, FORMAT_FULL = 1, FORMAT_SECTIONED = 2 };
+
+constexpr size_t LINE_SIZE = 255;
+constexpr size_t DEFAULT_SIZE = 256;
+constexpr size_t TOKEN_SIZE = 64;
+constexpr std::string_view NEW_CLASS_KEY = "NewClass";
+constexpr const char *BASIS_KEY = "GaugePresBasis";
+
+// A definition in the making. `whole` falls when memory is exhausted.
+struct DefinitionWriter {
+    UomTable *lines;
+    int32_t format;
+    bool whole;
+};
+
+void addLine(DefinitionWriter &writer, const char *line, size_t size = LINE_SIZE) {
+    char cut[DEFAULT_SIZE];
+    str_CopyBounded(cut, size, line);
+    writer.whole = writer.whole && tbl_PutText(writer.lines, TABLE_APPEND, cut);
+}
+
+void addKeyLine(DefinitionWriter &writer, const char *key, const char *value) {
+    char line[LINE_SIZE];
+    str_FormatBounded(line, sizeof line, "%s=%s", key, value);
+    addLine(writer, line);
+}
+
+void writeFlags(DefinitionWriter &writer, const UomSlate &slate) {
+    for (const char *flag : {"isSystem", "isHidden", "allowDelete", "allowModify"}) {
+        char value[TOKEN_SIZE];
+        if (uoms_GetSetProperty(slate.name, flag, sizeof value, value) == 0 && *value)
+            addKeyLine(writer, flag, value);
+    }
+}
+
+// In kilopascals and only where the slate has its own, or in pascals whatever the field holds.
+void writeBasis(DefinitionWriter &writer, const UomSlate &slate) {
+    char text[LINE_SIZE];
+    if (writer.format == FORMAT_SECTIONED) {
+        uoms_GetSetProperty(slate.name, BASIS_KEY, sizeof text, text);
+        if (*text)
+            addKeyLine(writer, BASIS_KEY, text);
+        return;
+    }
+    double basis = slate.gaugePresBasis;
+    uoms_ConvertArray(&basis, 1, "Pres", "kPa", "Pa");
+    num_FormatDouble(text, sizeof text, "%.10g", basis);
+    addLine(writer, BASIS_KEY);
+    addLine(writer, text);
+}
+
+void writeCustomClasses(DefinitionWriter &writer) {
+    char line[LINE_SIZE];
+    if (uomClassCount <= STATIC_CLASSES)
+        return;
+    str_FormatBounded(line, sizeof line, "NewClasses=%d", uomClassCount - STATIC_CLASSES);
+    addLine(writer, line);
+    for (int32_t c = STATIC_CLASSES; c < uomClassCount; ++c) {
+        const UomClassRow *row = class_Row(c);
+        if (!row)
+            continue;
+        str_FormatBounded(line, sizeof line, "NewClass%d=%s,%s", c - STATIC_CLASSES,
+                          row->token ? row->token : "", row->definition ? row->definition : "");
+        addLine(writer, line);
+    }
+}
+
+// Whether the parent, when it is another slate, states the same.
+bool isParentsDefault(int32_t slate, int32_t parent, int32_t classId, const char *value) {
+    char inherited[DEFAULT_SIZE] = "";
+    if (parent == slate || uom_GetClassDefault(parent, classId, inherited, sizeof inherited) != 0)
+        return false;
+    return str_EqualNoCase(value, inherited);
+}
+
+void writeDefaults(DefinitionWriter &writer, int32_t slate, int32_t parent) {
+    for (int32_t c = CLASS_DIMENSIONLESS; c < uomClassCount; ++c) {
+        if (c == CLASS_PETRO_MASS || c == CLASS_POWER_TOP || c == CLASS_E6_POWER_TOP)
+            continue;
+        char token[TOKEN_SIZE];
+        char value[DEFAULT_SIZE];
+        uom_GetClassText(c, token, sizeof token, STYLE_TOKEN);
+        uom_GetClassDefault(slate, c, value, sizeof value);
+        if (writer.format != FORMAT_FULL && (!*value || isParentsDefault(slate, parent, c, value)))
+            continue;
+        if (writer.format == FORMAT_SECTIONED) {
+            addKeyLine(writer, token, value);
+            continue;
+        }
+        addLine(writer, token);
+        addLine(writer, value, sizeof value);
+    }
+}
+
+void writeDefinition(DefinitionWriter &writer, int32_t index, const UomSlate &slate) {
+    char heading[LINE_SIZE];
+    if (writer.format == FORMAT_SECTIONED) {
+        str_FormatBounded(heading, sizeof heading, "[%s]", slate.name ? slate.name : "");
+        addLine(writer, heading);
+        addKeyLine(writer, "BasedOn", slate.basedOn ? slate.basedOn : "");
+        writeFlags(writer, slate);
+        writeBasis(writer, slate);
+        writeCustomClasses(writer);
+    } else {
+        addLine(writer, slate.basedOn ? slate.basedOn : "");
+        writeBasis(writer, slate);
+    }
+    writeDefaults(writer, index, slate_Parent(slate));
+}
+
+// Cuts a text at the first mark; what stands behind it, or null.
+char *cutAt(char *text, char mark) {
+    char *place = text ? std::strchr(text, mark) : nullptr;
+    if (!place)
+        return nullptr;
+    *place = '\0';
+    return place + 1;
+}
+
+int32_t setDefault(const char *slateName, const char *key, const char *value) {
+    return uoms_SetClassDefault(slateName, key, value);
+}
+
+int32_t link(const char *slateName, const char *, const char *value) {
+    uoms_PutSetBasedOn(slateName, value);
+    return 0;
+}
+
+int32_t copyFrom(const char *slateName, const char *, const char *value) {
+    return uoms_CopySet(slateName, value);
+}
+
+int32_t skip(const char *, const char *, const char *) {
+    return 0;
+}
+
+struct DefinitionKey {
+    const char *key;
+    int32_t (*apply)(const char *slateName, const char *key, const char *value);
+};
+const DefinitionKey definitionKeys[] = {
+    {"NewClasses", skip},
+    {"BasedOn", link},
+    {"Parent", link},
+    {"CopyFrom", copyFrom},
+};
+
+// "NewClass0=Name,definition". The key then goes the way of any other and fails, its message stays, kept.
+// Without a comma there is no definition and the line does nothing.
+int32_t applyNewClass(const char *slateName, const char *key, char *value) {
+    const char *definition = cutAt(value, ',');
+    if (!definition)
+        return 0;
+    const int32_t status = uoms_NewClass(value, definition);
+    return status == 11 ? status : setDefault(slateName, key, value);
+}
+
+} // namespace
+
+int32_t definition_ApplyLine(const char *slateName, char *line) {
+    if (!line)
+        return 0;
+    char *value = cutAt(line, '=');
+    for (const DefinitionKey &entry : definitionKeys)
+        if (str_EqualNoCase(line, entry.key))
+            return entry.apply(slateName, line, value);
+    if (str_StartsNoCase(line, NEW_CLASS_KEY))
+        return applyNewClass(slateName, line, value);
+    return setDefault(slateName, line, value);
+}
+
+UomTable *uoms_GetSetDefinition(const char *name, int32_t format) {
+    const int32_t index = uom_GetSetType(name);
+    const UomSlate *slate = index < 1 ? nullptr : slate_Record(index);
+    if (!slate)
+        return nullptr;
+    DefinitionWriter writer = {tbl_Create(0, TABLE_TEXT), format, true};
+    if (!writer.lines)
+        return nullptr;
+    if (format >= FORMAT_DIFFERENCES && format <= FORMAT_SECTIONED)
+        writeDefinition(writer, index, *slate);
+    if (writer.whole)
+        return writer.lines;
+    tbl_Free(writer.lines);
+    return nullptr;
+}
+
+int32_t uoms_PutSetDefinition(const char *name, UomTable *lines) {
+    if (!name || tbl_Count(lines) < 1 || lines->kind != TABLE_TEXT)
+        return 1;
+    const char *first = tbl_GetText(lines, 0);
+    if (!first)
+        first = "";
+    const bool heading = std::strchr(first, '[') != nullptr;
+    if (heading || std::strchr(first, '=')) {
+        for (uint32_t i = heading ? 1 : 0; i < lines->count; ++i)
+            definition_ApplyLine(name, tbl_GetText(lines, i));
+        return 0;
+    }
+    uoms_InitializeSet(name, first);
+    for (uint32_t i = 1; i < lines->count; i += 2)
+        uoms_SetClassDefault(name, tbl_GetText(lines, i), tbl_GetText(lines, i + 1));
+    return 0;
+}

@@ -1,0 +1,238 @@
+#include "slates/lists.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/data_file.h"
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "support/memory.h"
+#include "support/scoped.h"
+#include "support/table.h"
+#include "support/text.h"
+#include "uomstruct/chain.h"
+
+namespace {
+
+constexpr size_t SET_NAME_SIZE = 64;
+
+// A component class whose choices a class's application lists narrow. Restoring clears the same ones, but for
+// Cake Resistance, whose choices stay, kept.
+struct ListRule {
+    int32_t classId;
+    const char *component;
+    int32_t list;
+    bool restored;
+};
+const ListRule listRules[] = {
+    {CLASS_CP, "Cp", LIST_OX_HEAT_CAP, true},
+    {CLASS_DENSITY, "Mass", LIST_OX_DENS_MASS, true},
+    {CLASS_DENSITY, "Vol", LIST_OX_DENS_LIQ_VOL, true},
+    {CLASS_PETRO_DENSITY, "PetroMass", LIST_DENS_PETRO_MASS, true},
+    {CLASS_PETRO_DENSITY, "Vol", LIST_OX_DENS_LIQ_VOL, true},
+    {CLASS_VAPOR_DENSITY, "PetroMass", LIST_DENS_PETRO_MASS, true},
+    {CLASS_VAPOR_DENSITY, "VapVol", LIST_OX_DENS_VAP_VOL, true},
+    {CLASS_SP_VOL, "Mole", LIST_OX_DENS_MOLE, true},
+    {CLASS_SP_VOL, "Vol", LIST_OX_DENS_LIQ_VOL, true},
+    {CLASS_VAP_SP_VOL, "Mole", LIST_OX_DENS_MOLE, true},
+    {CLASS_VAP_SP_VOL, "VapVol", LIST_OX_DENS_VAP_VOL, true},
+    {CLASS_RATE, "Time", LIST_OX_TIME, true},
+    {CLASS_RATE, "Mass", LIST_OX_RATE_MASS, true},
+    {CLASS_RATE, "Mole", LIST_OX_RATE_MOLE, true},
+    {CLASS_RATE, "Vol", LIST_OX_RATE_LIQ_VOL, true},
+    {CLASS_RATE, "VapVol", LIST_OX_RATE_VAP_VOL, true},
+    {CLASS_VELOCITY, "Leng", LIST_OX_LENGTH, true},
+    {CLASS_VELOCITY, "Time", LIST_OX_TIME, true},
+    {CLASS_SP_ENTHALPY, "Energy", LIST_OX_ENTHALPY_ENERGY, true},
+    {CLASS_SP_ENTHALPY, "Mass", LIST_OX_ENTHALPY_MASS, true},
+    {CLASS_SP_ENTHALPY, "Mole", LIST_OX_ENTHALPY_MOLE, true},
+    {CLASS_CAKE_RES, "Mass", LIST_OX_CAKERES_MASS, false},
+    {CLASS_CAKE_RES, "Leng", LIST_OX_CAKERES_LENGTH, false},
+};
+
+void narrow(int32_t classId) {
+    for (const ListRule &rule : listRules)
+        if (rule.classId == classId)
+            uoms_SetUOMChoices(rule.component, uomListTables[rule.list]);
+}
+
+void restore(int32_t classId) {
+    for (const ListRule &rule : listRules)
+        if (rule.classId == classId && rule.restored)
+            uoms_SetUOMChoices(rule.component, nullptr);
+}
+
+using ListField = int32_t *UomClassRow::*;
+
+// Replaces one of a row's two arrays; the old one is freed unless it is the other as well.
+void replaceList(UomClassRow *row, ListField field, ListField other, int32_t *units) {
+    if (row->*field != row->*other)
+        mem_Free(row->*field);
+    row->*field = units;
+}
+
+int32_t setFromTokens(const char *classText, const UomTable *tokens, ListField field, ListField other) {
+    const int32_t classId = class_Find(classText, STYLE_TOKEN);
+    UomClassRow *row = classId < 1 ? nullptr : class_Row(classId);
+    if (!row)
+        return 1;
+    int32_t *units = nullptr;
+    if (tbl_Count(tokens) > 0 && unit_ResolveList(&units, tokens) != 0)
+        return 11;
+    replaceList(row, field, other, units);
+    return 0;
+}
+
+int32_t setFromUnits(int32_t classId, const int32_t *units, ListField field, ListField other) {
+    UomClassRow *row = class_ValidRow(classId);
+    if (!row)
+        return 1;
+    int32_t *copy = nullptr;
+    if (unit_CopyList(&copy, units) != 0)
+        return 11;
+    replaceList(row, field, other, copy);
+    return 0;
+}
+
+// A null-terminated array of `count` texts, each made by a function; null when memory is exhausted.
+template <class TextOf> char **makeArray(int32_t count, size_t blockSize, TextOf textOf) {
+    void *block = nullptr;
+    if (mem_Calloc(&block, static_cast<size_t>(count) + 1, sizeof(char *)) != 0)
+        return nullptr;
+    char **texts = static_cast<char **>(block);
+    for (int32_t i = 0; i < count; ++i) {
+        const char *text = textOf(i);
+        const size_t length = text ? std::strlen(text) : 0;
+        const size_t size = blockSize > 0 ? blockSize : length + 1;
+        texts[i] = mem_NewArray<char>(size);
+        if (!texts[i]) {
+            uoms_FreeArray(texts);
+            return nullptr;
+        }
+        str_CopyBounded(texts[i], size, text);
+    }
+    return texts;
+}
+
+// The tokens of a list of units.
+char **namesOf(const int32_t *units, int32_t *count) {
+    int32_t length = 0;
+    while (units[length] != UOM_NULL)
+        ++length;
+    *count = length;
+    return makeArray(length, 0, [=](int32_t i) { return unit_Token(units[i]); });
+}
+
+const UomTable *commonList(int32_t index) {
+    return tbl_Record<UomTable>(uomExtraTables, index);
+}
+
+} // namespace
+
+int32_t uoms_SetClassList(const char *classText, const UomTable *tokens) {
+    return setFromTokens(classText, tokens, &UomClassRow::uomList, &UomClassRow::uomChoices);
+}
+
+int32_t uoms_SetUOMChoices(const char *classText, const UomTable *tokens) {
+    return setFromTokens(classText, tokens, &UomClassRow::uomChoices, &UomClassRow::uomList);
+}
+
+int32_t uom_SetClassList(int32_t classId, const int32_t *units) {
+    return setFromUnits(classId, units, &UomClassRow::uomList, &UomClassRow::uomChoices);
+}
+
+int32_t uom_SetUOMChoices(int32_t classId, const int32_t *units) {
+    return setFromUnits(classId, units, &UomClassRow::uomChoices, &UomClassRow::uomList);
+}
+
+int32_t uoms_SetUOMChoiceArray(const char *classText, int32_t count, const char *const *tokens) {
+    if (count < 1 || !tokens) {
+        uoms_SetUOMChoices(classText, nullptr);
+        return 0;
+    }
+    const ScopedTable table(tbl_Create(0, TABLE_TEXT));
+    bool whole = table.table != nullptr;
+    for (int32_t i = 0; whole && i < count; ++i)
+        whole = tbl_PutText(table.table, TABLE_APPEND, tokens[i]) != 0;
+    if (whole)
+        uoms_SetUOMChoices(classText, table.table);
+    return 0;
+}
+
+int32_t uom_LoadApplicationList(UomStruct chain) {
+    if (chain)
+        narrow(chain->classId);
+    return UOM_NULL;
+}
+
+int32_t uom_LoadNormalList(UomStruct chain) {
+    if (chain)
+        restore(chain->classId);
+    return 0;
+}
+
+int32_t uoms_LoadApplicationList(const char *classString) {
+    const ScopedChain chain(uoms_New(classString));
+    return chain.chain ? uom_LoadApplicationList(chain.chain) : 1;
+}
+
+int32_t uoms_LoadNormalList(const char *classString) {
+    const ScopedChain chain(uoms_New(classString));
+    return chain.chain ? uom_LoadNormalList(chain.chain) : 1;
+}
+
+char **uoms_GetUnitNames(const char *classText, int32_t *count) {
+    const int32_t classId = class_Find(classText, STYLE_TOKEN);
+    const int32_t *units =
+        class_IsValid(classId) && uom_IsClassBase(classId) ? uom_GetClassUnits(classId) : nullptr;
+    return units && count ? namesOf(units, count) : nullptr;
+}
+
+char **uoms_GetUOMList(const char *text, int32_t *count) {
+    if (!count)
+        return nullptr;
+    *count = 0;
+    if (str_IsEmpty(text))
+        return nullptr;
+    const int32_t classId = class_Find(text, STYLE_TOKEN);
+    const UomClassRow *row = class_ValidRow(classId);
+    const bool named = row && !str_IsEmpty(row->listName);
+    if (row && !named && uom_IsClassBase(classId))
+        return uoms_GetUnitNames(text, count);
+    if (!uomExtraTables)
+        return nullptr;
+    const char *name = named ? row->listName : text;
+    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i) {
+        const UomTable *list = commonList(static_cast<int32_t>(i));
+        if (tbl_Count(list) <= 1 || !str_EqualNoCase(tbl_GetText(list, 0), name))
+            continue;
+        *count = static_cast<int32_t>(list->count) - 1;
+        return makeArray(*count, 0,
+                         [=](int32_t item) { return tbl_GetText(list, static_cast<uint32_t>(item) + 1); });
+    }
+    error_Set("Unable to find UOM list \"%s\".", text);
+    return nullptr;
+}
+
+char **uoms_GetCommonListNames(int32_t *count) {
+    if (!count)
+        return nullptr;
+    *count = static_cast<int32_t>(tbl_Count(uomExtraTables));
+    return makeArray(*count, 0, [](int32_t i) { return tbl_GetText(commonList(i), 0); });
+}
+
+char **uoms_GetSetNames(int32_t *count) {
+    if (!count)
+        return nullptr;
+    *count = uom_GetSetCount();
+    return makeArray(*count, SET_NAME_SIZE, [](int32_t i) {
+        const UomSlate *slate = slate_AnyRecord(i);
+        return slate ? slate->name : nullptr;
+    });
+}
+
+int32_t uoms_FreeArray(char **texts) {
+    tbl_FreeTextArray(texts);
+    return 0;
+}

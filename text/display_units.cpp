@@ -1,0 +1,258 @@
+// The text of a filled chain, "kPa/(m3/sec)2", in any style. Each node gives one piece; a few running values
+// decide on
+// "/", "-", a blank, a leading "1" and parentheses. A "/" stands at each change of sign of the exponents, so
+// that the text reads back to the same chain.
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/units.h"
+#include "support/numbers.h"
+#include "support/text.h"
+#include "text/styles.h"
+#include "uomstruct/chain.h"
+#include "uomstruct/unit_scan.h"
+
+namespace {
+
+constexpr int32_t MAX_LEVELS = 32;
+constexpr size_t PIECE_SIZE = 256;
+constexpr int32_t MULTIPLIER_SIZE = 8;
+
+// A group that is open: one of parenthesis nodes, or a composite class.
+struct Level {
+    int32_t lastExponent;          // to restore when it ends
+    bool parenthesised;            // a composite class that stands in parentheses
+    const UomStructNode *lastNode; // of the composite class; null for a group of parenthesis nodes
+};
+
+// The running values of one call.
+struct UnitPrinter {
+    char *out;
+    size_t size;
+    int32_t style;
+    size_t written = 0;
+    bool atStart = true;      // nothing to separate from: at the start, and behind "(" and "/"
+    int32_t lastExponent = 1; // a "/" is due when the next has the other sign
+    int32_t previousBaseClass = 0;
+    Level levels[MAX_LEVELS] = {};
+    int32_t depth = 0; // beyond the levels, groups are printed without their powers' memory
+};
+
+void add(UnitPrinter &printer, const char *piece) {
+    str_AppendBounded(printer.out, printer.size, piece);
+    printer.written += std::strlen(piece);
+}
+
+bool changesSign(int32_t a, int32_t b) {
+    return int64_t{a} * b < 0;
+}
+
+void push(UnitPrinter &printer, const Level &level) {
+    if (printer.depth < MAX_LEVELS)
+        printer.levels[printer.depth] = level;
+    ++printer.depth;
+}
+
+// The level that ends; one beyond the stack restores a sign of +1.
+Level pop(UnitPrinter &printer) {
+    if (printer.depth == 0 || printer.depth-- > MAX_LEVELS)
+        return {1, false, nullptr};
+    return printer.levels[printer.depth];
+}
+
+// The power of a unit or group, nothing for magnitudes of 0 and 1; the sign shows in the "/" alone.
+void addExponent(UnitPrinter &printer, int32_t exponent) {
+    const int64_t magnitude = num_Magnitude(exponent);
+    char suffix[32] = "";
+    if (magnitude < 2)
+        return;
+    if (printer.style == STYLE_HTML)
+        str_FormatBounded(suffix, sizeof suffix, "<SUP>%lld</SUP>", static_cast<long long>(magnitude));
+    else if (printer.style == STYLE_TOKEN_SUPER && magnitude == 2)
+        str_CopyBounded(suffix, sizeof suffix, "\xB2");
+    else if (printer.style == STYLE_TOKEN_SUPER && magnitude == 3)
+        str_CopyBounded(suffix, sizeof suffix, "\xB3");
+    else
+        str_FormatBounded(suffix, sizeof suffix, "%lld", static_cast<long long>(magnitude));
+    add(printer, suffix);
+}
+
+// --- parenthesis nodes
+
+void printOpen(UnitPrinter &printer, UomStruct node) {
+    const UomStructNode *close = chain_MatchingClose(node);
+    const int32_t exponent = close ? close->exponent : 1;
+    if (changesSign(exponent, printer.lastExponent)) {
+        printer.lastExponent = exponent;
+        if (printer.atStart) {
+            // Replaces all that stands there, kept.
+            str_CopyBounded(printer.out, printer.size, "1");
+            printer.written = 1;
+        }
+        add(printer, "/");
+    }
+    push(printer, {printer.lastExponent, false, nullptr});
+    add(printer, "(");
+    printer.atStart = true;
+    printer.lastExponent = 1;
+}
+
+void printClose(UnitPrinter &printer, const UomStructNode *node) {
+    add(printer, ")");
+    addExponent(printer, node->exponent);
+    printer.lastExponent = pop(printer).lastExponent;
+    printer.atStart = false;
+}
+
+// --- the head and the end of a composite class
+
+struct CompositeShape {
+    const UomStructNode *lastNode;
+    int32_t nodes;
+    int32_t units;   // nodes that show a unit
+    bool mixedSigns; // two neighbours have exponents of opposite sign
+};
+
+CompositeShape shapeOf(const UomStructNode *first) {
+    const int32_t nodes = uom_GetUnitMax(first->classId);
+    CompositeShape shape = {first, 0, 0, false};
+    const UomStructNode *previous = nullptr;
+    for (const UomStructNode *node = first; node && shape.nodes < nodes; node = node->next) {
+        ++shape.nodes;
+        shape.units += node->unit != UOM_NULL;
+        if (previous && changesSign(previous->baseExponent, node->baseExponent))
+            shape.mixedSigns = true;
+        previous = shape.lastNode = node;
+    }
+    return shape;
+}
+
+bool needsParentheses(const UomStructNode *first, const CompositeShape &shape) {
+    if (shape.units < 2 || first->classId == CLASS_QUANTITY)
+        return false;
+    if (first->exponent > 1 || first->exponent < 0)
+        return true;
+    const UomStructNode *behind = shape.lastNode->next;
+    return shape.nodes > 1 && behind && behind->baseClass != CLASS_CLOSE && shape.mixedSigns;
+}
+
+void printCompositeHead(UnitPrinter &printer, const UomStructNode *first) {
+    const CompositeShape shape = shapeOf(first);
+    const bool parenthesised = needsParentheses(first, shape);
+    push(printer, {first->exponent, parenthesised, shape.lastNode});
+    const bool below = changesSign(printer.lastExponent, first->exponent);
+    if (below)
+        add(printer, printer.atStart ? "1/" : "/");
+    if (parenthesised)
+        add(printer, "(");
+    if (below || parenthesised)
+        printer.atStart = true;
+    printer.lastExponent = 1;
+}
+
+void endComposite(UnitPrinter &printer, const UomStructNode *node) {
+    if (printer.depth == 0 || printer.depth > MAX_LEVELS ||
+        printer.levels[printer.depth - 1].lastNode != node)
+        return;
+    const Level level = pop(printer);
+    if (level.parenthesised)
+        add(printer, ")");
+    addExponent(printer, node->exponent);
+    printer.lastExponent = level.lastExponent;
+    printer.atStart = false;
+}
+
+// --- one unit
+
+// Within a composite class exponents are relative to the class's; under an exponent of 0 they stand as the
+// row has them.
+int32_t relativeExponent(const UomStructNode *node) {
+    const UomClassRow *row = class_ValidRow(node->classId);
+    if (!row || !class_IsComposite(*row))
+        return node->baseExponent;
+    if (node->exponent != 0)
+        return static_cast<int32_t>(int64_t{node->baseExponent} / node->exponent);
+    const int32_t slot = node->tag - TAG_COMPONENT;
+    return slot >= 0 && slot < COMPOSITE_SLOTS ? row->baseExponent[slot] : 1;
+}
+
+bool endsInDigit(const char *token) {
+    return *token && str_IsDigit(token[std::strlen(token) - 1]);
+}
+
+void printUnit(UnitPrinter &printer, const UomStructNode *node, const char *unit) {
+    const int32_t exponent = relativeExponent(node);
+    if (changesSign(exponent, printer.lastExponent)) {
+        printer.lastExponent = exponent;
+        add(printer, printer.atStart ? "1/" : "/");
+        printer.atStart = true;
+    }
+    // The form hangs on the token, whatever text is printed.
+    const char *token = unit_Token(node->unit);
+    char multiplier[MULTIPLIER_SIZE];
+    uom_GetUOMMultiplierString(const_cast<UomStruct>(node), multiplier, sizeof multiplier);
+    const bool raised = num_Magnitude(exponent) > 1;
+    const bool holdsSlash = std::strchr(token, '/') != nullptr;
+    const bool ambiguous = endsInDigit(token) || std::strchr(token, '-') || holdsSlash;
+    const bool inParentheses =
+        raised ? ambiguous : holdsSlash && node->next && node->next->baseClass >= CLASS_DIMENSIONLESS;
+    const char *separator = inParentheses || printer.atStart           ? ""
+                            : printer.previousBaseClass == CLASS_BASIS ? " "
+                                                                       : "-";
+    char piece[PIECE_SIZE];
+    str_FormatBounded(piece, sizeof piece, inParentheses ? "%s(%s%s)" : "%s%s%s", separator, multiplier,
+                      unit);
+    add(printer, piece);
+    addExponent(printer, exponent);
+    printer.atStart = false;
+}
+
+void printNode(UnitPrinter &printer, UomStruct node) {
+    if (node->classId == CLASS_OPEN)
+        return printOpen(printer, node);
+    if (node->classId == CLASS_CLOSE)
+        return printClose(printer, node);
+    if (node->tag == TAG_COMPONENT)
+        printCompositeHead(printer, node);
+    // The basis of a rate never shows, that of a composition does.
+    const bool hidden = node->baseClass == CLASS_BASIS && node->next && node->next->baseClass != CLASS_FRAC;
+    if (hidden)
+        return;
+    char unit[PIECE_SIZE];
+    uom_GetUnitText(node->unit, unit, sizeof unit, printer.style);
+    if (*unit)
+        printUnit(printer, node, unit);
+    endComposite(printer, node);
+}
+
+} // namespace
+
+char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t style) {
+    if (!out || size < 1)
+        return out;
+    std::memset(out, 0, static_cast<size_t>(size));
+    UnitPrinter printer = {out, static_cast<size_t>(size), style_Effective(style)};
+    for (UomStruct node = chain; node && printer.written + 1 < printer.size; node = node->next) {
+        printNode(printer, node);
+        if (node->classId != CLASS_OPEN && node->classId != CLASS_CLOSE)
+            printer.previousBaseClass = node->baseClass;
+    }
+    return out;
+}
+
+int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size) {
+    if (!out || size < 1)
+        return 1;
+    *out = '\0';
+    if (!node)
+        return 1;
+    const UomMultiplierRow *row = multiplier_Find(node->multiplier);
+    const UomUnit *unit = unit_Record(node->unit);
+    if (!row)
+        return 0;
+    if (unit && unit->multiplierStyle == 1)
+        str_FormatBounded(out, static_cast<size_t>(size), "%s ", row->apiText);
+    else
+        str_FormatBounded(out, static_cast<size_t>(size), "%s*", row->siText);
+    return 0;
+}

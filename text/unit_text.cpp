@@ -1,0 +1,129 @@
+// The text of one unit and of one class, in all styles.
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/platform.h"
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "catalogue/units.h"
+#include "support/text.h"
+#include "text/styles.h"
+
+namespace {
+
+constexpr int32_t OLD_NAME_SIZE = 64; // of the operations that take no size
+
+// A "2" that is no power: in "in H2O", and between "P" and "C".
+bool isPlainTwo(const char *token, size_t place) {
+    if (token[place] != '2' || place == 0)
+        return false;
+    const char before = token[place - 1];
+    const char behind = token[place + 1];
+    return (before == 'H' && behind == 'O') || (str_Lower(before) == 'p' && str_Lower(behind) == 'c');
+}
+
+void writeSuper(TextWriter &writer, const char *token) {
+    for (size_t i = 0; token[i]; ++i) {
+        if (token[i] == '3')
+            str_Write(writer, '\xB3');
+        else if (token[i] == '2' && !isPlainTwo(token, i))
+            str_Write(writer, '\xB2');
+        else
+            str_Write(writer, token[i]);
+    }
+}
+
+void writeUpper(TextWriter &writer, const char *token) {
+    for (const char *c = token; *c; ++c)
+        str_Write(writer, str_Upper(*c));
+}
+
+// Every run of digits is a superscript; of a power of ten only what stands behind the "^".
+void writeHtml(TextWriter &writer, const char *token) {
+    bool inSuper = false;
+    for (size_t i = 0; token[i] && writer.wanted < writer.size; ++i) {
+        const char c = token[i];
+        if (!str_IsDigit(c)) {
+            if (inSuper)
+                str_Write(writer, "</SUP>");
+            inSuper = false;
+            str_Write(writer, c);
+        } else if (inSuper || isPlainTwo(token, i)) {
+            str_Write(writer, c);
+        } else if (std::strncmp(token + i, "10^", 3) == 0) {
+            str_Write(writer, "10<SUP>");
+            i += token[i + 3] ? 3 : 2;
+            if (token[i] != '^')
+                str_Write(writer, token[i]);
+            inSuper = true;
+        } else {
+            str_Write(writer, "<SUP>");
+            str_Write(writer, c);
+            inSuper = true;
+        }
+    }
+    if (inSuper)
+        str_Write(writer, "</SUP>");
+}
+
+void copyName(int32_t slate, char *out, int32_t size) {
+    const UomSlate *record = slate_Record(slate);
+    if (out && size > 0)
+        str_CopyBounded(out, static_cast<size_t>(size), record ? record->name : nullptr);
+}
+
+} // namespace
+
+void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style) {
+    if (!out || size < 1)
+        return;
+    std::memset(out, 0, static_cast<size_t>(size));
+    const UomUnit *record = unit_Record(unit);
+    if (!record)
+        return;
+    style = style_Effective(style);
+    const char *text = style == STYLE_KEYWORD     ? record->keyword
+                       : style == STYLE_LONG_NAME ? record->description
+                                                  : record->token;
+    if (!text)
+        return;
+    TextWriter writer(out, static_cast<size_t>(size));
+    if (style == STYLE_TOKEN_SUPER)
+        writeSuper(writer, text);
+    else if (style == STYLE_TOKEN_UPPER)
+        writeUpper(writer, text);
+    else if (style == STYLE_HTML)
+        writeHtml(writer, text);
+    else
+        str_Write(writer, text);
+}
+
+void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style) {
+    if (!out || size < 2)
+        return;
+    TextWriter writer(out, static_cast<size_t>(size));
+    const UomClassRow *row = class_ValidRow(classId);
+    if (!row)
+        return;
+    style = style_Effective(style);
+    const char *text = style == STYLE_KEYWORD     ? row->keyword
+                       : style == STYLE_LONG_NAME ? row->name
+                                                  : row->token;
+    if (!text)
+        return;
+    if (style == STYLE_TOKEN_UPPER)
+        writeUpper(writer, text);
+    else
+        str_Write(writer, text);
+}
+
+char *uom_GetBaseName(int32_t slate, char *out) {
+    platform_Debug("COREKIT.DLL: call to deprecated function uom_GetBaseName.\n");
+    copyName(slate, out, OLD_NAME_SIZE);
+    return out;
+}
+
+char *uom_GetBaseName2(int32_t slate, char *out, int32_t size) {
+    copyName(slate, out, size);
+    return out;
+}
