@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "catalogue/state.h"
+#include "support/name_index.h"
 #include "support/text.h"
 
 namespace {
@@ -41,21 +42,56 @@ int32_t findKeyword(const char *text) {
     return CLASS_NONE;
 }
 
+NameIndex tokenIndex;
+
+bool hasToken(const UomClassRow *row, const char *text) {
+    return row && (str_EqualNoCase(row->token, text) || str_EqualNoCase(row->altToken, text));
+}
+
+// Tokens of all rows go before the first long name.
 int32_t findToken(const char *text) {
-    for (int32_t i = 0; i < uomClassCount; ++i) {
-        const UomClassRow *row = class_Row(i);
-        if (row && (str_EqualNoCase(row->token, text) || str_EqualNoCase(row->altToken, text)))
-            return i;
+    const UomClassRow *const *rows = tbl_Records<const UomClassRow>(uomClassTable);
+    const int32_t count = static_cast<int32_t>(tbl_Count(uomClassTable));
+    if (tokenIndex.places) {
+        const int32_t found =
+            names_Find(tokenIndex, text, [=](int32_t i) { return hasToken(rows[i], text); });
+        if (found >= 0)
+            return found;
     }
-    for (int32_t i = 0; i < uomClassCount; ++i) {
-        const UomClassRow *row = class_Row(i);
-        if (row && str_EqualNoCase(row->name, text))
+    for (int32_t i = 0; !tokenIndex.places && i < count; ++i)
+        if (hasToken(rows[i], text))
             return i;
-    }
+    for (int32_t i = 0; i < count; ++i)
+        if (rows[i] && str_EqualNoCase(rows[i]->name, text))
+            return i;
     return CLASS_NONE;
 }
 
 } // namespace
+
+void class_DropIndex() {
+    names_Free(tokenIndex);
+}
+
+static bool indexRow(uint32_t place) {
+    const UomClassRow *row = class_Row(static_cast<int32_t>(place));
+    for (const char *token : {row ? row->token : nullptr, row ? row->altToken : nullptr})
+        if (!str_IsEmpty(token) && !names_Add(tokenIndex, token, static_cast<int32_t>(place)))
+            return false;
+    return true;
+}
+
+void class_IndexTokens() {
+    const uint32_t count = tbl_Count(uomClassTable);
+    names_Reset(tokenIndex, 2 * count);
+    for (uint32_t i = 0; tokenIndex.places && i < count; ++i)
+        indexRow(i);
+}
+
+void class_IndexLastRow() {
+    if (!indexRow(tbl_Count(uomClassTable) - 1))
+        class_IndexTokens();
+}
 
 bool class_IsValid(int32_t classId) {
     return classId >= 1 && classId < uomClassCount;

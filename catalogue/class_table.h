@@ -28,6 +28,12 @@ UomClassRow *class_ValidRow(int32_t classId);
 // tokens and then at long names.
 int32_t class_Find(const char *text, int32_t style);
 
+// The fast way of class_Find to a token. Built with the class table and after each change of a row or a
+// token; without it (or without the memory for it) a look-up walks the table.
+void class_IndexTokens();
+void class_IndexLastRow(); // when a row was added
+void class_DropIndex();
+
 // Whether the class is expanded into components: its first or second slot is used.
 bool class_IsComposite(const UomClassRow &row);
 

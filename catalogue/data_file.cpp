@@ -296,7 +296,7 @@ const SectionKeyword sectionKeywords[] = {
 
 const SectionKeyword *findKeyword(const char *word) {
     for (const SectionKeyword &keyword : sectionKeywords)
-        if (std::strcmp(word, keyword.word) == 0)
+        if (*word == *keyword.word && std::strcmp(word, keyword.word) == 0)
             return &keyword;
     return nullptr;
 }

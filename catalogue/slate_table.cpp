@@ -1,8 +1,30 @@
 #include "catalogue/slate_table.h"
 
 #include "catalogue/state.h"
+#include "support/name_index.h"
 #include "support/table.h"
 #include "support/text.h"
+
+static NameIndex nameIndex;
+
+static bool indexSlate(int32_t place) {
+    const UomSlate *slate = slate_AnyRecord(place);
+    return !slate || !slate->name || names_Add(nameIndex, slate->name, place);
+}
+
+void slate_IndexNames() {
+    const int32_t count = uom_GetSetCount();
+    if (count == 0)
+        return names_Free(nameIndex);
+    names_Reset(nameIndex, static_cast<uint32_t>(count));
+    for (int32_t i = 0; nameIndex.places && i < count; ++i)
+        indexSlate(i);
+}
+
+void slate_IndexLast() {
+    if (!indexSlate(uom_GetSetCount() - 1))
+        slate_IndexNames();
+}
 
 bool slate_IsValid(int32_t slate) {
     return slate > UOM_SET_NULL && slate < UOM_SET_MAX;
@@ -23,12 +45,13 @@ int32_t uom_GetSetCount() {
 int32_t uom_GetSetType(const char *name) {
     if (!name || UOM_SET_MAX < 1)
         return -1;
-    const int32_t count = uom_GetSetCount();
-    for (int32_t i = 0; i < count; ++i) {
-        const UomSlate *slate = slate_AnyRecord(i);
-        if (slate && str_EqualNoCase(slate->name, name))
+    const UomSlate *const *slates = tbl_Records<const UomSlate>(uomSlateTable);
+    const auto bears = [=](int32_t i) { return slates[i] && str_EqualNoCase(slates[i]->name, name); };
+    if (nameIndex.places)
+        return names_Find(nameIndex, name, bears);
+    for (int32_t i = 0; i < uom_GetSetCount(); ++i)
+        if (bears(i))
             return i;
-    }
     return -1;
 }
 

@@ -129,16 +129,18 @@ void freeUnitTable() {
     unit_DropIndex();
 }
 
-void freeCustomRows() {
+// The table and the custom rows.
+void freeClassTable() {
     for (uint32_t i = STATIC_CLASSES; i < tbl_Count(uomClassTable); ++i)
         class_FreeRow(class_Row(static_cast<int32_t>(i)));
+    tbl_Free(uomClassTable);
+    uomClassTable = nullptr;
+    class_DropIndex();
 }
 
 // A failed start left its tables; the class and unit tables are made anew and would be lost.
 void freeFailedStart() {
-    freeCustomRows();
-    tbl_Free(uomClassTable);
-    uomClassTable = nullptr;
+    freeClassTable();
     freeUnitTable();
 }
 
@@ -149,6 +151,7 @@ bool enterClassRows() {
         tbl_PutRecord(uomClassTable, i, &uomStaticRows[i]);
         ++uomClassCount;
     }
+    class_IndexTokens();
     return uomClassTable != nullptr;
 }
 
@@ -223,6 +226,7 @@ bool renameByMode() {
     }
     uomStaticRows[CLASS_LIQ_VOL].altToken = "Vol";
     unit_IndexTokens();
+    class_IndexTokens();
     return done;
 }
 
@@ -331,9 +335,7 @@ void uom_Cleanup(void) {
     for (int32_t i = 1; i < uomClassCount; ++i)
         if (UomClassRow *row = class_Row(i))
             freeLists(row);
-    freeCustomRows();
-    tbl_Free(uomClassTable);
-    uomClassTable = nullptr;
+    freeClassTable();
     for (UomTable *&list : uomListTables) {
         tbl_Free(list);
         list = nullptr;

@@ -5,21 +5,42 @@
 #include "catalogue/class_table.h"
 #include "catalogue/state.h"
 #include "support/memory.h"
+#include "support/name_index.h"
 #include "support/text.h"
 
 namespace {
 
-// An open hash of unit indices by token without regard to case; -1 marks a free place. The first unit of a
-// token is entered first and found first.
-int32_t *tokenIndex = nullptr;
-uint32_t tokenIndexMask = 0;
+// The two first letters of a unit's name in small letters, as far as they are sure to stand in a text that
+// names it: behind a blank, which the text may leave out, nothing is. A scan compares these before it looks
+// at a name.
+struct NameHead {
+    uint16_t letters;
+    uint16_t mask;
+};
+NameHead *unitHeads = nullptr; // of all tokens, then of all keywords; null when there is no memory for them
+uint32_t unitHeadCount = 0;    // units that have them
 
-uint32_t hashToken(std::string_view token) {
-    uint32_t hash = 2166136261u;
-    for (const char c : token)
-        hash = (hash ^ static_cast<uint8_t>(str_Lower(c))) * 16777619u;
-    return hash;
+uint16_t headLetters(char first, char second) {
+    return static_cast<uint16_t>(static_cast<uint8_t>(str_Lower(first)) |
+                                 static_cast<uint8_t>(str_Lower(second)) << 8);
 }
+
+uint16_t headLetters(const char *text) {
+    return *text ? headLetters(text[0], text[1]) : uint16_t{0};
+}
+
+NameHead headOf(const char *name) {
+    if (!name || name[0] == ' ')
+        return {0, 0};
+    const uint16_t mask = name[0] == '\0' ? 0 : name[1] == '\0' || name[1] == ' ' ? 0x00FF : 0xFFFF;
+    return {static_cast<uint16_t>(headLetters(name) & mask), mask};
+}
+
+bool mayStandAt(NameHead head, uint16_t letters) {
+    return (letters & head.mask) == head.letters;
+}
+
+NameIndex tokenIndex;
 
 const UomUnit *record(int32_t index) {
     return tbl_Record<UomUnit>(uomUnitTable, index);
@@ -29,19 +50,26 @@ bool hasToken(const UomUnit *unit, std::string_view token) {
     return unit && unit->token && str_EqualNoCase(std::string_view(unit->token), token);
 }
 
-// How much of the text the unit's name takes, 0 when it does not stand there.
-size_t matchHead(const char *name, std::string_view text, bool blanksMayMiss) {
-    // Nearly every name parts from the text at its first letter.
-    if (!name || text.empty() || (str_Lower(*name) != str_Lower(text.front()) && *name != ' '))
-        return 0;
-    const std::string_view whole(name);
-    if (str_StartsNoCase(text, whole))
-        return whole.size();
-    if (!blanksMayMiss || !std::strchr(name, ' '))
-        return 0;
-    char packed[256];
-    const std::string_view shorter(packed, str_RemoveBlanks(packed, sizeof packed, whole));
-    return str_StartsNoCase(text, shorter) ? shorter.size() : 0;
+// How much of the text the name takes, 0 when it does not stand there.
+size_t matchHead(const char *name, const char *text) {
+    size_t length = 0;
+    for (; name[length]; ++length)
+        if (str_Lower(name[length]) != str_Lower(text[length]))
+            return 0;
+    return length;
+}
+
+// The same with the name's blanks left out.
+size_t matchPackedHead(const char *name, const char *text) {
+    size_t length = 0;
+    for (; *name; ++name) {
+        if (*name == ' ')
+            continue;
+        if (str_Lower(*name) != str_Lower(text[length]))
+            return 0;
+        ++length;
+    }
+    return length;
 }
 
 bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
@@ -71,12 +99,10 @@ const char *unit_Token(int32_t unit) {
 }
 
 int32_t unit_FindToken(std::string_view token) {
-    if (tokenIndex) {
-        for (uint32_t place = hashToken(token) & tokenIndexMask; tokenIndex[place] >= 0;
-             place = (place + 1) & tokenIndexMask)
-            if (hasToken(record(tokenIndex[place]), token))
-                return tokenIndex[place];
-        return UOM_NULL;
+    if (tokenIndex.places) {
+        const int32_t found =
+            names_Find(tokenIndex, token, [=](int32_t i) { return hasToken(record(i), token); });
+        return found < 0 ? UOM_NULL : found;
     }
     const int32_t count = static_cast<int32_t>(tbl_Count(uomUnitTable));
     for (int32_t i = 0; i < count; ++i)
@@ -94,32 +120,33 @@ int32_t unit_FindJoined(std::string_view head, std::string_view tail) {
 }
 
 void unit_DropIndex() {
-    mem_Free(tokenIndex);
-    tokenIndex = nullptr;
+    names_Free(tokenIndex);
+    mem_Free(unitHeads);
+    unitHeads = nullptr;
+    unitHeadCount = 0;
+}
+
+static void indexHeads(uint32_t count) {
+    unitHeads = mem_NewArray<NameHead>(2 * size_t{count});
+    unitHeadCount = unitHeads ? count : 0;
+    for (uint32_t i = 0; i < unitHeadCount; ++i) {
+        const UomUnit *unit = record(static_cast<int32_t>(i));
+        unitHeads[i] = headOf(unit ? unit->token : nullptr);
+        unitHeads[count + i] = headOf(unit ? unit->keyword : nullptr);
+    }
 }
 
 void unit_IndexTokens() {
     unit_DropIndex();
     const uint32_t count = tbl_Count(uomUnitTable);
-    uint32_t size = 64;
-    while (size < 2 * count)
-        size *= 2;
-    int32_t *places = mem_NewArray<int32_t>(size);
-    if (!places)
+    indexHeads(count);
+    if (!names_Reset(tokenIndex, count))
         return;
-    std::memset(places, -1, size * sizeof *places);
-    const uint32_t mask = size - 1;
     for (uint32_t i = 0; i < count; ++i) {
         const UomUnit *unit = record(static_cast<int32_t>(i));
-        if (!unit || !unit->token)
-            continue;
-        uint32_t place = hashToken(unit->token) & mask;
-        while (places[place] >= 0)
-            place = (place + 1) & mask;
-        places[place] = static_cast<int32_t>(i);
+        if (unit && unit->token)
+            names_Add(tokenIndex, unit->token, static_cast<int32_t>(i));
     }
-    tokenIndex = places;
-    tokenIndexMask = mask;
 }
 
 int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int32_t *length) {
@@ -127,15 +154,23 @@ int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int3
     const int32_t *units = uom_GetClassUnits(classId);
     if (!units || !text)
         return UOM_NULL;
-    const std::string_view view(text);
+    const uint16_t letters = headLetters(text);
     const bool byKeyword = style == STYLE_KEYWORD;
+    const uint32_t headCount = unitHeadCount;
+    const NameHead *const heads = byKeyword ? unitHeads + headCount : unitHeads;
     int32_t best = UOM_NULL;
     size_t bestLength = 0;
     for (; *units != UOM_NULL; ++units) {
-        const UomUnit *unit = record(*units);
-        if (!unit)
+        const uint32_t place = static_cast<uint32_t>(*units);
+        if (place < headCount && !mayStandAt(heads[place], letters))
             continue;
-        const size_t matched = matchHead(byKeyword ? unit->keyword : unit->token, view, !byKeyword);
+        const UomUnit *unit = record(*units);
+        const char *name = !unit ? nullptr : byKeyword ? unit->keyword : unit->token;
+        if (!name)
+            continue;
+        size_t matched = matchHead(name, text);
+        if (matched == 0 && !byKeyword)
+            matched = matchPackedHead(name, text);
         if (matched > bestLength) {
             best = *units;
             bestLength = matched;

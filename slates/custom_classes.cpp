@@ -86,6 +86,7 @@ int32_t addRow(const char *name, const char *definition, int32_t definitionClass
         return CLASS_NO_MEMORY;
     }
     ++uomClassCount;
+    class_IndexLastRow();
     return CLASS_DONE;
 }
 
@@ -172,6 +173,7 @@ int32_t uoms_DeleteClass(const char *name) {
     class_FreeRow(row);
     tbl_Remove(uomClassTable, static_cast<uint32_t>(classId), 1);
     uomClassCount = static_cast<int32_t>(tbl_Count(uomClassTable));
+    class_IndexTokens();
     // The field no longer tells the place of the row, kept: readers of class numbers go by the place.
     for (int32_t i = classId; i < uomClassCount; ++i)
         if (UomClassRow *later = class_Row(i))

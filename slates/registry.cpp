@@ -145,6 +145,7 @@ int32_t uoms_NewSet(const char *name) {
         return -1;
     }
     refreshSlateCount();
+    slate_IndexLast();
     return UOM_SET_MAX - 1;
 }
 
@@ -222,6 +223,7 @@ int32_t uom_DeleteSet(int32_t slate) {
         if (UomSlate *record = slate_AnyRecord(slate))
             freeSlate(record);
         tbl_Remove(uomSlateTable, static_cast<uint32_t>(slate), 1);
+        slate_IndexNames();
     }
     refreshSlateCount();
     return exists ? 0 : 1;
@@ -238,6 +240,7 @@ void uoms_RenameSet(const char *oldName, const char *newName) {
         return;
     mem_Free(slate->name);
     slate->name = copy;
+    slate_IndexNames();
 }
 
 int32_t uoms_ClearSet(const char *name) {

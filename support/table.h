@@ -36,6 +36,11 @@ template <class Record> Record *tbl_Record(const UomTable *table, int64_t index)
     return static_cast<Record **>(table->data)[index];
 }
 
+// The records of a table of 64-bit elements, all `tbl_Count` of them, for a walk; null for an empty table.
+template <class Record> Record *const *tbl_Records(const UomTable *table) {
+    return table && table->width == 8 ? static_cast<Record *const *>(table->data) : nullptr;
+}
+
 inline int32_t tbl_PutRecord(UomTable *table, uint32_t index, const void *record) {
     return tbl_PutPointer(table, index, reinterpret_cast<uintptr_t>(record));
 }

@@ -88,48 +88,44 @@ char *str_TrimLeft(char *text) {
     return text;
 }
 
+// The characters that end a token. Those of the library stand below the letters, so one comparison settles
+// most.
+struct Delimiters {
+    const char *set;
+    uint8_t highest = 0;
+    explicit Delimiters(const char *characters) : set(characters) {
+        for (const char *c = set; *c; ++c)
+            highest = static_cast<uint8_t>(*c) > highest ? static_cast<uint8_t>(*c) : highest;
+    }
+    bool hold(char c) const {
+        if (static_cast<uint8_t>(c) > highest || c == '\0')
+            return false;
+        const char *member = set;
+        while (*member && *member != c)
+            ++member;
+        return *member != '\0';
+    }
+};
+
 char *str_NextToken(char *text, const char *delimiters) {
     if (!text || !*text || !delimiters || !*delimiters)
         return nullptr;
-    char *token = text + std::strspn(text, delimiters);
+    const Delimiters between(delimiters);
+    char *token = text;
+    while (between.hold(*token))
+        ++token;
     if (!*token)
         return nullptr;
     const char quote[2] = {*token, '\0'};
     const bool quoted = *token == '\'' || *token == '"';
     if (quoted)
         *token++ = '\0';
-    char *end = token + std::strcspn(token, quoted ? quote : delimiters);
+    const Delimiters behind(quoted ? quote : delimiters);
+    char *end = token;
+    while (*end && !behind.hold(*end))
+        ++end;
     *end = '\0';
     return token;
-}
-
-char str_Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-char str_Upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
-
-bool str_IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool str_IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-bool str_IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool str_EqualNoCase(const char *a, const char *b) {
-    if (!a || !b)
-        return false;
-    for (; str_Lower(*a) == str_Lower(*b); ++a, ++b)
-        if (!*a)
-            return true;
-    return false;
 }
 
 bool str_EqualNoCase(std::string_view a, std::string_view b) {

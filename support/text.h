@@ -50,14 +50,38 @@ inline char *str_BehindToken(char *token, size_t length, char *end) {
     return token + length < end ? token + length + 1 : end;
 }
 
-char str_Lower(char c);
-char str_Upper(char c);
-bool str_IsLetter(char c);
-bool str_IsDigit(char c);
-bool str_IsSpace(char c);
+// Letters, digits and white space of ASCII alone.
+inline char str_Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+inline char str_Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+inline bool str_IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+inline bool str_IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+inline bool str_IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
 
 // A null text equals nothing.
-bool str_EqualNoCase(const char *a, const char *b);
+inline bool str_EqualNoCase(const char *a, const char *b) {
+    if (!a || !b)
+        return false;
+    for (; str_Lower(*a) == str_Lower(*b); ++a, ++b)
+        if (!*a)
+            return true;
+    return false;
+}
+
+// The same with the first letter in hand, in small letters: a long search meets few names that begin alike.
+inline bool str_EqualNoCase(const char *a, const char *b, char firstOfB) {
+    return a && str_Lower(*a) == firstOfB && str_EqualNoCase(a, b);
+}
+
 bool str_EqualNoCase(std::string_view a, std::string_view b);
 bool str_StartsNoCase(std::string_view text, std::string_view head);
 

@@ -45,12 +45,21 @@ MultiplierResult findSi(const char *text, int32_t *multiplier, const char **rest
     return MULTIPLIER_UNKNOWN;
 }
 
+// The length of a head that stands there, letters' case included, else 0.
+size_t lengthOfHead(const char *text, const char *head) {
+    size_t length = 0;
+    for (; head[length]; ++length)
+        if (text[length] != head[length])
+            return 0;
+    return length;
+}
+
 // A multiplier set off by a blank goes before the longest that stands directly in front of the unit.
 MultiplierResult findApi(const char *text, int32_t *multiplier, const char **rest) {
     size_t longest = 0;
     for (const UomMultiplierRow *row = uomMultipliers; row->code != LAST_ROW; ++row) {
-        const size_t length = std::strlen(row->apiText);
-        if (std::strncmp(text, row->apiText, length) != 0)
+        const size_t length = lengthOfHead(text, row->apiText);
+        if (length == 0)
             continue;
         if (text[length] == ' ') {
             *multiplier = row->code;

@@ -29,11 +29,13 @@ struct UnitStringParser {
     const char *start; // of the normal form
     const char *text;  // what is left of it
     int32_t style;
-    SignStack signs = {};
+    SignStack signs;
     GroupMode groupMode = NO_GROUP;
     int32_t groupExponent = 1;
     UomStruct compositeEnd = nullptr; // last node of the composite class being read
     int32_t opened = 0;               // a "(" was passed on the way to the unit in hand
+    UnitStringParser(const char *normalForm, int32_t scanStyle)
+        : start(normalForm), text(normalForm), style(scanStyle) {}
 };
 
 // The character of the normal form where a place is, from 1.
@@ -123,8 +125,12 @@ int32_t countOpenAhead(const char *text) {
 // Finds the unit with as few parentheses passed as possible, since a unit's name may begin with one.
 FoundUnit findPlainUnit(UnitStringParser &parser, int32_t classId) {
     const char *const from = parser.text;
-    const SignStack signs = parser.signs;
     const int32_t openAhead = countOpenAhead(from);
+    if (openAhead == 0) {
+        skipToUnit(parser, 0);
+        return unit_FindAtHead(classId, parser.text, parser.style);
+    }
+    const SignStack signs = parser.signs;
     FoundUnit found = {};
     for (int32_t passed = 0; passed <= openAhead; ++passed) {
         parser.text = from;
@@ -380,7 +386,7 @@ int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t
         return FILL_NO_MEMORY;
     }
     unit_Normalize(normal.text, uomString);
-    UnitStringParser parser = {normal.text, normal.text, style};
+    UnitStringParser parser(normal.text, style);
     const FillStatus status = readChain(parser, chain);
     if (status == FILL_TOO_DEEP)
         error_Set("UOM string \"%s\" at character %d: more than %d open parentheses.", parser.start,

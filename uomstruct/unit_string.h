@@ -9,9 +9,10 @@ constexpr int32_t MAX_GROUPS = 32;
 // The sign of the units to come, and those saved at each "(" of the text that is still open.
 struct SignStack {
     int32_t sign = 1;
-    int32_t saved[MAX_GROUPS] = {};
     int32_t depth = 0;
+    int32_t saved[MAX_GROUPS]; // `depth` of them
     bool tooDeep = false; // more than MAX_GROUPS were opened: the parse fails
+    SignStack() {}        // leaves `saved` as it is: most texts open nothing
 };
 
 // The next unit name: a letter, "$", or the end of the text; or the "(" behind `maxOpen` others. Parentheses
