@@ -23,8 +23,14 @@ __attribute__((target("avx2"))) static void convertAvx2(double *values, size_t c
     LINEAR_LOOP(values, count, offset, factor);
 }
 
-__attribute__((target("avx512f,prefer-vector-width=512"))) static void
-convertAvx512(double *values, size_t count, double offset, double factor) {
+#if defined(__clang__)
+#define WIDEST "avx512f"
+#else
+#define WIDEST "avx512f,prefer-vector-width=512"
+#endif
+
+__attribute__((target(WIDEST))) static void convertAvx512(double *values, size_t count, double offset,
+                                                          double factor) {
     LINEAR_LOOP(values, count, offset, factor);
 }
 
