@@ -32,42 +32,53 @@ Default pairOf(const UomTable *table, int64_t place) {
     return {elementOf(table, 2 * place), elementOf(table, 2 * place + 1)};
 }
 
-// The pair of the first slot that holds the component, UOM_NULL when the slate states none.
-Default componentPair(const UomSlate &slate, int32_t classId, int32_t component) {
+// Reads what one slate states for a base class.
+void readStated(const UomSlate &slate, int32_t classId, Default &found) {
+    found.unit = elementOf(slate.classDefaults, 2 * int64_t{classId});
+    if (found.unit > UOM_NULL)
+        found.multiplier = elementOf(slate.classDefaults, 2 * int64_t{classId} + 1);
+}
+
+// Reads what one slate states for the first slot that holds the component; nothing where it states none.
+void readStated(const UomSlate &slate, int32_t classId, int32_t component, Default &found) {
     const UomTable *stated = tbl_Record<UomTable>(slate.compositeDefaults, classId);
     const UomClassRow *row = class_ValidRow(classId);
     const int32_t slots = uom_GetUnitMax(classId);
     for (int32_t slot = 0; stated && row && slot < slots && static_cast<uint32_t>(slot) < stated->count;
-         ++slot)
-        if (row->baseClass[slot] != 0 && row->baseClass[slot] == component)
-            return pairOf(stated, slot);
-    return {UOM_NULL, 0};
+         ++slot) {
+        if (row->baseClass[slot] == 0 || row->baseClass[slot] != component)
+            continue;
+        found = pairOf(stated, slot);
+        return;
+    }
 }
 
-// Asks one slate after the other, from this one upward, until one states a unit.
-template <class Stated> Default inherited(int32_t slate, Stated stated) {
+// Asks one slate after the other, from this one upward, until one states a unit. Without one the result is
+// what was read last.
+template <class Read> Default inherited(int32_t slate, Read read) {
+    Default found = {UOM_NULL, 0};
     SlatePath path;
     while (slate_Visit(path, slate)) {
         const UomSlate *record = slate_AnyRecord(slate);
         if (!record)
             break;
-        const Default found = stated(*record);
-        if (found.unit > UOM_NULL)
-            return found;
-        slate = slate_Parent(*record);
+        read(*record, found);
+        slate = found.unit > UOM_NULL ? UOM_SET_NULL : slate_Parent(*record);
         if (slate < 1)
             break;
     }
-    return {UOM_NULL, 0};
+    return found;
 }
 
 Default baseDefault(int32_t classId, int32_t slate) {
-    return inherited(slate, [=](const UomSlate &record) { return pairOf(record.classDefaults, classId); });
+    return inherited(slate,
+                     [=](const UomSlate &record, Default &found) { readStated(record, classId, found); });
 }
 
 Default compositeDefault(int32_t classId, int32_t component, int32_t slate) {
-    return inherited(slate,
-                     [=](const UomSlate &record) { return componentPair(record, classId, component); });
+    return inherited(slate, [=](const UomSlate &record, Default &found) {
+        readStated(record, classId, component, found);
+    });
 }
 
 Default nodeDefault(int32_t classId, int32_t component, int32_t slate) {

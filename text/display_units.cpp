@@ -172,8 +172,8 @@ int32_t relativeExponent(const UomStructNode *node) {
         return node->baseExponent;
     if (node->exponent != 0)
         return static_cast<int32_t>(int64_t{node->baseExponent} / node->exponent);
-    const int32_t slot = node->tag - TAG_COMPONENT;
-    return slot >= 0 && slot < COMPOSITE_SLOTS ? row->baseExponent[slot] : 1;
+    const bool isComponent = node->tag >= TAG_COMPONENT && node->tag < TAG_COMPONENT + COMPOSITE_SLOTS;
+    return isComponent ? row->baseExponent[node->tag - TAG_COMPONENT] : 1;
 }
 
 bool endsInDigit(const char *token) {

@@ -52,9 +52,9 @@ void writeHtml(TextWriter &writer, const char *token) {
             str_Write(writer, c);
         } else if (std::strncmp(token + i, "10^", 3) == 0) {
             str_Write(writer, "10<SUP>");
-            i += token[i + 3] ? 3 : 2;
-            if (token[i] != '^')
-                str_Write(writer, token[i]);
+            i += 2;
+            if (token[i + 1])
+                str_Write(writer, token[++i]);
             inSuper = true;
         } else {
             str_Write(writer, "<SUP>");
