@@ -1,0 +1,212 @@
+#include "slates/unit_pairs.h"
+
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/state.h"
+#include "slates/lists.h"
+#include "support/memory.h"
+#include "support/text.h"
+#include "text/styles.h"
+#include "uomstruct/chain.h"
+#include "uomstruct/quotients.h"
+
+namespace {
+
+constexpr size_t CLASS_SIZE = 64;
+constexpr size_t UNIT_SIZE = 256;
+constexpr size_t PAIR_SIZE = 328;
+
+bool openOutput(char *out, int32_t size) {
+    if (!out || size < 1)
+        return false;
+    *out = '\0';
+    return true;
+}
+
+void formatPair(char *pair, UomStruct node) {
+    char className[CLASS_SIZE];
+    char multiplier[8];
+    char unit[UNIT_SIZE];
+    uom_GetClassText(node->baseClass, className, sizeof className, STYLE_TOKEN);
+    uom_GetUOMMultiplierString(node, multiplier, sizeof multiplier);
+    uom_GetUnitText(node->unit, unit, sizeof unit, STYLE_TOKEN);
+    str_FormatBounded(pair, PAIR_SIZE, "%s:%s%s", className, multiplier, unit);
+}
+
+// --- from pairs to a chain
+
+struct PairWalk {
+    bool takeNext = false; // the next entry is of the class that the basis chose, whatever it calls itself
+    bool skipNext = false; // the next node belongs to a unit that is a whole quotient
+    int32_t status = 0;
+};
+
+// Whole quotients here as elsewhere, but for the volt-ampere units in thousands, which are left out, kept.
+bool isWholeUnit(int32_t classId, int32_t unit) {
+    for (const int32_t *left : {&UOM_U_KVA, &UOM_U_KVAR, &UOM_U_E6_KVA, &UOM_U_E6_KVAR})
+        if (*left == unit)
+            return false;
+    return unit_IsWholeQuotient(classId, unit);
+}
+
+void readUnit(PairWalk &walk, UomStruct node, const char *text) {
+    if (!*text) {
+        node->unit = UOM_NULL;
+        node->multiplier = 0;
+        return;
+    }
+    int32_t consumed, multiplier, unit;
+    walk.status =
+        uom_FindUnitFromString(node->baseClass, text, defaultScanUOMStyle, &consumed, &multiplier, &unit);
+    if (walk.status != 0)
+        return;
+    chain_SetUnit(node, unit);
+    node->multiplier = multiplier;
+}
+
+void applyClassRule(PairWalk &walk, UomStruct node, int32_t classId) {
+    if (!node->next)
+        return;
+    if (classId == CLASS_BASIS) {
+        const int32_t chosen = uom_ClassFromBasis(node->unit);
+        if (chosen != CLASS_NONE)
+            node->next->baseClass = chosen;
+        walk.takeNext = true;
+    } else if (isWholeUnit(classId, node->unit)) {
+        node->next->unit = UOM_NULL;
+        walk.skipNext = true;
+    }
+}
+
+void applyPair(PairWalk &walk, UomStruct node, const char *pair) {
+    const char *colon = std::strchr(pair, ':');
+    const char *unit = colon ? colon + 1 : pair;
+    unit += std::strspn(unit, " \t");
+    char className[UNIT_SIZE];
+    str_CopyBounded(className, sizeof className,
+                    std::string_view(pair, colon ? static_cast<size_t>(colon - pair) : 0));
+    const int32_t classId = class_Find(className, STYLE_TOKEN);
+    if (walk.takeNext) {
+        walk.takeNext = false;
+    } else if (walk.skipNext) {
+        walk.skipNext = false;
+        return;
+    } else if (classId != node->baseClass) {
+        return;
+    }
+    readUnit(walk, node, unit);
+    applyClassRule(walk, node, classId);
+}
+
+int32_t find(char **pairs, int32_t count, std::string_view head) {
+    for (int32_t i = 0; i < count; ++i)
+        if (str_StartsNoCase(pairs[i], head))
+            return i;
+    return -1;
+}
+
+} // namespace
+
+char **uoms_GetClassUnitPairs(const char *classString, const char *unitString, int32_t *count) {
+    if (!count)
+        return nullptr;
+    *count = 0;
+    if (str_IsEmpty(classString) || str_IsEmpty(unitString))
+        return nullptr;
+    const ScopedChain chain(uoms_New(classString));
+    if (!chain.chain || uom_FillStructFromString(chain.chain, unitString, STYLE_TOKEN) != 0)
+        return nullptr;
+    void *block = nullptr;
+    const int32_t nodes = uom_GetUnitCount(chain.chain);
+    if (mem_Calloc(&block, static_cast<size_t>(nodes) + 1, sizeof(char *)) != 0)
+        return nullptr;
+    char **pairs = static_cast<char **>(block);
+    UomStruct node = chain.chain;
+    for (int32_t i = 0; i < nodes; ++i, node = node->next) {
+        char pair[PAIR_SIZE];
+        formatPair(pair, node);
+        if (mem_DupText(&pairs[i], pair) != 0) {
+            uoms_FreeArray(pairs);
+            return nullptr;
+        }
+    }
+    *count = nodes;
+    return pairs;
+}
+
+int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName,
+                               int32_t size, char *out) {
+    if (!openOutput(out, size) || str_IsEmpty(classString) || !pairs)
+        return 1;
+    const ScopedChain chain(uoms_New(classString));
+    if (!chain.chain)
+        return 2;
+    const int32_t style = uom_StyleFromName(styleName, nullptr);
+    PairWalk walk;
+    for (UomStruct node = chain.chain; node && *pairs; node = node->next, ++pairs)
+        applyPair(walk, node, *pairs);
+    if (walk.status != 0)
+        return walk.status;
+    uom_BuildClassString(chain.chain, out, size, style);
+    str_AppendBounded(out, static_cast<size_t>(size), ":");
+    const int32_t used = static_cast<int32_t>(std::strlen(out));
+    uom_GetDisplayUnits(chain.chain, out + used, size - used, style);
+    return 0;
+}
+
+int32_t uoms_GetClassWithBasis(const char *classString, const char *basis, int32_t size, char *out) {
+    if (!classString || !openOutput(out, size))
+        return 1;
+    str_CopyBounded(out, static_cast<size_t>(size), classString);
+    int32_t count;
+    char **pairs = uoms_GetClassUnitPairs(classString, "Current", &count);
+    const int32_t place = basis && pairs ? find(pairs, count - 1, "Basis") : -1;
+    if (place >= 0) {
+        char basisPair[PAIR_SIZE];
+        char amountPair[PAIR_SIZE];
+        str_FormatBounded(basisPair, sizeof basisPair, "Basis:%s", basis);
+        str_FormatBounded(amountPair, sizeof amountPair, "%s:", basis);
+        char *const saved[] = {pairs[place], pairs[place + 1]};
+        pairs[place] = basisPair;
+        pairs[place + 1] = amountPair;
+        char text[128];
+        if (uoms_PutClassUnitPairs(classString, pairs, "token", sizeof text, text) == 0) {
+            text[std::strcspn(text, ":")] = '\0';
+            str_CopyBounded(out, static_cast<size_t>(size), text);
+        }
+        pairs[place] = saved[0];
+        pairs[place + 1] = saved[1];
+    }
+    uoms_FreeArray(pairs);
+    return 0;
+}
+
+int32_t uoms_GetBasisWord(const char *classString, const char *unitString, int32_t size, char *out) {
+    if (!openOutput(out, size))
+        return UOM_NULL;
+    const int32_t basis = uoms_GetBasis(classString, unitString);
+    uom_GetUnitText(basis, out, size, STYLE_TOKEN);
+    for (const char *word : {"Mass", "Mole", "Volume"})
+        if (std::strcmp(out, word) == 0)
+            *out = str_Lower(*out);
+    return basis;
+}
+
+int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size,
+                         char *out) {
+    if (!openOutput(out, size) || str_IsEmpty(classString) || str_IsEmpty(text))
+        return 1;
+    const int32_t style = uom_StyleFromName(styleName, nullptr);
+    if (uom_GetSetType(text) >= 1) {
+        uoms_GetDisplayUnits(classString, text, out, size, style);
+        return 0;
+    }
+    const ScopedChain chain(uoms_New(classString));
+    if (!chain.chain)
+        return 2;
+    const int32_t status = uom_FillStructFromString(chain.chain, text, defaultScanUOMStyle);
+    if (status == 0)
+        uom_GetDisplayUnits(chain.chain, out, size, style);
+    return status;
+}
