@@ -1,0 +1,133 @@
+// The ways into the report, and the stream that it goes to.
+#include "report/report.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include "catalogue/slate_table.h"
+#include "catalogue/state.h"
+#include "support/scoped.h"
+#include "support/table.h"
+#include "support/text.h"
+
+namespace {
+
+struct ReportWord {
+    const char *word;
+    int32_t options;
+};
+const ReportWord reportWords[] = {
+    {"enduser", REPORT_DEFAULT - REPORT_SAMPLES + REPORT_END_USER},
+    {"full", REPORT_DEFAULT},
+    {"javadoc", REPORT_DEFAULT - REPORT_SAMPLES + REPORT_END_USER + REPORT_HTML},
+    {"excel", REPORT_DEFAULT - REPORT_SAMPLES + REPORT_END_USER + REPORT_TAB},
+    {"uomslates", REPORT_DEFINITIONS},
+};
+
+// The standard output for a null or empty path. Null, with the reason in `failure`, when the file cannot be
+// made.
+FILE *openOutput(const char *path, int32_t *failure) {
+    *failure = 0;
+    if (str_IsEmpty(path))
+        return stdout;
+    errno = 0;
+    FILE *out = std::fopen(path, "w");
+    if (!out)
+        *failure = errno != 0 ? errno : 1;
+    return out;
+}
+
+int32_t closeOutput(FILE *out) {
+    const int32_t status = std::fflush(out);
+    if (out != stdout)
+        std::fclose(out);
+    return status;
+}
+
+void writeSections(const Report &report) {
+    report_Title(report);
+    report_Notes(report);
+    if (report.options & (REPORT_SLATES | REPORT_CLASSES))
+        report_ClassTable(report);
+    if (report.options & REPORT_CLASSES)
+        report_Definitions(report);
+    if (report.options & REPORT_SAMPLES)
+        report_Samples(report);
+    if (report.options & REPORT_UNITS) {
+        report_Units(report);
+        report_CommonLists(report);
+    }
+    if (report.options & REPORT_HTML)
+        std::fputs("</BODY></HTML>", report.out);
+}
+
+void writeDefinition(FILE *out, const UomSlate &slate) {
+    const ScopedTable lines(uoms_GetSetDefinition(slate.name, 2));
+    for (uint32_t i = 0; i < tbl_Count(lines.table); ++i)
+        std::fprintf(out, "%s\n", tbl_GetText(lines.table, i));
+}
+
+void writeDefinitions(FILE *out) {
+    for (int32_t i = 1; i < UOM_SET_MAX; ++i) {
+        const UomSlate *slate = slate_Record(i);
+        if (!slate || i == UOM_SET_CURRENT || slate->allowModify == 0)
+            continue;
+        if (i > 1)
+            std::fputs("\n", out);
+        writeDefinition(out, *slate);
+    }
+    std::fputs("\n", out);
+    if (const UomSlate *current = slate_Record(UOM_SET_CURRENT))
+        writeDefinition(out, *current);
+}
+
+bool isWrapping(char c) {
+    return str_IsSpace(c) || c == '"' || c == '\'';
+}
+
+// A path as users paste it: without the blanks and quotes round it.
+void cleanPath(char *out, size_t size, const char *path) {
+    std::string_view view(path ? path : "");
+    while (!view.empty() && isWrapping(view.front()))
+        view.remove_prefix(1);
+    while (!view.empty() && isWrapping(view.back()))
+        view.remove_suffix(1);
+    str_CopyBounded(out, size, view);
+}
+
+} // namespace
+
+int32_t uom_Dump(int32_t options, const char *path) {
+    if (options & REPORT_DEFINITIONS) {
+        const size_t size = path ? std::strlen(path) + 1 : 1;
+        const ScratchText clean(size);
+        if (!clean.text)
+            return ENOMEM;
+        cleanPath(clean.text, size, path);
+        return uom_DumpSlates(clean.text);
+    }
+    int32_t failure;
+    FILE *out = openOutput(path, &failure);
+    if (!out)
+        return failure;
+    writeSections({out, options == 0 ? int32_t{REPORT_DEFAULT} : options});
+    return closeOutput(out);
+}
+
+int32_t uom_DumpByName(const char *word, const char *path) {
+    int32_t options = REPORT_DEFAULT;
+    for (const ReportWord &entry : reportWords)
+        if (str_EqualNoCase(word, entry.word))
+            options = entry.options;
+    uom_Dump(options, path);
+    return 0;
+}
+
+int32_t uom_DumpSlates(const char *path) {
+    int32_t failure;
+    FILE *out = openOutput(path, &failure);
+    if (!out)
+        return failure;
+    writeDefinitions(out);
+    return closeOutput(out);
+}
