@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# uom check: silent on the shipped data file; one of each fault, and nothing else, in a file broken here.
+# Arguments: the tool, the source directory.
+set -u
+uom=$1 data=$2/data/uomdata.txt
+failed=0
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+
+is() { # title, expected, actual
+    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
+}
+
+is "shipped file" "status 0" "$("$uom" check "$data" 2>&1; echo "status $?")"
+is "no file" 'uom: Unable to open the Unit of Measure data file "none.txt".; status 1' \
+    "$("$uom" check none.txt 2>&1 | tr '\n' ';'; echo " status ${PIPESTATUS[0]}")"
+
+blanks=$(printf '%131s' '')
+sed -e '/^BEGINUOMLIST/i Stray=1\nUOMOPTION fast' \
+    -e "/^ENDUOMLIST/i five FIVE 'Five' 0 0.0\nseven SEVEN 'Seven' 0 0.0 1.0 7\nword WORD 'Word' 0 0.0 1.0x" \
+    -e "/^ENDUOMLIST/i KPA KPA2 'Again' 0 0.0 1.0\n9th NINTH 'Digit' 0 0.0 1.0\n'a - b' AB 'Blanks' 0 0.0 1.0" \
+    -e "/^ENDUOMLIST/i lost LOST 'Lost' 0 0.0 1.0 // remark\nret RET 'Return' 0 0.0 1.0\r" \
+    -e "/^ENDUOMLIST/i split SPLIT 'Split' 0 0.0 1.0${blanks}tail" \
+    -e '/^BTU\/Kg-C /d' \
+    -e '/^Dimensionless$/s/.*/Nonsense/' \
+    -e '/^ENDSELECTLISTS/i BEGINLIST\nOXTimeList\nsec\nnone\nENDLIST' \
+    -e "/^BEGINCLASSLIST/a Early=Late\nSpaced = 'Mass / Time'\nBad='Nope / Time'\nLate='Mass / Area'" \
+    -e '/^ENDCLASSLIST/a BEGINCOMMONLIST\nHollow\nENDCOMMONLIST\nBEGINLIST\nANGLE\ndeg\nrad\nENDLIST' \
+    -e '/^OXInternal$/s/.*/Elsewhere/' "$data" >broken.txt
+cat >>broken.txt <<'TEXT'
+BEGINSLATE
+Plant
+BasedOn=Nowhere
+CopyFrom=Nobody
+Wrong=C
+Leng=foot
+Mass
+VapVolRate=SCF/fortnight
+NewClass0=Rapid
+TEXT
+
+line() { grep -nF -- "$1" broken.txt | head -1 | cut -d: -f1; }
+last=$(wc -l <broken.txt)
+sed 's/^/broken.txt:/' >expected.txt <<TEXT
+$(line Stray=1): the line belongs to no section and is not read: Stray=1
+$(line 'UOMOPTION fast'): "fast" is no option
+$(line five): the unit has 5 fields in place of 6
+$(line seven): the unit has 7 fields in place of 6
+$(line 1.0x): the factor "1.0x" is not a number
+$(line KPA2): the unit "KPA" is hidden by that of line $(line '"Kilopascal"')
+$(line NINTH): the unit "9th" can't be found in a text
+$(line 'a - b'): the unit "a - b" can't be found in a text
+$(line lost): the comment mark in the line hides all of it: lost LOST 'Lost' 0 0.0 1.0 // remark
+$(line ret): a carriage return stays in the last field (lines with one: 1)
+$(line split): the line has more than 131 characters, the rest is read as a line of its own: tail
+$(line split): the unit has 1 fields in place of 6
+$(line ENDUOMLIST): the unit "BTU/Kg-C" is missing
+$(line Nonsense): the list "Nonsense" names no class and no application list
+$(line BTU/Kg-C): "BTU/Kg-C" in the list "Cp" is no unit
+$(grep -nF BTU/Kg-C broken.txt | sed -n '2s/:.*//p'): "BTU/Kg-C" in the list "OXHeatCapList" is no unit
+$(grep -nF OXTimeList broken.txt | sed -n '2s/:.*//p'): the list "OXTimeList" replaces that of line $(line OXTimeList)
+$(grep -nx none broken.txt | cut -d: -f1): the placeholder "none" in the list "OXTimeList" can't be a unit
+$(line Early): UOM class "Early" was not created: "Late" is only known further down.
+$(line Spaced): UOM class "=" not recognized or does not exist. New class was not created.
+$(line Bad=): UOM class "Nope / Time" not recognized or does not exist. New class was not created.
+$(line Hollow): the common list "Hollow" has no items
+$(line ANGLE): the list "ANGLE" replaces that of line $(grep -nx Angle broken.txt | cut -d: -f1)
+$(line ANGLE): the list "ANGLE" stands behind classes or slates that may need it
+$((last - 7)): ENDSLATE is missing at the end of the file
+$((last - 6)): the parent "Nowhere" is no slate
+$((last - 5)): the slate "Nobody" is not known here and is not copied
+$((last - 4)): Unrecognized Unit-of-Measure class "Wrong".
+$((last - 3)): UOM string "foot": unidentified UOM for UOM class "Leng".
+$((last - 2)): "Mass" is not a key=value line
+$((last - 1)): UOM string "SCF/fortnight" at character 5: unidentified UOM for UOM class "Time".
+$last: "NewClass0" needs a class, a comma and its definition
+$last: the class "Dimensionless" has no list of units
+$last: the slate "OXInternal" is missing
+TEXT
+"$uom" check broken.txt >found.txt
+is "status of a broken file" 1 $?
+# In the order of the lines; what is found at one line may stand in any order.
+diff <(sort expected.txt) <(sort found.txt) || is "findings" expected "other ones, above"
+is "order of lines" "$(cut -d: -f2 found.txt | sort -n)" "$(cut -d: -f2 found.txt)"
+
+sed '/^ENDSELECTLISTS/i ENDSLATE' "$data" >order.txt
+n=$(grep -nx ENDSLATE order.txt | head -1 | cut -d: -f1)
+is "keyword in a wrong place" "order.txt:$n: UOM File \"order.txt\", Error on line $n, \"ENDSLATE\" not expected." \
+    "$("$uom" check order.txt)"
+sed 's/$/\r/' "$data" >returns.txt
+is "carriage returns" "returns.txt:1: a carriage return stays in the last field (lines with one: $(wc -l <"$data"))" \
+    "$("$uom" check returns.txt)"
+for option in qx71 orbex kesta molar; do
+    sed "s/^UOMOPTION.*/UOMOPTION $option/" "$data" >option.txt
+    is "with the option $option" "" "$("$uom" check option.txt 2>&1)"
+done
+exit $failed

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Classes, units, slates, display units, and slate definitions from files. Arguments: the tool, the source directory.
+set -u
+uom=$1 data=$2/data/uomdata.txt
+failed=0
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+
+is() { # title, expected, actual
+    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
+}
+
+is "class" "7 Pres Pressure PRES" "$("$uom" classes | awk '$1 == 7 { print $1, $2, $3, $4 }')"
+is "composite class" "Mass / Leng Time 2" "$("$uom" classes | sed -n 's/.* RhoVV .*  //p')"
+is "internal classes" 0/3 "$("$uom" classes | grep -c 'Powertop\|Petro Mass')/$("$uom" classes --all | grep -c 'Powertop\|Petro Mass')"
+is "default unit" "* F 459.67" "$("$uom" units Temp --slate English | awk '$1 == "*" { print $1, $2, $3 }')"
+is "components" "Mass (Mass) Length (Leng 2)" "$("$uom" units Inertia | sed -n '1p; /^$/ { n; p; }' | xargs)"
+is "root" "HXREPORTSI HXREPORT HXSI" "$("$uom" slates | awk '$1 == "HXREPORTSI" { print $1, $2, $3 }')"
+
+is "show" "kPa/(m³/sec)²" "$("$uom" show --style TokenSuper "Pres/VolRate 2" --units "kpa/(m³/sec)2")"
+is "show in a slate" "lb/ft<SUP>3</SUP>" "$("$uom" show Density --slate English --style html)"
+is "show in Current" "$("$uom" show Rate --slate English)" "$("$uom" show Rate)"
+is "unknown class" 'uom: Parsing UOM class string "Nope" but unable to identify the UOM class "Nope".status 1' \
+    "$("$uom" show Nope 2>&1 | tr -d "\n"; echo "status ${PIPESTATUS[0]}")"
+is "mode" "StdLiqVol Liq. Vol." "$("$uom" --mode kesta units Basis | grep -o '^StdLiqVol') $("$uom" units Basis | grep -o '^Liq. Vol.')"
+is "molar" "Molar Mole" "$(for how in --molar --mole; do "$uom" --data "$data" units Quantity $how; done |
+    sed -n 's/^Mol.* (\(.*\))$/\1/p' | xargs)"
+
+cat >plant.txt <<'TEXT'
+# a comment
+// and another
+
+[Plant]
+  BasedOn=Base
+  Pres=kPa
+  NewClass0=DensFlux,MassRate / Area
+  DensFlux=kg/hr-m2
+[Base]
+BasedOn=Metric
+CopyFrom=Metric
+TEXT
+is "definition" "BasedOn=Base DensFlux=kg/hr-m2 0" \
+    "$("$uom" --define plant.txt slate Plant | grep '^BasedOn\|^DensFlux=' | xargs) $?"
+is "copied" "C" "$("$uom" show Temp --slate Base --define plant.txt)"
+for slate in Current HXSI; do
+    "$uom" slate $slate >once.txt
+    is "$slate reads back" "$(cat once.txt)" "$("$uom" --define once.txt slate $slate)"
+done
+is "layouts" "BasedOn=English English English" "$(for n in 2 1 0; do "$uom" slate Current --layout $n; done | grep English | xargs)"
+
+cat >broken.txt <<'TEXT'
+Temp=C
+[Plant]
+BasedOn=Nowhere
+Pres=kPaa
+Wrong=C
+Temp
+CopyFrom=None
+NewClass0=A
+NewClass1=B,Nope / Nope
+[x
+TEXT
+is "each broken line" '1:1 2:4 3:5 4:6 5:7 6:8 7:9 8:10 9:3 status 1' \
+    "$("$uom" --define broken.txt slates 2>&1 | sed -n 's/^uom: broken.txt:\([0-9]*\): ..*/\1/p' | grep -n . | xargs) status $("$uom" --define broken.txt slates >/dev/null 2>&1; echo $?)"
+is "its message" 'uom: broken.txt:5: Unrecognized Unit-of-Measure class "Wrong".' \
+    "$("$uom" --define broken.txt slates 2>&1 | grep :5:)"
+is "no such definitions" 'uom: Unable to read the slate definitions "none.txt".' "$("$uom" --define none.txt slates 2>&1)"
+exit $failed

@@ -1,0 +1,57 @@
+// uom check: what the library passes over in silence when it reads a data file.
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+#include "commands.h"
+#include "data_file.h"
+#include "library.h"
+#include "start.h"
+#include "text.h"
+
+namespace {
+
+enum StartStatus { STARTED = 0, BAD_STRUCTURE = 2, BAD_CLASSES = 3, BAD_UNITS = 4 };
+
+void printFindings(const std::string &path, Findings &findings) {
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.line < b.line; });
+    for (const Finding &finding : findings)
+        std::cout << path << ':' << finding.line << ": " << toTerminal(finding.text) << '\n';
+}
+
+// What can't be told without the library waits until the structure is mended.
+void check(const std::string &path, Findings &findings) {
+    const DataFile file = readDataFile(path, findings);
+    if (!file.hasKeywords)
+        return;
+    checkUnits(file, findings);
+    // In this mode start-up leaves the tokens of the units as the file has them.
+    const int status = startWithFile(path, {"kesta"});
+    const bool started = status == STARTED || status == BAD_CLASSES || status == BAD_UNITS;
+    if (!started && status != BAD_STRUCTURE)
+        throw Failure(libraryMessage());
+    if (status != STARTED)
+        findings.push_back({std::max(file.stoppedAt, 1), libraryMessage()});
+    if (!started)
+        return;
+    checkLists(file, findings);
+    checkClassesAndSlates(file, findings);
+}
+
+int runCheck(const std::string &path) {
+    Findings findings;
+    check(path, findings);
+    printFindings(path, findings);
+    return findings.empty() ? 0 : 1;
+}
+
+} // namespace
+
+Action addCheck(CLI::App &command) {
+    const auto path = std::make_shared<std::string>();
+    command.add_option("FILE", *path, "Data file")->required();
+    command.footer(
+        "Prints FILE:LINE: and what is wrong, and exits with 1. A file without faults gives no word and 0.");
+    return [path] { return runCheck(*path); };
+}

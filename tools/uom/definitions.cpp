@@ -1,0 +1,151 @@
+// Slate definition text from files, a line at a time: the library tells in its last-error text alone what it
+// could not apply, and that text holds one message.
+#include <fstream>
+#include <optional>
+
+#include "commands.h"
+#include "library.h"
+#include "start.h"
+#include "text.h"
+
+namespace {
+
+struct DefinitionLine {
+    std::string place; // "FILE:LINE"
+    std::string slate, key, text;
+    std::optional<std::string> value; // behind the first "="
+};
+
+// What went wrong with a line, empty when nothing.
+using Complaint = std::string;
+
+std::string noSlate(const std::string &name) {
+    return "There is no slate \"" + name + "\".";
+}
+
+bool isKey(const DefinitionLine &line, std::string_view key) {
+    return equalNoCase(line.key, key);
+}
+
+bool isNewClass(const DefinitionLine &line) {
+    return equalNoCase(line.key.substr(0, 8), "NewClass") && !isKey(line, "NewClasses");
+}
+
+bool classExists(const std::string &name) {
+    return uom_GetClassType(name.c_str(), TOKEN_STYLE) >= 1;
+}
+
+// Hands the line to the library; its message, empty when it wrote none.
+Complaint putLine(const DefinitionLine &line) {
+    statedDefault(line.slate, "isSystem"); // clears the last-error text
+    const Table lines = textTable({"[" + line.slate + "]", line.text});
+    uoms_PutSetDefinition(line.slate.c_str(), lines.get());
+    return libraryMessage();
+}
+
+// The library has a message for every line of this key, so whether the class is there decides. One that was
+// there before is no fault: a slate's own text names all custom classes.
+Complaint putNewClass(const DefinitionLine &line) {
+    const size_t comma = line.value->find(',');
+    if (comma == std::string::npos)
+        return "\"" + line.key + "\" needs a class, a comma and its definition.";
+    const std::string name = line.value->substr(0, comma);
+    if (classExists(name))
+        return "";
+    putLine(line);
+    if (classExists(name))
+        return "";
+    uoms_NewClass(name.c_str(), line.value->c_str() + comma + 1);
+    return libraryMessage();
+}
+
+Complaint copySlate(const DefinitionLine &line) {
+    if (uom_GetSetType(line.value->c_str()) < 1)
+        return noSlate(*line.value);
+    putLine(line);
+    return "";
+}
+
+Complaint apply(const DefinitionLine &line) {
+    if (!line.value)
+        return "\"" + line.text + "\" is not a key=value line.";
+    if (isNewClass(line))
+        return putNewClass(line);
+    if (isKey(line, "CopyFrom"))
+        return copySlate(line);
+    return putLine(line);
+}
+
+bool isParent(const DefinitionLine &line) {
+    return isKey(line, "BasedOn") || isKey(line, "Parent");
+}
+
+struct DefinitionReader {
+    std::string slate;                   // of the open section
+    std::vector<DefinitionLine> parents; // judged at the end: a parent may stand behind its children
+    std::string complaints;
+};
+
+void complain(DefinitionReader &reader, const std::string &place, const Complaint &complaint) {
+    if (!complaint.empty())
+        reader.complaints += (reader.complaints.empty() ? "" : "\nuom: ") + place + ": " + complaint;
+}
+
+Complaint openSection(DefinitionReader &reader, const std::string &text) {
+    reader.slate.clear();
+    const size_t end = text.find(']');
+    const std::string name = text.substr(1, end == std::string::npos ? end : end - 1);
+    if (end != text.size() - 1 || name.empty())
+        return "\"" + text + "\" is not a section name.";
+    reader.slate = name;
+    if (uom_GetSetType(name.c_str()) < 1 && uoms_NewSet(name.c_str()) < 0)
+        throw std::bad_alloc();
+    return "";
+}
+
+Complaint readKeyLine(DefinitionReader &reader, const std::string &place, const std::string &text) {
+    DefinitionLine line = {place, reader.slate, text, text, std::nullopt};
+    if (line.slate.empty())
+        return "\"" + text + "\" does not belong to a slate.";
+    const size_t equals = text.find('=');
+    if (equals != std::string::npos) {
+        line.key = text.substr(0, equals);
+        line.value = text.substr(equals + 1);
+    }
+    if (line.value && isParent(line))
+        reader.parents.push_back(line);
+    return apply(line);
+}
+
+bool isPassedOver(const std::string &text) {
+    return text.empty() || text.starts_with('#') || text.starts_with("//");
+}
+
+void readFile(DefinitionReader &reader, const std::string &path) {
+    std::ifstream file(path);
+    std::string line;
+    reader.slate.clear();
+    for (int number = 1; std::getline(file, line); ++number) {
+        const std::string text = fromTerminal(trimmed(line));
+        const std::string place = path + ":" + std::to_string(number);
+        if (!isPassedOver(text))
+            complain(reader, place,
+                     text[0] == '[' ? openSection(reader, text) : readKeyLine(reader, place, text));
+    }
+    // A directory opens, but does not read.
+    if (!file.is_open() || file.bad())
+        throw Failure("Unable to read the slate definitions \"" + path + "\".");
+}
+
+} // namespace
+
+void readDefinitions(const std::vector<std::string> &paths) {
+    DefinitionReader reader;
+    for (const std::string &path : paths)
+        readFile(reader, path);
+    for (const DefinitionLine &line : reader.parents)
+        if (uom_GetSetType(line.value->c_str()) < 1)
+            complain(reader, line.place, noSlate(*line.value));
+    if (!reader.complaints.empty())
+        throw Failure(reader.complaints);
+}

@@ -1,0 +1,130 @@
+// uom: the library at work on the command line. Reads the global options and runs one command.
+#include <iostream>
+
+#include "commands.h"
+#include "library.h"
+#include "start.h"
+#include "text.h"
+
+namespace {
+
+constexpr const char *VERSION = "1.0.0";
+
+struct Command {
+    const char *name;
+    const char *purpose;
+    AddCommand add;
+    bool starts = true; // the library is started before the command, with the global options
+};
+const Command commands[] = {
+    {"convert", "Convert values", addConvert},
+    {"constants", "Print factor and offset of a conversion", addConstants},
+    {"classes", "List the classes", addClasses},
+    {"units", "List the units of a class", addUnits},
+    {"slates", "List the slates", addSlates},
+    {"slate", "Print the definition of a slate", addSlate},
+    {"show", "Print the units that a quantity is shown in", addShow},
+    {"check", "Report what is wrong with a data file", addCheck, false},
+};
+
+constexpr const char *EXAMPLES =
+    "Examples:\n"
+    "  uom convert Temp C F -40 37.5\n"
+    "  uom convert \"Pres/VolRate 2\" \"kpa/(m3/sec)2\" \"psi/(ft3/min)2\" 1.5 2.5\n"
+    "  uom convert --format %.6g --from-slate English --to-slate SI SpEnthalpy < enthalpies.txt\n"
+    "  uom constants Temp C F\n"
+    "  uom units Pres --slate Metric\n"
+    "  uom show Density --slate English --style tokensuper\n"
+    "  uom --define plant.txt slate Plant\n"
+    "  uom check uomdata.txt\n";
+
+struct GlobalOptions {
+    StartOptions start;
+    std::string mode;
+    bool mole = false, molar = false;
+};
+
+void addGlobalOptions(CLI::App &app, GlobalOptions &options) {
+    CLI::Option *data = app.add_option("--data", options.start.data, "Data file")->option_text("FILE");
+    app.add_option("--mode", options.mode, "How start-up names units and bases: kesta, vel2go or orbex")
+        ->check(CLI::IsMember({"kesta", "vel2go", "orbex"}))
+        ->option_text("MODE");
+    CLI::Option *mole = app.add_flag("--mole", options.mole, "Quantities count moles");
+    // The start that looks for the library's own file counts moles, and a later one can't take that back.
+    app.add_flag("--molar", options.molar, "Quantities count in the class Molar; needs --data")
+        ->excludes(mole)
+        ->needs(data);
+    app.add_option("--define", options.start.definitions, "Read slate definitions; may be repeated")
+        ->option_text("FILE")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+StartOptions startOptions(const GlobalOptions &options) {
+    StartOptions start = options.start;
+    if (!options.mode.empty())
+        start.words.push_back(options.mode);
+    if (options.mole)
+        start.words.push_back("mole");
+    if (options.molar)
+        start.words.push_back("molar");
+    return start;
+}
+
+// "-.5" is a number, which CLI11 would take for an option.
+std::vector<std::string> readableWords(int count, char **words) {
+    std::vector<std::string> readable;
+    for (int i = count - 1; i > 0; --i) {
+        const std::string word = words[i];
+        readable.push_back(word.starts_with("-.") && parseNumber(word) ? "-0" + word.substr(1) : word);
+    }
+    return readable; // in the reverse order, as CLI11 takes them
+}
+
+int run(int count, char **words) {
+    CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
+    GlobalOptions options;
+    addGlobalOptions(app, options);
+    app.set_version_flag("--version", std::string("uom ") + VERSION);
+    app.footer(EXAMPLES);
+    app.require_subcommand(1);
+    app.fallthrough();
+
+    int status = 0;
+    for (const Command &command : commands) {
+        CLI::App *sub = app.add_subcommand(command.name, command.purpose);
+        sub->footer("");
+        const Action act = command.add(*sub);
+        const bool starts = command.starts;
+        sub->final_callback([act, starts, &options, &status] {
+            if (starts)
+                startLibrary(startOptions(options));
+            status = act();
+        });
+    }
+    try {
+        app.parse(readableWords(count, words));
+    } catch (const CLI::ParseError &error) {
+        return app.exit(error);
+    }
+    return status;
+}
+
+} // namespace
+
+int main(int count, char **words) {
+    int status = 1;
+    try {
+        status = run(count, words);
+    } catch (const std::exception &failure) {
+        std::cout.flush();
+        std::cerr << "uom: " << toTerminal(failure.what()) << '\n';
+    }
+    uom_Cleanup();
+    std::cout.flush();
+    if (!std::cout) {
+        std::cerr << "uom: Unable to write the output.\n";
+        return 1;
+    }
+    return status;
+}

@@ -1,0 +1,178 @@
+#include "text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <iostream>
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+static char lowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char &c : lower)
+        c = lowerCase(c);
+    return lower;
+}
+
+bool equalNoCase(std::string_view a, std::string_view b) {
+    return lowerCase(a) == lowerCase(b);
+}
+
+// --- numbers
+
+std::optional<double> parseNumber(std::string_view text) {
+    text = trimmed(text);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    double value;
+    const char *end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || rest != end)
+        return std::nullopt;
+    return value;
+}
+
+std::string shortestNumber(double value) {
+    char text[64];
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
+// The length of the conversion at the head of a text that starts with "%": flags, width, precision, letter. 0
+// if it is none for a double. Widths and precisions have three digits at most, which keeps the result small.
+static size_t conversionLength(std::string_view text) {
+    size_t at = std::min(text.find_first_not_of("+-# 0", 1), text.size());
+    const auto skipDigits = [&] {
+        const size_t first = at;
+        while (at < text.size() && text[at] >= '0' && text[at] <= '9')
+            ++at;
+        return at - first <= 3;
+    };
+    if (!skipDigits())
+        return 0;
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        if (!skipDigits())
+            return 0;
+    }
+    constexpr std::string_view letters = "eEfFgGaA";
+    return at < text.size() && letters.find(text[at]) != std::string_view::npos ? at + 1 : 0;
+}
+
+bool isNumberFormat(std::string_view format) {
+    int conversions = 0;
+    for (size_t at = format.find('%'); at != std::string_view::npos; at = format.find('%', at)) {
+        const std::string_view rest = format.substr(at);
+        const size_t length = rest.starts_with("%%") ? 2 : conversionLength(rest);
+        if (length == 0)
+            return false;
+        conversions += length > 2 || rest[1] != '%';
+        at += length;
+    }
+    return conversions == 1;
+}
+
+std::string formatNumber(const std::string &format, double value) {
+    const int length = std::snprintf(nullptr, 0, format.c_str(), value);
+    if (length < 0)
+        return {};
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    std::snprintf(text.data(), text.size(), format.c_str(), value);
+    text.pop_back();
+    return text;
+}
+
+// --- superscripts
+
+static bool isContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+// The length of the UTF-8 character at the head of a text, 0 when it isn't one.
+static size_t utf8Length(std::string_view text) {
+    const unsigned char lead = static_cast<unsigned char>(text[0]);
+    const size_t length = lead < 0x80   ? 1
+                          : lead < 0xC2 ? 0
+                          : lead < 0xE0 ? 2
+                          : lead < 0xF0 ? 3
+                          : lead < 0xF5 ? 4
+                                        : 0;
+    if (length > text.size())
+        return 0;
+    for (size_t i = 1; i < length; ++i)
+        if (!isContinuation(text[i]))
+            return 0;
+    return length;
+}
+
+static bool isSuperscript(char latin1) {
+    return latin1 == '\xB2' || latin1 == '\xB3';
+}
+
+std::string fromTerminal(std::string_view text) {
+    std::string latin1;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\xC2' && i + 1 < text.size() && isSuperscript(text[i + 1]))
+            ++i;
+        latin1 += text[i];
+    }
+    return latin1;
+}
+
+std::string toTerminal(std::string_view text) {
+    std::string utf8;
+    while (!text.empty()) {
+        if (isSuperscript(text[0]))
+            utf8 += '\xC2';
+        const size_t length = std::max<size_t>(utf8Length(text), 1);
+        utf8 += text.substr(0, length);
+        text.remove_prefix(length);
+    }
+    return utf8;
+}
+
+// --- tables
+
+static size_t shownWidth(std::string_view utf8) {
+    return static_cast<size_t>(
+        std::count_if(utf8.begin(), utf8.end(), [](char c) { return !isContinuation(c); }));
+}
+
+static void pad(std::string &line, size_t width) {
+    line.append(width, ' ');
+}
+
+void print(const TextTable &table) {
+    std::vector<size_t> widths;
+    std::vector<std::vector<std::string>> rows = table.rows;
+    for (auto &row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (size_t i = 0; i < row.size(); ++i) {
+            row[i] = toTerminal(row[i]);
+            widths[i] = std::max(widths[i], shownWidth(row[i]));
+        }
+    }
+    for (const auto &row : rows) {
+        std::string line;
+        for (size_t i = 0; i < row.size(); ++i) {
+            const size_t blanks = widths[i] - shownWidth(row[i]);
+            if (i < table.rightAligned)
+                pad(line, blanks);
+            line += row[i];
+            if (i >= table.rightAligned)
+                pad(line, blanks);
+            pad(line, 2);
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        std::cout << line << '\n';
+    }
+}

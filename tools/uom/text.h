@@ -1,0 +1,36 @@
+// Numbers, superscripts and tables, as they are read from and written to a terminal.
+#ifndef UOM_TOOL_TEXT_H
+#define UOM_TOOL_TEXT_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+std::string_view
+trimmed(std::string_view text); // without blanks, tabs, carriage returns and line feeds at the ends
+std::string lowerCase(std::string_view text);
+bool equalNoCase(std::string_view a, std::string_view b);
+
+// The number that the whole text is, "+" and blanks at the ends allowed.
+std::optional<double> parseNumber(std::string_view text);
+
+// The shortest text that reads back as the same number.
+std::string shortestNumber(double value);
+
+// Whether a printf format takes just one double, e.g. "%.6g" or "%8.2f kPa".
+bool isNumberFormat(std::string_view format);
+std::string formatNumber(const std::string &format, double value);
+
+// The library's superscripts are the Latin-1 bytes 178 and 179, a terminal's are UTF-8. Other bytes stay.
+std::string fromTerminal(std::string_view text);
+std::string toTerminal(std::string_view text);
+
+// Rows of cells under a row of headings, printed in columns.
+struct TextTable {
+    std::vector<std::vector<std::string>> rows;
+    size_t rightAligned = 0; // so many of the first columns
+};
+void print(const TextTable &table);
+
+#endif
