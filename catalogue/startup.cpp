@@ -272,7 +272,7 @@ int32_t startup_CheckTables() {
 }
 
 int32_t uom_Init(void) {
-    char path[260];
+    char path[DATA_FILE_SIZE];
     platform_FindDataFile(path, sizeof path);
     const char *const words[] = {"-f", path};
     return uom_Init2(2, words);

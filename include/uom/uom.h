@@ -446,7 +446,8 @@ UOM_API int32_t
 uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before */
 
 /* Makes the destination state what the source states, for the 71 compiled classes, and names the source as
- * its parent (English, Metric and SI keep theirs). 1 for a bad or equal index, else 0. */
+ * its parent (English, Metric and SI keep theirs). 1 for a bad or equal index, 11 when memory is exhausted,
+ * else 0. */
 UOM_API int32_t uom_InitializeSet(int32_t destination, int32_t source);
 UOM_API int32_t uom_InitializeCurrentSet(int32_t source); /* the same into UOM_SET_CURRENT */
 UOM_API int32_t uoms_InitializeSet(const char *destination, const char *source);
@@ -538,24 +539,25 @@ UOM_API char *uoms_GetDisplayUnits(const char *classString, const char *slateNam
  * Class strings and keyword strings
  */
 
-/* The class string of a chain, "Pres / Rate 2", which reads back through uoms_New; styles as uom_GetClassText. Needs a
- * size of at least 2; empty for a null chain. */
+/* The class string of a chain, "Pres / Rate 2", which reads back through uoms_New; styles as
+ * uom_GetClassText. Needs a size of at least 2; empty for a null chain. */
 UOM_API void uom_BuildClassString(UomStruct chain, char *out, int32_t size, int32_t style);
 
-/* The class string with every temperature and pressure in its absolute, difference or standard form ("PresDiff/Time 2"
- * becomes "PresAbs / Time 2"); a text without one comes back as it is. 0; 1 for a bad buffer; 2 when the class string
- * fails, with its copy in `out`. */
+/* The class string with every temperature and pressure in its absolute, difference or standard form
+ * ("PresDiff/Time 2" becomes "PresAbs / Time 2"); a text without one comes back as it is. 0; 1 for a bad
+ * buffer; 2 when the class string fails, with its copy in `out`. */
 UOM_API int32_t uoms_GetAbsoluteClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetDifferenceClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetStandardClass(const char *classString, char *out, int32_t size);
 
-/* The unit text of a difference: gauge and absolute pressure units become plain ones ("psig" becomes "psi"). 0, or 1
- * with an empty text when the class string fails. */
-UOM_API int32_t uoms_GetDifferenceUOM(const char *classString, const char *uomString, char *out, int32_t size);
+/* The unit text of a difference: gauge and absolute pressure units become plain ones ("psig" becomes "psi").
+ * 0, or 1 with an empty text when the class string fails. */
+UOM_API int32_t uoms_GetDifferenceUOM(const char *classString, const char *uomString, char *out,
+                                      int32_t size);
 
-/* The fixed-layout keyword text of a filled chain, the reverse of uom_ClassAndUnitToStruct: "WTRA LB/HR" padded to 25
- * characters. Needs a size of at least 26; empty when the text does not fit. The chain is changed and brought back on
- * the way; a mole unit without a mass unit of its name is lost. Returns `out`. */
+/* The fixed-layout keyword text of a filled chain, the reverse of uom_ClassAndUnitToStruct: "WTRA LB/HR"
+ * padded to 25 characters. Needs a size of at least 26; empty when the text does not fit. The chain is
+ * changed and brought back on the way; a mole unit without a mass unit of its name is lost. Returns `out`. */
 UOM_API char *uom_StructToOXString(UomStruct chain, char *out, int32_t size);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -639,11 +641,11 @@ UOM_API int32_t uom_LoadNormalList(UomStruct chain);
  */
 
 /* Prints the catalogue as a document to a file, or to the standard output for a null or empty path.
- *   options  sum of 1 classes and slates, 2 the same and the definitions of composite classes, 4 units and common
- *            lists, 8 sample conversions, 256 for end users (leaves out what is internal), 512 multiplier columns,
- *            1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified, and
- *            of Current; 0 means 15
- * Returns 0, the error number of the system when the file cannot be made, or the result of the last flush. */
+ *   options  sum of 1 classes and slates, 2 the same and the definitions of composite classes, 4 units and
+ * common lists, 8 sample conversions, 256 for end users (leaves out what is internal), 512 multiplier
+ * columns, 1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified,
+ * and of Current; 0 means 15 Returns 0, the error number of the system when the file cannot be made, or the
+ * result of the last flush. */
 UOM_API int32_t uom_Dump(int32_t options, const char *path);
 
 #ifdef __cplusplus
