@@ -47,8 +47,8 @@ int32_t uom_NewSetFixed(const char *name, uint32_t nameLength, int32_t *index) {
     return made;
 }
 
-int32_t uom_InitializeSetFixed(const char *name, uint32_t nameLength, const char *source,
-                               uint32_t sourceLength, int32_t *status) {
+int32_t uom_InitializeSetFixed(const char *name, uint32_t nameLength, const char *source, uint32_t sourceLength,
+                               int32_t *status) {
     const FixedName slate(name, nameLength);
     const FixedName from(source, sourceLength);
     const int32_t result = uoms_InitializeSet(slate.text, from.text);
@@ -56,9 +56,8 @@ int32_t uom_InitializeSetFixed(const char *name, uint32_t nameLength, const char
     return result;
 }
 
-int32_t uoms_SetClassDefaultFixed(const char *slate, uint32_t slateLength, const char *className,
-                                  uint32_t classLength, const char *units, uint32_t unitsLength,
-                                  int32_t *status) {
+int32_t uoms_SetClassDefaultFixed(const char *slate, uint32_t slateLength, const char *className, uint32_t classLength,
+                                  const char *units, uint32_t unitsLength, int32_t *status) {
     const FixedName slateName(slate, slateLength);
     const FixedUnits classText(className, classLength);
     const FixedUnits unitText(units, unitsLength);
@@ -67,8 +66,8 @@ int32_t uoms_SetClassDefaultFixed(const char *slate, uint32_t slateLength, const
     return result;
 }
 
-void uoms_GetDisplayUnitsFixed(const char *className, uint32_t classLength, const char *slate,
-                               uint32_t slateLength, const int32_t *style, char *out, uint32_t size) {
+void uoms_GetDisplayUnitsFixed(const char *className, uint32_t classLength, const char *slate, uint32_t slateLength,
+                               const int32_t *style, char *out, uint32_t size) {
     const FixedUnits classText(className, classLength);
     const FixedName slateName(slate, slateLength);
     if (!out || size == 0 || size > BAD_LENGTH)
@@ -92,7 +91,6 @@ void uoms_CalculateConvConstantsFixed(const char *className, uint32_t classLengt
     const FixedUnits classText(className, classLength);
     const FixedUnits fromText(from, fromLength);
     const FixedUnits toText(to, toLength);
-    const int32_t result =
-        uoms_CalculateConvConstants(classText.text, fromText.text, toText.text, factor, offset);
+    const int32_t result = uoms_CalculateConvConstants(classText.text, fromText.text, toText.text, factor, offset);
     give(status, result > 0 ? -1 : result);
 }

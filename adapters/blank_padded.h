@@ -23,15 +23,14 @@ void uom_DeleteSetFixed(const char *name, uint32_t nameLength, int32_t *status);
 int32_t uom_NewSetFixed(const char *name, uint32_t nameLength, int32_t *index);
 
 // The status, also returned.
-int32_t uom_InitializeSetFixed(const char *name, uint32_t nameLength, const char *source,
-                               uint32_t sourceLength, int32_t *status);
-int32_t uoms_SetClassDefaultFixed(const char *slate, uint32_t slateLength, const char *className,
-                                  uint32_t classLength, const char *units, uint32_t unitsLength,
-                                  int32_t *status);
+int32_t uom_InitializeSetFixed(const char *name, uint32_t nameLength, const char *source, uint32_t sourceLength,
+                               int32_t *status);
+int32_t uoms_SetClassDefaultFixed(const char *slate, uint32_t slateLength, const char *className, uint32_t classLength,
+                                  const char *units, uint32_t unitsLength, int32_t *status);
 
 // The result is filled up with blanks and has no terminator.
-void uoms_GetDisplayUnitsFixed(const char *className, uint32_t classLength, const char *slate,
-                               uint32_t slateLength, const int32_t *style, char *out, uint32_t size);
+void uoms_GetDisplayUnitsFixed(const char *className, uint32_t classLength, const char *slate, uint32_t slateLength,
+                               const int32_t *style, char *out, uint32_t size);
 
 // What is wrong with the class or the units is in the last-error text alone.
 void uoms_ConvertArrayFixed(const int32_t *count, double *values, const char *className, uint32_t classLength,

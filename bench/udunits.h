@@ -27,8 +27,7 @@ inline cv_converter *udunitsParse(const char *fromText, const char *toText) {
 
 struct UdunitsPair {
     cv_converter *forth, *back;
-    UdunitsPair(const char *from, const char *to)
-        : forth(udunitsParse(from, to)), back(udunitsParse(to, from)) {}
+    UdunitsPair(const char *from, const char *to) : forth(udunitsParse(from, to)), back(udunitsParse(to, from)) {}
     ~UdunitsPair() {
         cv_free(forth);
         cv_free(back);

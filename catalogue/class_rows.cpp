@@ -21,10 +21,10 @@ struct Six {
     int32_t mass, length, time, temperature, charge, currency;
 };
 
-constexpr UomClassRow row(int32_t index, const char *name, const char *token, const char *altToken,
-                          const char *keyword, int32_t allowExponent, int32_t hasOffset, int32_t internalFlag,
-                          int32_t kind, Six d, int32_t guiWidth1, int32_t guiWidth2, int32_t legacyNumber,
-                          Three baseClass = {}, Three baseExponent = {}) {
+constexpr UomClassRow row(int32_t index, const char *name, const char *token, const char *altToken, const char *keyword,
+                          int32_t allowExponent, int32_t hasOffset, int32_t internalFlag, int32_t kind, Six d,
+                          int32_t guiWidth1, int32_t guiWidth2, int32_t legacyNumber, Three baseClass = {},
+                          Three baseExponent = {}) {
     return {index,
             name,
             token,

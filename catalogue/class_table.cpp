@@ -16,9 +16,8 @@ struct DirectKeyword {
     int32_t classId;
 };
 const DirectKeyword directKeywords[] = {
-    {"MRAT", CLASS_RATE}, {"WTRA", CLASS_RATE}, {"LVRA", CLASS_RATE},
-    {"GVRA", CLASS_RATE}, {"FRAC", CLASS_FRAC}, {"PCT", CLASS_FRAC},
-    {"PCT ", CLASS_FRAC}, {"PPM", CLASS_FRAC},  {"PPM ", CLASS_FRAC},
+    {"MRAT", CLASS_RATE}, {"WTRA", CLASS_RATE}, {"LVRA", CLASS_RATE}, {"GVRA", CLASS_RATE}, {"FRAC", CLASS_FRAC},
+    {"PCT", CLASS_FRAC},  {"PCT ", CLASS_FRAC}, {"PPM", CLASS_FRAC},  {"PPM ", CLASS_FRAC},
 };
 
 constexpr size_t KEYWORD_BUFFER = 13;
@@ -53,8 +52,7 @@ int32_t findToken(const char *text) {
     const UomClassRow *const *rows = tbl_Records<const UomClassRow>(uomClassTable);
     const int32_t count = static_cast<int32_t>(tbl_Count(uomClassTable));
     if (tokenIndex.places) {
-        const int32_t found =
-            names_Find(tokenIndex, text, [=](int32_t i) { return hasToken(rows[i], text); });
+        const int32_t found = names_Find(tokenIndex, text, [=](int32_t i) { return hasToken(rows[i], text); });
         if (found >= 0)
             return found;
     }

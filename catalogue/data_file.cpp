@@ -19,12 +19,7 @@
 
 namespace {
 
-enum ReadStatus : int32_t {
-    READ_DONE = 0,
-    READ_CANNOT_OPEN = 1,
-    READ_BAD_STRUCTURE = 2,
-    READ_NO_MEMORY = 11
-};
+enum ReadStatus : int32_t { READ_DONE = 0, READ_CANNOT_OPEN = 1, READ_BAD_STRUCTURE = 2, READ_NO_MEMORY = 11 };
 
 enum SectionState {
     BETWEEN_SECTIONS,
@@ -37,11 +32,10 @@ enum SectionState {
 };
 
 const char *const applicationListNames[APPLICATION_LISTS] = {
-    "OXTimeList",        "OXRateMassList",       "OXRateMoleList",      "OXRateLiqVolList",
-    "OXRateVapVolList",  "OXDensMassList",       "OXDensLiqVolList",    "OXDensMoleList",
-    "OXDensVapVolList",  "OXEnthalpyEnergyList", "OXEnthalpyMassList",  "OXEnthalpyMoleList",
-    "DensPetroMassList", "OXLengthList",         "OXHeatCapList",       "KSBasisList",
-    "OXBasisList",       "OXCakeresMassList",    "OXCakeresLengthList",
+    "OXTimeList",         "OXRateMassList",     "OXRateMoleList",    "OXRateLiqVolList",    "OXRateVapVolList",
+    "OXDensMassList",     "OXDensLiqVolList",   "OXDensMoleList",    "OXDensVapVolList",    "OXEnthalpyEnergyList",
+    "OXEnthalpyMassList", "OXEnthalpyMoleList", "DensPetroMassList", "OXLengthList",        "OXHeatCapList",
+    "KSBasisList",        "OXBasisList",        "OXCakeresMassList", "OXCakeresLengthList",
 };
 
 struct FileOption {
@@ -61,9 +55,8 @@ struct WellKnownUnit {
     const char *second; // looked up when the first is absent
 };
 const WellKnownUnit wellKnownUnits[] = {
-    {&UOM_BASMOLE, "Mole", nullptr},          {&UOM_BASMASS, "Mass", nullptr},
-    {&UOM_BASMOLAR, "Molar", nullptr},        {&UOM_BASACTV, "Vol", "Volume"},
-    {&UOM_BASLIQV, "Liq. Vol.", "StdLiqVol"}, {&UOM_BASVAPV, "Vap. Vol.", "StdVapVol"},
+    {&UOM_BASMOLE, "Mole", nullptr}, {&UOM_BASMASS, "Mass", nullptr},          {&UOM_BASMOLAR, "Molar", nullptr},
+    {&UOM_BASACTV, "Vol", "Volume"}, {&UOM_BASLIQV, "Liq. Vol.", "StdLiqVol"}, {&UOM_BASVAPV, "Vap. Vol.", "StdVapVol"},
 #define WELL_KNOWN(variable, token) {&(variable), token, nullptr},
 #include "catalogue/well_known_units.def"
 #undef WELL_KNOWN
@@ -214,8 +207,7 @@ int32_t readSlateName(Reader &reader) {
     char heading[64];
     str_FormatBounded(heading, sizeof heading, "[%s]", name);
     reader.table = tbl_Create(0, TABLE_TEXT);
-    const bool opened =
-        mem_DupText(&reader.name, name) == 0 && tbl_PutText(reader.table, TABLE_APPEND, heading);
+    const bool opened = mem_DupText(&reader.name, name) == 0 && tbl_PutText(reader.table, TABLE_APPEND, heading);
     return statusOf(opened && (uom_GetSetType(name) >= 1 || uoms_NewSet(name) >= 0));
 }
 

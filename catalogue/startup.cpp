@@ -22,12 +22,7 @@
 
 namespace {
 
-enum StartStatus : int32_t {
-    START_DONE = 0,
-    START_BAD_CLASSES = 3,
-    START_BAD_UNITS = 4,
-    START_NO_MEMORY = 11
-};
+enum StartStatus : int32_t { START_DONE = 0, START_BAD_CLASSES = 3, START_BAD_UNITS = 4, START_NO_MEMORY = 11 };
 
 struct OptionWord {
     const char *word;
@@ -36,9 +31,8 @@ struct OptionWord {
     bool firstWins; // only an undecided flag is set
 };
 const OptionWord optionWords[] = {
-    {"kesta", &uomModeKesta, 1, false},   {"vel2go", &uomModeVel2go, 1, false},
-    {"orbex", &uomModeOrbex, 1, false},   {"allowmult", &uomAllowMult, 1, false},
-    {"qx71", &uomModeQx71, 1, false},     {"mole", &uomMoleQuantity, 1, true},
+    {"kesta", &uomModeKesta, 1, false},     {"vel2go", &uomModeVel2go, 1, false}, {"orbex", &uomModeOrbex, 1, false},
+    {"allowmult", &uomAllowMult, 1, false}, {"qx71", &uomModeQx71, 1, false},     {"mole", &uomMoleQuantity, 1, true},
     {"molar", &uomMoleQuantity, 0, true},
 };
 
@@ -278,9 +272,8 @@ int32_t uom_Init(void) {
     return uom_Init2(2, words);
 }
 
-int32_t uom_Init2(int32_t count, const char *const *words) {
-    if (uomInitDone == 1)
-        return START_DONE;
+// The sequence of start-up, from the words to the gauge pressure.
+static int32_t start(int32_t count, const char *const *words) {
     freeFailedStart();
     resetOptions();
     readOptions(count, words);
@@ -304,7 +297,18 @@ int32_t uom_Init2(int32_t count, const char *const *words) {
     countQuantitiesInMoles();
     const int32_t status = startup_CheckTables();
     uom_SetGaugePressureBasis(UOM_SET_CURRENT);
-    uomInitDone = 1;
+    return status;
+}
+
+int32_t uom_Init2(int32_t count, const char *const *words) {
+    if (uomInitDone == 1)
+        return START_DONE;
+    const int32_t failures = memCounters.failures;
+    const int32_t status = start(count, words);
+    // Lines of the file are passed over when they fail, but not for want of memory.
+    if (memCounters.failures != failures)
+        return noMemory();
+    uomInitDone = status == START_DONE || status == START_BAD_CLASSES || status == START_BAD_UNITS;
     return status;
 }
 

@@ -26,8 +26,7 @@ extern int32_t uomAllowMult;    // a setting for the host: no parser consults it
 extern int32_t uomModeQx71;     // uom_GetClassType answers in the older numbering
 extern int32_t uomMoleQuantity; // 1: a Quantity is in moles, 0: in the Molar class
 
-// --- text styles 1 to 6. Written by start-up and the properties; propagation sets the scan styles for its
-// duration
+// --- text styles 1 to 6. Written by start-up and the properties; propagation sets the scan styles while it runs
 extern int32_t defaultScanClassStyle;
 extern int32_t defaultScanUOMStyle;
 extern int32_t defaultDisplayStyle;
@@ -42,12 +41,11 @@ extern UomTable *uomListTables[APPLICATION_LISTS]; // texts of the application l
 extern UomTable *uomExtraTables;                   // one text table a common list, the name in front
 
 // --- slates
-extern int32_t uomCurrentSet; // root system from which "Current" descends; written by uom_InitializeSet
+extern int32_t uomCurrentSet;         // root system from which "Current" descends; written by uom_InitializeSet
 extern int32_t uomDefaultsInProgress; // guard: 1 while a default's rules run
 
 // --- messages
-extern char
-    uomLastError[LAST_ERROR_SIZE]; // never cleared by success or clean-up but where an operation says so
+extern char uomLastError[LAST_ERROR_SIZE]; // never cleared by success or clean-up but where an operation says so
 
 // --- conversion scratch, meaningful between the end of a conversion and the start of the next
 extern double uomRunFactor;

@@ -21,8 +21,7 @@ NameHead *unitHeads = nullptr; // of all tokens, then of all keywords; null when
 uint32_t unitHeadCount = 0;    // units that have them
 
 uint16_t headLetters(char first, char second) {
-    return static_cast<uint16_t>(static_cast<uint8_t>(str_Lower(first)) |
-                                 static_cast<uint8_t>(str_Lower(second)) << 8);
+    return static_cast<uint16_t>(static_cast<uint8_t>(str_Lower(first)) | static_cast<uint8_t>(str_Lower(second)) << 8);
 }
 
 uint16_t headLetters(const char *text) {
@@ -100,8 +99,7 @@ const char *unit_Token(int32_t unit) {
 
 int32_t unit_FindToken(std::string_view token) {
     if (tokenIndex.places) {
-        const int32_t found =
-            names_Find(tokenIndex, token, [=](int32_t i) { return hasToken(record(i), token); });
+        const int32_t found = names_Find(tokenIndex, token, [=](int32_t i) { return hasToken(record(i), token); });
         return found < 0 ? UOM_NULL : found;
     }
     const int32_t count = static_cast<int32_t>(tbl_Count(uomUnitTable));

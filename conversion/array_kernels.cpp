@@ -4,8 +4,8 @@
 
 // One body, compiled for each width of vectors. An addition before a multiplication never fuses, so all
 // agree.
-#define LINEAR_LOOP(values, count, offset, factor)                                                           \
-    for (size_t i = 0; i < (count); ++i)                                                                     \
+#define LINEAR_LOOP(values, count, offset, factor)                                                                     \
+    for (size_t i = 0; i < (count); ++i)                                                                               \
     (values)[i] = ((values)[i] + (offset)) * (factor)
 
 #if defined(__GNUC__) && defined(__x86_64__)
@@ -18,8 +18,7 @@ static void convertPlain(double *values, size_t count, double offset, double fac
     LINEAR_LOOP(values, count, offset, factor);
 }
 
-__attribute__((target("avx2"))) static void convertAvx2(double *values, size_t count, double offset,
-                                                        double factor) {
+__attribute__((target("avx2"))) static void convertAvx2(double *values, size_t count, double offset, double factor) {
     LINEAR_LOOP(values, count, offset, factor);
 }
 
@@ -29,8 +28,7 @@ __attribute__((target("avx2"))) static void convertAvx2(double *values, size_t c
 #define WIDEST "avx512f,prefer-vector-width=512"
 #endif
 
-__attribute__((target(WIDEST))) static void convertAvx512(double *values, size_t count, double offset,
-                                                          double factor) {
+__attribute__((target(WIDEST))) static void convertAvx512(double *values, size_t count, double offset, double factor) {
     LINEAR_LOOP(values, count, offset, factor);
 }
 

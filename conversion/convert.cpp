@@ -109,8 +109,8 @@ static int32_t calculateConstants(const char *classString, const char *fromUnits
     return uomRunLinear ? CONVERT_DONE : CONVERT_NOT_LINEAR;
 }
 
-int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits, const char *toUnits,
-                                    double *factor, double *offset) {
+int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits, const char *toUnits, double *factor,
+                                    double *offset) {
     const int32_t status = calculateConstants(classString, fromUnits, toUnits);
     if (factor)
         *factor = uomRunFactor;

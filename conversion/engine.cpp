@@ -31,8 +31,8 @@ UomStructNode asSpecificGravity(const UomStructNode &node) {
 }
 
 bool scaleOf(const UomStructNode &node, double *offset, double *factor) {
-    if (uom_UnitScale(node.classId, node.exponent, node.baseClass, node.unit, node.baseExponent,
-                      node.multiplier, offset, factor) != 0)
+    if (uom_UnitScale(node.classId, node.exponent, node.baseClass, node.unit, node.baseExponent, node.multiplier,
+                      offset, factor) != 0)
         return false;
     if (node.unit == UOM_U_SPGR && node.next && node.next->baseClass == CLASS_VAP_VOL)
         *factor = VAPOR_GRAVITY_FACTOR;

@@ -37,8 +37,8 @@ void raise(Scale &scale, int64_t n) {
 
 } // namespace
 
-int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit,
-                      int32_t baseExponent, int32_t multiplier, double *offset, double *factor) {
+int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit, int32_t baseExponent,
+                      int32_t multiplier, double *offset, double *factor) {
     *offset = 0.0;
     *factor = 1.0;
     const UomClassRow *row = class_ValidRow(classId);

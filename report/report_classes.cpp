@@ -58,10 +58,9 @@ void putHeading(const Report &report, const char *title, int32_t columns) {
 
 void putTableHead(const Report &report) {
     if (!report_IsEndUser(report)) {
-        std::fprintf(report.out, "%-6s%-32s%-14s%-9s%-16s%s\n", " ", " ", "QUILLAXIS", "ORBEX2",
-                     "  Dimension", defaultsHeading);
-        std::fprintf(report.out, "%-6s%-32s%-14s%-9s%-16s", "Code", "UOM Class", "Token", "Token",
-                     "n M L t T Q $");
+        std::fprintf(report.out, "%-6s%-32s%-14s%-9s%-16s%s\n", " ", " ", "QUILLAXIS", "ORBEX2", "  Dimension",
+                     defaultsHeading);
+        std::fprintf(report.out, "%-6s%-32s%-14s%-9s%-16s", "Code", "UOM Class", "Token", "Token", "n M L t T Q $");
     } else if (report_IsHtml(report)) {
         report_Write(report, htmlTable);
     } else if (report_Mode(report) == MODE_TAB) {
@@ -182,8 +181,8 @@ void putToken(const Report &report, int32_t classId) {
     const char *token = class_Token(classId);
     const bool linked = classId >= CLASS_TEMP && classId <= CLASS_POWER_TOP;
     if (report_IsHtml(report) && linked)
-        std::fprintf(report.out, "<TD BGCOLOR=\"#CCCCFF\"><B><CODE><A HREF=\"#%s\">%s</A></CODE></B></TD>",
-                     token, token);
+        std::fprintf(report.out, "<TD BGCOLOR=\"#CCCCFF\"><B><CODE><A HREF=\"#%s\">%s</A></CODE></B></TD>", token,
+                     token);
     else
         report_Put(report, classToken, token);
 }

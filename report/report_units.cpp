@@ -47,15 +47,14 @@ void putUserHead(const Report &report) {
 
 void putFullHead(const Report &report) {
     if (hasMultipliers(report)) {
-        std::fprintf(report.out, "%-21s%-52s%-16s\n", " ",
-                     "----------------- QUILLAXIS token -----------------", "ORBEX2");
-        std::fprintf(report.out, "%-15s%-22s%-18s%-18s%-16s%-32s\n\n", "UOM Class", "Code", "thousands",
-                     "millions", "token", "UOM Description");
+        std::fprintf(report.out, "%-21s%-52s%-16s\n", " ", "----------------- QUILLAXIS token -----------------",
+                     "ORBEX2");
+        std::fprintf(report.out, "%-15s%-22s%-18s%-18s%-16s%-32s\n\n", "UOM Class", "Code", "thousands", "millions",
+                     "token", "UOM Description");
         return;
     }
     std::fprintf(report.out, "%-21s%-16s%-16s%-32s\n", " ", "QUILLAXIS", "ORBEX2", " ");
-    std::fprintf(report.out, "%-15s%-6s%-16s%-16s%-32s\n\n", "UOM Class", "Code", "token", "token",
-                 "UOM Description");
+    std::fprintf(report.out, "%-15s%-6s%-16s%-16s%-32s\n\n", "UOM Class", "Code", "token", "token", "UOM Description");
 }
 
 void putHead(const Report &report) {

@@ -143,8 +143,7 @@ int32_t uoms_NewClass(const char *name, const char *definition) {
     const bool copies = copiedRow(definitionClass) != nullptr;
     const ScopedChain chain(copies ? nullptr : uoms_New(definition));
     if (!copies && !chain.chain) {
-        error_Set("UOM class \"%s\" not recognized or does not exist. New class was not created.",
-                  definition);
+        error_Set("UOM class \"%s\" not recognized or does not exist. New class was not created.", definition);
         return CLASS_BAD_DEFINITION;
     }
     if (uom_GetUnitCount(chain.chain) > COMPOSITE_SLOTS) {

@@ -101,8 +101,7 @@ void readBase(const UomSlate &slate, int32_t classId, char *out, int32_t length)
 
 } // namespace
 
-int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units,
-                            const int32_t *multipliers) {
+int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
     UomSlate *record = slate_Record(slate);
     const UomClassRow *row = class_ValidRow(classId);
     if (!record || !row)

@@ -79,8 +79,8 @@ void writeCustomClasses(DefinitionWriter &writer) {
         const UomClassRow *row = class_Row(c);
         if (!row)
             continue;
-        str_FormatBounded(line, sizeof line, "NewClass%d=%s,%s", c - STATIC_CLASSES,
-                          row->token ? row->token : "", row->definition ? row->definition : "");
+        str_FormatBounded(line, sizeof line, "NewClass%d=%s,%s", c - STATIC_CLASSES, row->token ? row->token : "",
+                          row->definition ? row->definition : "");
         addLine(writer, line);
     }
 }

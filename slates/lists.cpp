@@ -184,8 +184,7 @@ int32_t uoms_LoadNormalList(const char *classString) {
 
 char **uoms_GetUnitNames(const char *classText, int32_t *count) {
     const int32_t classId = class_Find(classText, STYLE_TOKEN);
-    const int32_t *units =
-        class_IsValid(classId) && uom_IsClassBase(classId) ? uom_GetClassUnits(classId) : nullptr;
+    const int32_t *units = class_IsValid(classId) && uom_IsClassBase(classId) ? uom_GetClassUnits(classId) : nullptr;
     return units && count ? namesOf(units, count) : nullptr;
 }
 
@@ -208,8 +207,7 @@ char **uoms_GetUOMList(const char *text, int32_t *count) {
         if (tbl_Count(list) <= 1 || !str_EqualNoCase(tbl_GetText(list, 0), name))
             continue;
         *count = static_cast<int32_t>(list->count) - 1;
-        return makeArray(*count, 0,
-                         [=](int32_t item) { return tbl_GetText(list, static_cast<uint32_t>(item) + 1); });
+        return makeArray(*count, 0, [=](int32_t item) { return tbl_GetText(list, static_cast<uint32_t>(item) + 1); });
     }
     error_Set("Unable to find UOM list \"%s\".", text);
     return nullptr;

@@ -264,8 +264,7 @@ void run(const Rule *rule, bool hx, int32_t slate, const UomSlate &record, int32
 
 } // namespace
 
-int32_t uom_PropagateCommonRules(int32_t slate, int32_t classId, const int32_t *units,
-                                 const int32_t *multipliers) {
+int32_t uom_PropagateCommonRules(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
     const UomSlate *record = slate_Record(slate);
     if (!record || !class_IsValid(classId) || !units || !multipliers)
         return 1;
@@ -273,8 +272,7 @@ int32_t uom_PropagateCommonRules(int32_t slate, int32_t classId, const int32_t *
     return 0;
 }
 
-int32_t uom_PropagateHXRules(int32_t slate, int32_t classId, const int32_t *units,
-                             const int32_t *multipliers) {
+int32_t uom_PropagateHXRules(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
     const UomSlate *record = slate_Record(slate);
     if (!record || !units || !multipliers)
         return 1;
@@ -282,8 +280,7 @@ int32_t uom_PropagateHXRules(int32_t slate, int32_t classId, const int32_t *unit
     return 0;
 }
 
-int32_t uom_PropagateClassDefault(int32_t slate, int32_t classId, const int32_t *units,
-                                  const int32_t *multipliers) {
+int32_t uom_PropagateClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
     if (uomDefaultsInProgress)
         return 0;
     const ScopedValue<int32_t> guard(uomDefaultsInProgress, 1);

@@ -1,12 +1,11 @@
 // Creation, copying and deletion of slates; the operations of hosts are declared in uom.h.
 //
 // The walks up the based-on chain differ in where they stop, and each is kept so:
-//   uom_InitializeSet (active root)    a root system, a slate based on itself, a bad parent; bounded by the
-//   slates uoms_GetSetRoot                    an empty or unknown parent, a repeated slate; 50 steps
-//   uoms_IsSetDerivedFrom              a bad parent, a repeated slate; a list of 50
-//   default look-ups (working units)   a stated unit, a repeated slate, a parent below 1
-//   gauge basis, inherited property    a stated value, a slate based on itself, a bad parent; bounded by the
-//   slates
+//   active root, of uom_InitializeSet    a root system, a slate based on itself, a bad parent; bounded by the slates
+//   uoms_GetSetRoot                      an empty or unknown parent, a repeated slate; 50 steps
+//   uoms_IsSetDerivedFrom                a bad parent, a repeated slate; a list of 50
+//   default look-ups (working units)     a stated unit, a repeated slate, a parent below 1; a list of 50
+//   gauge basis, inherited property      a stated value, a slate based on itself, a bad parent; bounded by the slates
 #ifndef UOM_SLATES_REGISTRY_H
 #define UOM_SLATES_REGISTRY_H
 

@@ -14,8 +14,7 @@ static void printInSlate(UomStruct chain, int32_t slate, char *out, int32_t size
     uom_GetDisplayUnits(chain, out, size, style);
 }
 
-char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *out, int32_t size,
-                         int32_t style) {
+char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *out, int32_t size, int32_t style) {
     const ScopedChain chain(chain_OfClass(classId));
     uom_InitializeUnits(chain.chain, slate);
     if (units)
@@ -23,8 +22,7 @@ char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *o
     return uom_GetDisplayUnits(chain.chain, out, size, style);
 }
 
-char *uoms_GetDisplayUnits(const char *classString, const char *slateName, char *out, int32_t size,
-                           int32_t style) {
+char *uoms_GetDisplayUnits(const char *classString, const char *slateName, char *out, int32_t size, int32_t style) {
     if (!out || size < 1)
         return out;
     *out = '\0';

@@ -57,8 +57,7 @@ void readUnit(PairWalk &walk, UomStruct node, const char *text) {
         return;
     }
     int32_t consumed, multiplier, unit;
-    walk.status =
-        uom_FindUnitFromString(node->baseClass, text, defaultScanUOMStyle, &consumed, &multiplier, &unit);
+    walk.status = uom_FindUnitFromString(node->baseClass, text, defaultScanUOMStyle, &consumed, &multiplier, &unit);
     if (walk.status != 0)
         return;
     chain_SetUnit(node, unit);
@@ -84,8 +83,7 @@ void applyPair(PairWalk &walk, UomStruct node, const char *pair) {
     const char *unit = colon ? colon + 1 : pair;
     unit += std::strspn(unit, " \t");
     char className[UNIT_SIZE];
-    str_CopyBounded(className, sizeof className,
-                    std::string_view(pair, colon ? static_cast<size_t>(colon - pair) : 0));
+    str_CopyBounded(className, sizeof className, std::string_view(pair, colon ? static_cast<size_t>(colon - pair) : 0));
     const int32_t classId = class_Find(className, STYLE_TOKEN);
     if (walk.takeNext) {
         walk.takeNext = false;
@@ -135,8 +133,8 @@ char **uoms_GetClassUnitPairs(const char *classString, const char *unitString, i
     return pairs;
 }
 
-int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName,
-                               int32_t size, char *out) {
+int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName, int32_t size,
+                               char *out) {
     if (!openOutput(out, size) || str_IsEmpty(classString) || !pairs)
         return 1;
     const ScopedChain chain(uoms_New(classString));
@@ -193,8 +191,7 @@ int32_t uoms_GetBasisWord(const char *classString, const char *unitString, int32
     return basis;
 }
 
-int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size,
-                         char *out) {
+int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size, char *out) {
     if (!openOutput(out, size) || str_IsEmpty(classString) || str_IsEmpty(text))
         return 1;
     const int32_t style = uom_StyleFromName(styleName, nullptr);

@@ -10,8 +10,8 @@ char **uoms_GetClassUnitPairs(const char *classString, const char *unitString, i
 
 // The way back: a class string and unit text, "Rate(Mass):lb/hr", from one pair a node, the class string in a
 // style. 1 for a bad argument, 2 when the class string fails, else what the last unit gave.
-int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName,
-                               int32_t size, char *out);
+int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName, int32_t size,
+                               char *out);
 
 // The class string with another basis; one without a basis comes back as it is. 1 for a bad argument, else 0.
 int32_t uoms_GetClassWithBasis(const char *classString, const char *basis, int32_t size, char *out);
@@ -21,7 +21,6 @@ int32_t uoms_GetBasisWord(const char *classString, const char *unitString, int32
 
 // Display units of a class in a slate, or of a unit text. 1 for a bad argument, 2 for a bad class, or the
 // status of uom_FillStructFromString.
-int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size,
-                         char *out);
+int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size, char *out);
 
 #endif

@@ -44,8 +44,7 @@ void readStated(const UomSlate &slate, int32_t classId, int32_t component, Defau
     const UomTable *stated = tbl_Record<UomTable>(slate.compositeDefaults, classId);
     const UomClassRow *row = class_ValidRow(classId);
     const int32_t slots = uom_GetUnitMax(classId);
-    for (int32_t slot = 0; stated && row && slot < slots && static_cast<uint32_t>(slot) < stated->count;
-         ++slot) {
+    for (int32_t slot = 0; stated && row && slot < slots && static_cast<uint32_t>(slot) < stated->count; ++slot) {
         if (row->baseClass[slot] == 0 || row->baseClass[slot] != component)
             continue;
         found = pairOf(stated, slot);
@@ -71,14 +70,12 @@ template <class Read> Default inherited(int32_t slate, Read read) {
 }
 
 Default baseDefault(int32_t classId, int32_t slate) {
-    return inherited(slate,
-                     [=](const UomSlate &record, Default &found) { readStated(record, classId, found); });
+    return inherited(slate, [=](const UomSlate &record, Default &found) { readStated(record, classId, found); });
 }
 
 Default compositeDefault(int32_t classId, int32_t component, int32_t slate) {
-    return inherited(slate, [=](const UomSlate &record, Default &found) {
-        readStated(record, classId, component, found);
-    });
+    return inherited(slate,
+                     [=](const UomSlate &record, Default &found) { readStated(record, classId, component, found); });
 }
 
 Default nodeDefault(int32_t classId, int32_t component, int32_t slate) {
@@ -146,8 +143,7 @@ void uom_GetCompositeDefault(int32_t classId, int32_t componentClass, int32_t sl
     give(compositeDefault(classId, componentClass, slate), unit, multiplier);
 }
 
-void uom_GetNodeDefault(int32_t classId, int32_t componentClass, int32_t slate, int32_t *unit,
-                        int32_t *multiplier) {
+void uom_GetNodeDefault(int32_t classId, int32_t componentClass, int32_t slate, int32_t *unit, int32_t *multiplier) {
     give(nodeDefault(classId, componentClass, slate), unit, multiplier);
 }
 
@@ -257,8 +253,7 @@ int32_t uom_SetGlobalUnits(int32_t slate, const int32_t *units, const int32_t *m
     const UomSlate *record = slate_Record(slate);
     if (!record || !units || !multipliers)
         return 1;
-    if (tbl_Count(record->classDefaults) < 2 * STATIC_CLASSES &&
-        !tbl_Resize(record->classDefaults, 2 * STATIC_CLASSES))
+    if (tbl_Count(record->classDefaults) < 2 * STATIC_CLASSES && !tbl_Resize(record->classDefaults, 2 * STATIC_CLASSES))
         return 11;
     for (uint32_t c = 0; c < STATIC_CLASSES; ++c) {
         tbl_PutNumber(record->classDefaults, 2 * c, units[c]);

@@ -17,8 +17,7 @@ void uom_GetCompositeDefault(int32_t classId, int32_t componentClass, int32_t sl
                              int32_t *multiplier);
 
 // The default of a node: of the component in its composite class, else of the component class alone.
-void uom_GetNodeDefault(int32_t classId, int32_t componentClass, int32_t slate, int32_t *unit,
-                        int32_t *multiplier);
+void uom_GetNodeDefault(int32_t classId, int32_t componentClass, int32_t slate, int32_t *unit, int32_t *multiplier);
 
 // The unit that one slate itself states for a class or a component of it.
 int32_t uom_GetSlateClassUnit(int32_t classId, int32_t component, int32_t slate);

@@ -196,8 +196,7 @@ bool readPlain(Splitter &splitter) {
 
 } // namespace
 
-TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters,
-                           UomTable *definedNames) {
+TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, UomTable *definedNames) {
     preprocessor.definedNames = definedNames;
     TokenReader *reader = mem_New<TokenReader>();
     if (!reader)
@@ -316,8 +315,7 @@ int32_t reader_GetError(char *out, size_t size) {
         break;
     default:
         str_CopyBounded(text, sizeof text,
-                        open ? "#ifdef directive without a matching #endif found"
-                             : "no preprocessor errors found");
+                        open ? "#ifdef directive without a matching #endif found" : "no preprocessor errors found");
         break;
     }
     const bool found = open || preprocessor.error != NO_ERROR;

@@ -26,8 +26,7 @@ struct TokenReader {
 // A line size of 0 or below is 1024, a capacity of 0 or below 50, null delimiters are the blank, comma and
 // colon. The table of defined names, of texts, stays the caller's; it is the one of all readers from now on.
 // Null when memory is exhausted.
-TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters,
-                           UomTable *definedNames);
+TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, UomTable *definedNames);
 void reader_Free(TokenReader *reader); // null is accepted
 
 // 0, or 11 with the old delimiters kept when memory is exhausted.

@@ -3,15 +3,19 @@
 #include <cstdlib>
 #include <cstring>
 
-MemoryCounters memCounters = {0, 0};
+MemoryCounters memCounters = {0, 0, 0};
 void *(*memReallocate)(void *, size_t) = std::realloc;
 
-static void *allocate(size_t size) {
-    return memReallocate(nullptr, size > 0 ? size : 1);
+// A size of 0 would free a block, and leave its slot dangling.
+static void *allocate(void *block, size_t size) {
+    void *result = memReallocate(block, size > 0 ? size : 1);
+    if (!result)
+        ++memCounters.failures;
+    return result;
 }
 
 int32_t mem_Malloc(void **out, size_t size) {
-    *out = allocate(size);
+    *out = allocate(nullptr, size);
     if (!*out)
         return 1;
     ++memCounters.allocations;
@@ -24,7 +28,7 @@ int32_t mem_Calloc(void **out, size_t count, size_t size) {
         return 0;
     if (count > SIZE_MAX / size)
         return 1;
-    *out = allocate(count * size);
+    *out = allocate(nullptr, count * size);
     if (!*out)
         return 1;
     std::memset(*out, 0, count * size);
@@ -34,8 +38,7 @@ int32_t mem_Calloc(void **out, size_t count, size_t size) {
 int32_t mem_Realloc(void **slot, size_t size) {
     if (!*slot)
         return mem_Malloc(slot, size);
-    // A size of 0 would free the block and leave the slot dangling.
-    void *moved = memReallocate(*slot, size > 0 ? size : 1);
+    void *moved = allocate(*slot, size);
     if (!moved)
         return 1;
     *slot = moved;

@@ -5,10 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 
-// Diagnostic counters; nothing in the library reads them.
+// Counters. The library reads the failures alone, to tell a start-up that is not whole.
 struct MemoryCounters {
     int32_t allocations; // mem_Malloc, mem_DupText, mem_ReplaceText, and mem_Realloc of an empty slot
     int32_t frees;       // mem_Free and mem_ReplaceText, where something was freed
+    int32_t failures;    // requests that found the memory exhausted
 };
 extern MemoryCounters memCounters;
 

@@ -96,17 +96,7 @@ namespace {
 
 // The columns and states of the number scanner. FAIL ends the scan.
 enum Symbol { DIGIT, SIGN, POINT, EXPONENT_MARK, OTHER };
-enum State : int8_t {
-    START,
-    AFTER_SIGN,
-    WHOLE,
-    AFTER_POINT,
-    FRACTION,
-    AFTER_E,
-    AFTER_E_SIGN,
-    EXPONENT,
-    FAIL = -1
-};
+enum State : int8_t { START, AFTER_SIGN, WHOLE, AFTER_POINT, FRACTION, AFTER_E, AFTER_E_SIGN, EXPONENT, FAIL = -1 };
 
 constexpr State transitions[8][5] = {
     /* START        */ {WHOLE, AFTER_SIGN, AFTER_POINT, AFTER_E, FAIL},
@@ -157,8 +147,7 @@ struct ScopedCLocale {
 
 } // namespace
 
-int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent,
-                       int32_t *used) {
+int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent, int32_t *used) {
     *hasDigits = *hasExponent = *exponent = *used = 0;
     if (!text)
         return 1;

@@ -35,8 +35,7 @@ int32_t num_IsIntegerText(const char *text);
 
 // Scans a whole text as a number: 1, or 0 with `used` at the position of the bad character. The mantissa's
 // digits are not required. An exponent too large for its output is held at the output's bound.
-int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent,
-                       int32_t *used);
+int32_t num_ScanNumber(const char *text, int32_t *hasDigits, int32_t *hasExponent, int32_t *exponent, int32_t *used);
 
 // 0 with the number stored, the 1-based position of the first bad character, or -1 for null arguments and
 // numbers out of range.

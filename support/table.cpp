@@ -209,26 +209,43 @@ int32_t tbl_PutPointer(UomTable *table, uint32_t index, uint64_t value) {
     return put(table, index, static_cast<double>(value));
 }
 
+// A smaller block of a table that owns its elements: those cut off are freed only once the block is there.
+static int32_t shrinkOwner(UomTable *table, uint32_t count) {
+    void *smaller = nullptr;
+    const size_t size = static_cast<size_t>(count) * table->width;
+    if (mem_Malloc(&smaller, size) != 0)
+        return 1;
+    std::memcpy(smaller, table->data, size);
+    freeElements(table, count, table->count - count);
+    mem_Free(table->data);
+    table->data = smaller;
+    return 0;
+}
+
+static void emptyTable(UomTable *table) {
+    freeElements(table, 0, table->count);
+    mem_Free(table->data);
+    table->data = nullptr;
+    table->count = 0;
+}
+
 int32_t tbl_Resize(UomTable *table, uint32_t count) {
     if (!table)
         return 0;
-    if (count < table->count)
-        freeElements(table, count, table->count - count);
     if (count == 0) {
-        mem_Free(table->data);
-        table->data = nullptr;
-        table->count = 0;
+        emptyTable(table);
         return 1;
     }
-    const size_t size = static_cast<size_t>(count) * table->width;
     const uint32_t old = table->count;
-    const int32_t status =
-        table->data ? mem_Realloc(&table->data, size) : mem_Calloc(&table->data, count, table->width);
-    if (status != 0) {
-        if (count < old)
-            std::memset(element(table, count), 0, static_cast<size_t>(old - count) * table->width);
+    int32_t status;
+    if (!table->data)
+        status = mem_Calloc(&table->data, count, table->width);
+    else if (count < old && ownsElements(table))
+        status = shrinkOwner(table, count);
+    else
+        status = mem_Realloc(&table->data, static_cast<size_t>(count) * table->width);
+    if (status != 0)
         return 0;
-    }
     table->count = count;
     if (count > old)
         std::memset(element(table, old), 0, static_cast<size_t>(count - old) * table->width);
@@ -264,8 +281,7 @@ void tbl_Insert(UomTable *table, uint32_t index, uint32_t n) {
     const uint32_t old = table->count;
     if (n > TABLE_APPEND - old || !tbl_Resize(table, old + n))
         return;
-    std::memmove(element(table, index + n), element(table, index),
-                 static_cast<size_t>(old - index) * table->width);
+    std::memmove(element(table, index + n), element(table, index), static_cast<size_t>(old - index) * table->width);
     std::memset(element(table, index), 0, static_cast<size_t>(n) * table->width);
 }
 

@@ -151,8 +151,7 @@ void printCompositeHead(UnitPrinter &printer, const UomStructNode *first) {
 }
 
 void endComposite(UnitPrinter &printer, const UomStructNode *node) {
-    if (printer.depth == 0 || printer.depth > MAX_LEVELS ||
-        printer.levels[printer.depth - 1].lastNode != node)
+    if (printer.depth == 0 || printer.depth > MAX_LEVELS || printer.levels[printer.depth - 1].lastNode != node)
         return;
     const Level level = pop(printer);
     if (level.parenthesised)
@@ -200,8 +199,7 @@ void printUnit(UnitPrinter &printer, const UomStructNode *node, const char *unit
                             : printer.previousBaseClass == CLASS_BASIS ? " "
                                                                        : "-";
     char piece[PIECE_SIZE];
-    str_FormatBounded(piece, sizeof piece, inParentheses ? "%s(%s%s)" : "%s%s%s", separator, multiplier,
-                      unit);
+    str_FormatBounded(piece, sizeof piece, inParentheses ? "%s(%s%s)" : "%s%s%s", separator, multiplier, unit);
     add(printer, piece);
     addExponent(printer, exponent);
     printer.atStart = false;

@@ -24,19 +24,16 @@ struct BasisKeyword {
     const char *keyword;
 };
 const BasisKeyword basisKeywords[] = {
-    {CLASS_RATE, CLASS_MOLE, MOLE_RATE},  {CLASS_RATE, CLASS_MOLAR, MOLE_RATE},
-    {CLASS_RATE, CLASS_MASS, "WTRA"},     {CLASS_RATE, CLASS_LIQ_VOL, "LVRA"},
-    {CLASS_RATE, CLASS_VAP_VOL, "GVRA"},  {CLASS_RATE, CLASS_ACT_VOL, "AVRA"},
-    {CLASS_RATE, CLASS_NONE, ""},         {CLASS_QUANTITY, CLASS_MASS, "WT"},
-    {CLASS_QUANTITY, CLASS_MOLE, "WT"},   {CLASS_QUANTITY, CLASS_MOLAR, "WT"},
-    {CLASS_QUANTITY, CLASS_NONE, "LIQV"},
+    {CLASS_RATE, CLASS_MOLE, MOLE_RATE}, {CLASS_RATE, CLASS_MOLAR, MOLE_RATE}, {CLASS_RATE, CLASS_MASS, "WTRA"},
+    {CLASS_RATE, CLASS_LIQ_VOL, "LVRA"}, {CLASS_RATE, CLASS_VAP_VOL, "GVRA"},  {CLASS_RATE, CLASS_ACT_VOL, "AVRA"},
+    {CLASS_RATE, CLASS_NONE, ""},        {CLASS_QUANTITY, CLASS_MASS, "WT"},   {CLASS_QUANTITY, CLASS_MOLE, "WT"},
+    {CLASS_QUANTITY, CLASS_MOLAR, "WT"}, {CLASS_QUANTITY, CLASS_NONE, "LIQV"},
 };
 
 const char *keywordOf(const UomStructNode *chain) {
     const int32_t amountClass = chain->next ? chain->next->baseClass : CLASS_NONE;
     for (const BasisKeyword &entry : basisKeywords)
-        if (entry.classId == chain->classId &&
-            (entry.amountClass == amountClass || entry.amountClass == CLASS_NONE))
+        if (entry.classId == chain->classId && (entry.amountClass == amountClass || entry.amountClass == CLASS_NONE))
             return entry.keyword;
     const UomClassRow *row = class_ValidRow(chain->classId);
     return row && row->keyword ? row->keyword : "";

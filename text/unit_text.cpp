@@ -106,9 +106,7 @@ void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style) {
     if (!row)
         return;
     style = style_Effective(style);
-    const char *text = style == STYLE_KEYWORD     ? row->keyword
-                       : style == STYLE_LONG_NAME ? row->name
-                                                  : row->token;
+    const char *text = style == STYLE_KEYWORD ? row->keyword : style == STYLE_LONG_NAME ? row->name : row->token;
     if (!text)
         return;
     if (style == STYLE_TOKEN_UPPER)

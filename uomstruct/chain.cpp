@@ -45,8 +45,7 @@ void appendSimple(Builder &builder, int32_t classId, int32_t exponent, int32_t u
     node->unit = unit;
 }
 
-void appendComposite(Builder &builder, const UomClassRow &row, int32_t classId, int32_t exponent,
-                     int32_t basis) {
+void appendComposite(Builder &builder, const UomClassRow &row, int32_t classId, int32_t exponent, int32_t basis) {
     for (int32_t slot = 0; slot < COMPOSITE_SLOTS && row.baseClass[slot] != 0; ++slot) {
         UomStruct node = append(builder);
         if (!node)
@@ -160,8 +159,7 @@ static Builder build(int32_t count, const int32_t *classes, const int32_t *expon
     return builder;
 }
 
-UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents,
-                          const int32_t *units) {
+UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents, const int32_t *units) {
     return build(count, classes, exponents, units).head;
 }
 

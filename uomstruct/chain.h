@@ -24,8 +24,7 @@ struct ScopedChain {
 };
 
 // uom_BuildStruct for those who need the whole chain: false, and a null chain, when memory is exhausted.
-bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const int32_t *exponents,
-                 const int32_t *units);
+bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const int32_t *exponents, const int32_t *units);
 
 // A new chain of one class with exponent 1.
 UomStruct chain_OfClass(int32_t classId);

@@ -82,8 +82,7 @@ int32_t fillComponents(UomStruct node, int32_t classId, const char *text, int32_
         char word[WORD_SIZE];
         if (!cutWord(word, &text, marks))
             return 1;
-        if (node->baseClass == CLASS_BASIS &&
-            (str_EqualNoCase(word, "vap.") || str_EqualNoCase(word, "liq.")))
+        if (node->baseClass == CLASS_BASIS && (str_EqualNoCase(word, "vap.") || str_EqualNoCase(word, "liq.")))
             joinNextWord(word, &text);
         const int32_t unit = uom_GetUnitFromString(node->baseClass, word, style);
         if (unit == UOM_NULL)

@@ -47,8 +47,7 @@ char *nextToken(ClassStringParser &parser) {
 
 void addEntry(ClassStringParser &parser, int32_t classId, int32_t exponent) {
     if (parser.count == MAX_ENTRIES) {
-        error_Set("UOM class string \"%s\" contains more than %d classes and parentheses.", parser.source,
-                  MAX_ENTRIES);
+        error_Set("UOM class string \"%s\" contains more than %d classes and parentheses.", parser.source, MAX_ENTRIES);
         parser.failed = parser.tooLong = true;
         return;
     }
@@ -88,8 +87,7 @@ void takeNumber(ClassStringParser &parser, const char *token) {
 void takeClass(ClassStringParser &parser, const char *token) {
     const int32_t classId = class_Find(token, parser.style);
     if (classId == CLASS_NONE) {
-        error_Set("Parsing UOM class string \"%s\" but unable to identify the UOM class \"%s\".",
-                  parser.source, token);
+        error_Set("Parsing UOM class string \"%s\" but unable to identify the UOM class \"%s\".", parser.source, token);
         parser.failed = true;
         return;
     }

@@ -84,8 +84,7 @@ const UomMultiplierRow *multiplier_Find(int32_t code) {
     return nullptr;
 }
 
-int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format, int32_t *multiplier,
-                                        const char **rest) {
+int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format, int32_t *multiplier, const char **rest) {
     int32_t code = 0;
     const char *behind = text;
     MultiplierResult result = MULTIPLIER_NONE;
@@ -136,8 +135,8 @@ void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *te
     error_Set("UOM string \"%s\": unidentified UOM for UOM class \"%s\".", text, token);
 }
 
-int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed,
-                               int32_t *multiplier, int32_t *unit) {
+int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed, int32_t *multiplier,
+                               int32_t *unit) {
     const char *source = text ? text : "";
     const FoundUnit found = unit_FindAtHead(classId, source, style);
     if (consumed)

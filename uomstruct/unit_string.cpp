@@ -143,15 +143,14 @@ FoundUnit findPlainUnit(UnitStringParser &parser, int32_t classId) {
     return found;
 }
 
-FillStatus checkExponent(const UnitStringParser &parser, const UomStructNode &node, int32_t value,
-                         const char *place) {
+FillStatus checkExponent(const UnitStringParser &parser, const UomStructNode &node, int32_t value, const char *place) {
     const int32_t group = parser.groupMode == IMPLICIT_GROUP ? parser.groupExponent : 1;
     const int32_t expected = num_Multiply(node.exponent, group);
     const int32_t foundExponent = num_Multiply(parser.signs.sign, value);
     if (foundExponent == expected)
         return FILL_DONE;
-    error_Set("UOM string \"%s\" at character %d: expecting an exponent of %d but found %d instead.",
-              parser.start, position(parser, place), expected, foundExponent);
+    error_Set("UOM string \"%s\" at character %d: expecting an exponent of %d but found %d instead.", parser.start,
+              position(parser, place), expected, foundExponent);
     return FILL_BAD_EXPONENT;
 }
 
@@ -160,8 +159,7 @@ FillStatus readPlain(UnitStringParser &parser, UomStruct node) {
     if (parser.signs.tooDeep)
         return FILL_TOO_DEEP;
     node->multiplier = found.multiplier;
-    if (parser.groupMode == IMPLICIT_GROUP && found.multiplier != 0 &&
-        num_Magnitude(parser.groupExponent) > 1) {
+    if (parser.groupMode == IMPLICIT_GROUP && found.multiplier != 0 && num_Magnitude(parser.groupExponent) > 1) {
         error_Set("UOM string \"%s\" at character %d: required parentheses are missing.", parser.start,
                   position(parser, parser.text));
         return FILL_NEEDS_PARENTHESES;
@@ -323,8 +321,8 @@ FillStatus readRest(UnitStringParser &parser) {
         return FILL_TOO_DEEP;
     if (!unit_IsNameStart(*parser.text))
         return FILL_DONE;
-    error_Set("UOM string \"%s\" at character %d: extra characters \"%s\" were found at the end.",
-              parser.start, position(parser, parser.text), parser.text);
+    error_Set("UOM string \"%s\" at character %d: extra characters \"%s\" were found at the end.", parser.start,
+              position(parser, parser.text), parser.text);
     return FILL_TOO_LONG;
 }
 

@@ -11,8 +11,8 @@ struct SignStack {
     int32_t sign = 1;
     int32_t depth = 0;
     int32_t saved[MAX_GROUPS]; // `depth` of them
-    bool tooDeep = false; // more than MAX_GROUPS were opened: the parse fails
-    SignStack() {}        // leaves `saved` as it is: most texts open nothing
+    bool tooDeep = false;      // more than MAX_GROUPS were opened: the parse fails
+    SignStack() {}             // leaves `saved` as it is: most texts open nothing
 };
 
 // The next unit name: a letter, "$", or the end of the text; or the "(" behind `maxOpen` others. Parentheses

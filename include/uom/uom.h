@@ -1,23 +1,22 @@
 /* Units of measure for process simulators: the whole interface of the library.
  *
- * Start the library with uom_Init (or uom_Init2, uom_Init3), work, end with uom_Cleanup. Call it from one
- * thread at a time. Plain integers, doubles and texts cross the boundary; nothing throws or aborts.
+ * Start the library with uom_Init (or uom_Init2, uom_Init3), work, end with uom_Cleanup. Call it from one thread at
+ * a time. Plain integers, doubles and texts cross the boundary; nothing throws or aborts.
  *
- *   UOM class    a kind of quantity, by number ("Pressure" is 7) or token ("Pres"); numbers below 71 never
- * change class string classes with whole exponents: "Pres/VolRate 2", "(Leng Mass) 2", "Rate (Mass)" unit an
- * index into the unit table; UOM_NULL means none. Indices depend on the data file unit string  units in the
- * order of a class string: "kpa/(m3/sec)2", "M BBL/day", or the name of a slate slate        a named set of
- * default units ("Set" in the names here), by index or name chain        a UomStruct: one node for each
- * elementary class of a quantity, with its unit
+ *   UOM class    a kind of quantity, by number ("Pressure" is 7) or token ("Pres"); numbers below 71 never change
+ *   class string classes with whole exponents: "Pres/VolRate 2", "(Leng Mass) 2", "Rate (Mass)"
+ *   unit         an index into the unit table; UOM_NULL means none. Indices depend on the data file
+ *   unit string  units in the order of a class string: "kpa/(m3/sec)2", "M BBL/day", or the name of a slate
+ *   slate        a named set of default units ("Set" in the names here), by index or name
+ *   chain        a UomStruct: one node for each elementary class of a quantity, with its unit
  *
  * In both languages "/" flips the sign of what follows: "Mass / Time / Leng" has the exponents +1, -1, +1.
  *
- * Failing operations answer with a small positive code; those that explain themselves write
- * uom_GetLastErrorMessage. Queries answer 0, UOM_NULL, -1, null or an empty text and write no message. An
- * output text is always ended within its size (in bytes) and cut without an error. Class and unit texts,
- * slate names and styles ignore the case of letters. Null arguments are answered as failures unless something
- * else is said. Text that a host gets as a pointer stays the library's, but for tables, arrays and chains
- * that an operation calls new: those the host frees.
+ * Failing operations answer with a small positive code; those that explain themselves write uom_GetLastErrorMessage.
+ * Queries answer 0, UOM_NULL, -1, null or an empty text and write no message. An output text is always ended within
+ * its size (in bytes) and cut without an error. Class and unit texts, slate names and styles ignore the case of
+ * letters. Null arguments are answered as failures unless something else is said. Text that a host gets as a pointer
+ * stays the library's, but for tables, arrays and chains that an operation calls new: those the host frees.
  */
 #ifndef UOM_UOM_H
 #define UOM_UOM_H
@@ -59,8 +58,7 @@ typedef struct UomStructNode {
 /* A chain is a pointer to its first node. Its maker frees it with uom_Free. */
 typedef UomStructNode *UomStruct;
 
-/* A typed array, as some operations receive and return. Read the fields, write through the tbl_ operations.
- */
+/* A typed array, as some operations receive and return. Read the fields, write through the tbl_ operations. */
 typedef struct UomTable {
     uint32_t count; /* elements */
     uint32_t width; /* bytes an element */
@@ -74,17 +72,16 @@ typedef struct UomTable {
 
 extern UOM_API int32_t UOM_NULL; /* no unit: 0. Valid units are greater */
 
-/* Units of the class Basis: what a Rate or Quantity is counted by. Moles, mass, standard liquid volume,
- * standard vapour volume, actual volume. UOM_NULL when the data file has no such unit. */
+/* Units of the class Basis: what a Rate or Quantity is counted by. Moles, mass, standard liquid volume, standard
+ * vapour volume, actual volume. UOM_NULL when the data file has no such unit. */
 extern UOM_API int32_t UOM_BASMOLE;
 extern UOM_API int32_t UOM_BASMASS;
 extern UOM_API int32_t UOM_BASLIQV;
 extern UOM_API int32_t UOM_BASVAPV;
 extern UOM_API int32_t UOM_BASACTV;
 
-/* Indices of the slates of these names, -1 for a name that the data file did not define. UOM_SET_NULL is the
- * unnamed slate 0, which is never usable. Deleting a slate moves later slates down and leaves these as they
- * are. */
+/* Indices of the slates of these names, -1 for a name that the data file did not define. UOM_SET_NULL is the unnamed
+ * slate 0, which is never usable. Deleting a slate moves later slates down and leaves these as they are. */
 extern UOM_API int32_t UOM_SET_NULL;
 extern UOM_API int32_t UOM_SET_ENGLISH;
 extern UOM_API int32_t UOM_SET_METRIC;
@@ -98,52 +95,52 @@ extern UOM_API int32_t UOM_SET_MAX;     /* the count of slates: the greatest ind
  * Start-up, shutdown, messages
  */
 
-/* Starts with the file uomdata.txt: beside the library, else where it is installed relative to the library,
- * else beside the executable, else in the working directory. Results as uom_Init2. */
+/* Starts with the file uomdata.txt: beside the library, else where it is installed relative to the library, else
+ * beside the executable, else in the working directory. Results as uom_Init2. */
 UOM_API int32_t uom_Init(void);
 
 /* Starts the library; does nothing, with 0, when it is started.
  *   count, words  option words, any case, each also with "-" or "/" in front; unknown words are skipped:
- *                 "kesta", "vel2go", "orbex"  the mode (orbex wins over kesta, kesta over vel2go; none is
- * orbex) "allowmult"                 unit multipliers are allowed (always so in kesta and vel2go) "qx71"
- * uom_GetClassType answers in the older numbering "mole", "molar"             how a Quantity counts moles;
- * the first of the two wins, default mole
- *                 "-f" or "/f", then a path   the data file; "-fPATH" in one word does the same. Without it
- * the file of the last start-up is read null words or a count below 1 mean no words Returns 0; 1 the data
- * file cannot be opened, 2 it has a section keyword in a wrong place, 11 memory is exhausted, each with a
- * message and the library not started; or 3 (class table), 4 (unit table) inconsistent, with a message and
- * the library started. A next uom_Init2 after a failed one reads its own file over what the failed one left:
- * slates and common lists that it had made stay. */
+ *                 "kesta", "vel2go", "orbex"  the mode (orbex wins over kesta, kesta over vel2go; none is orbex)
+ *                 "allowmult"                 unit multipliers are allowed (always so in kesta and vel2go)
+ *                 "qx71"                      uom_GetClassType answers in the older numbering
+ *                 "mole", "molar"             how a Quantity counts moles; the first of the two wins, default mole
+ *                 "-f" or "/f", then a path   the data file; "-fPATH" in one word does the same. Without it the file
+ *                                             of the last start-up is read
+ *                 null words or a count below 1 mean no words
+ * Returns 0; 1 the data file cannot be opened, 2 it has a section keyword in a wrong place, 11 memory is exhausted,
+ * each with a message and the library not started; or 3 (class table), 4 (unit table) inconsistent, with a message
+ * and the library started. A next uom_Init2 after a failed one reads its own file over what the failed one left:
+ * slates, common lists and lists of classes that it had made stay until they are replaced. */
 UOM_API int32_t uom_Init2(int32_t count, const char *const *words);
 
 /* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. */
 UOM_API int32_t uom_Init3(int32_t count, const char *const *words);
 
-/* Ends the library and frees all that it holds; chains and tables of the host stay the host's. Does nothing
- * on a library that is not started. Unloading the library does the same. */
+/* Ends the library and frees all that it holds; chains and tables of the host stay the host's. Does nothing on a
+ * library that is not started. Unloading the library does the same. */
 UOM_API void uom_Cleanup(void);
 
-/* The text of the last failure that wrote one, at most 511 characters; the same address for the life of the
- * library. Not cleared by success unless an operation says so. */
+/* The text of the last failure that wrote one, at most 511 characters; the same address for the life of the library.
+ * Not cleared by success unless an operation says so. */
 UOM_API const char *uom_GetLastErrorMessage(void);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Tables. Index 0xFFFFFFFF appends. Truth is 1, failure (memory) 0.
  *
- * Kinds: 0, 1 signed and unsigned 8-bit integers; 2 text, each element the table's own copy; 3, 4 16-bit; 5,
- * 6 32-bit; 7, 8 64-bit integers or borrowed pointers; 9, 10 floats of 32 and 64 bits; 11 pointers that the
- * table frees. Elements are read and written as doubles; kinds 1 and 4 read back signed.
+ * Kinds: 0, 1 signed and unsigned 8-bit integers; 2 text, each element the table's own copy; 3, 4 16-bit; 5, 6
+ * 32-bit; 7, 8 64-bit integers or borrowed pointers; 9, 10 floats of 32 and 64 bits; 11 pointers that the table
+ * frees. Elements are read and written as doubles; kinds 1 and 4 read back signed.
  */
 
-UOM_API UomTable *tbl_Create(uint32_t count, int32_t kind); /* zeroed elements; null for a bad kind */
-UOM_API void tbl_Free(UomTable *table);            /* with the elements that it owns; null is accepted */
-UOM_API UomTable *tbl_Copy(const UomTable *table); /* texts are copied, kind 11 pointers are shared */
-UOM_API double tbl_Get(const UomTable *table, uint32_t index);       /* 0 past the end */
-UOM_API char *tbl_GetText(const UomTable *table, uint32_t index);    /* null past the end */
+UOM_API UomTable *tbl_Create(uint32_t count, int32_t kind);       /* zeroed elements; null for a bad kind */
+UOM_API void tbl_Free(UomTable *table);                           /* with the elements that it owns; null is accepted */
+UOM_API UomTable *tbl_Copy(const UomTable *table);                /* texts are copied, kind 11 pointers are shared */
+UOM_API double tbl_Get(const UomTable *table, uint32_t index);    /* 0 past the end */
+UOM_API char *tbl_GetText(const UomTable *table, uint32_t index); /* null past the end */
 UOM_API void *tbl_GetPointer(const UomTable *table, uint32_t index); /* null past the end */
 
-/* Writes without a test of the index. With `owning`, a text is copied and the old element of kinds 2 and 11
- * freed. */
+/* Writes without a test of the index. With `owning`, a text is copied and the old element of kinds 2 and 11 freed. */
 UOM_API void tbl_Store(UomTable *table, uint32_t index, double value, int32_t owning);
 
 /* Write with ownership, growing the table to the index; elements jumped over are zero. */
@@ -154,8 +151,8 @@ UOM_API int32_t tbl_PutPointer(UomTable *table, uint32_t index, uint64_t value);
 UOM_API int32_t tbl_Resize(UomTable *table, uint32_t count); /* new elements are zero, cut ones are freed */
 UOM_API void tbl_Remove(UomTable *table, uint32_t index, uint32_t n);
 
-/* Opens a gap of n zeroed elements at the index. Past the end the table grows to the index, and the gap is
- * the n elements up to it. */
+/* Opens a gap of n zeroed elements at the index. Past the end the table grows to the index, and the gap is the n
+ * elements up to it. */
 UOM_API void tbl_Insert(UomTable *table, uint32_t index, uint32_t n);
 
 UOM_API int32_t tbl_Find(const UomTable *table, double value); /* first equal element, or -1 */
@@ -173,12 +170,11 @@ UOM_API void tbl_FreeTextArray(char **texts);
  * Classes. A class number is in range when it is at least 1 and below uom_GetUOMClassCount().
  */
 
-/* The number of a class, 0 when there is none. Mode 2 looks at keywords ("PRES"); any other mode at tokens
- * ("Pres"), alternative tokens and then long names ("Pressure"). Keywords of a rate of any basis answer Rate.
- * Under "qx71" the answer is the number in the older numbering. */
+/* The number of a class, 0 when there is none. Mode 2 looks at keywords ("PRES"); any other mode at tokens ("Pres"),
+ * alternative tokens and then long names ("Pressure"). Keywords of a rate of any basis answer Rate. Under "qx71" the
+ * answer is the number in the older numbering. */
 UOM_API int32_t uom_GetClassType(const char *text, int32_t mode);
-UOM_API int32_t
-uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty */
+UOM_API int32_t uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty */
 
 /* A new table of the texts of all classes in a style (as uom_GetClassText), without the internal bases. */
 UOM_API UomTable *uom_GetClassList(int32_t style);
@@ -189,9 +185,8 @@ UOM_API void uom_GetClassGUIWidths(int32_t classId, int32_t *width1, int32_t *wi
 UOM_API int32_t uom_IsClassBase(int32_t classId);  /* 1 for a class without components, or out of range */
 UOM_API int32_t uom_IsClassBasis(int32_t classId); /* 1 for the class Basis */
 
-/* The text of a class in a style: 1 token, 2 keyword, 3 token, 4 token in capitals, 5 long name, 6 token; 0
- * and below the default style. Empty for a class out of range or without the text. Needs a size of at
- * least 2. */
+/* The text of a class in a style: 1 token, 2 keyword, 3 token, 4 token in capitals, 5 long name, 6 token; 0 and below
+ * the default style. Empty for a class out of range or without the text. Needs a size of at least 2. */
 UOM_API void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style);
 UOM_API int32_t uom_GetClassTextLen(int32_t classId); /* length of the long name, 0 out of range */
 
@@ -204,39 +199,35 @@ UOM_API int32_t uom_GetClassTextLen(int32_t classId); /* length of the long name
 /* The first unit with this token, whatever its class; UOM_NULL when there is none. */
 UOM_API int32_t uom_GetUnitType(const char *text);
 
-/* The unit of the class whose token (mode 2: keyword) is the text, also written without its blanks. Trailing
- * blanks of `text` are cut in place. UOM_NULL when there is none. */
+/* The unit of the class whose token (mode 2: keyword) is the text, also written without its blanks. Trailing blanks
+ * of `text` are cut in place. UOM_NULL when there is none. */
 UOM_API int32_t uom_GetUnitFromString(int32_t classId, char *text, int32_t mode);
 
-UOM_API UomTable *
-uom_GetUnitList(int32_t classId); /* a new table of the tokens; null for a class without a list */
+UOM_API UomTable *uom_GetUnitList(int32_t classId); /* a new table of the tokens; null for a class without a list */
 
-/* Fills n entries with the class's units, UOM_NULL behind them. 1 for null, n below 1 or a bad class; else 0.
- */
+/* Fills n entries with the class's units, UOM_NULL behind them. 1 for null, n below 1 or a bad class; else 0. */
 UOM_API int32_t uom_GetUnitIndices(int32_t classId, int32_t *units, int32_t n);
-UOM_API int32_t uom_GetUnitListIndex(int32_t classId,
-                                     int32_t unit); /* place in the class's list from 0, or -1 */
+UOM_API int32_t uom_GetUnitListIndex(int32_t classId, int32_t unit); /* place in the class's list from 0, or -1 */
 
-/* How many nodes a class takes in a chain: 1 for a base class, 0 for a class out of range. Not a count of
- * units. */
+/* How many nodes a class takes in a chain: 1 for a base class, 0 for a class out of range. Not a count of units. */
 UOM_API int32_t uom_GetUnitMax(int32_t classId);
 
-/* The text of a unit in a style: 1 token, 2 keyword, 3 token with superscripts (Latin-1 bytes 178 and 179), 4
- * token in capitals, 5 description, 6 token with HTML superscripts; 0 and below the default style. Empty for
- * a bad unit. All `size` bytes of `out` are written. */
+/* The text of a unit in a style: 1 token, 2 keyword, 3 token with superscripts (Latin-1 bytes 178 and 179), 4 token
+ * in capitals, 5 description, 6 token with HTML superscripts; 0 and below the default style. Empty for a bad unit.
+ * All `size` bytes of `out` are written. */
 UOM_API void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style);
 UOM_API int32_t uom_GetUnitTextLen(int32_t unit); /* length of the token, 0 for a bad unit */
 UOM_API void uom_GetUnitDescription(int32_t unit, char *out, int32_t size);
 
-/* The constants of a unit, (x + offset) * factor being the value in base units; 0.0 and 1.0, and 1 returned,
- * for a bad unit. The offset of a gauge unit is the atmospheric pressure in force, in that unit. */
+/* The constants of a unit, (x + offset) * factor being the value in base units; 0.0 and 1.0, and 1 returned, for a
+ * bad unit. The offset of a gauge unit is the atmospheric pressure in force, in that unit. */
 UOM_API int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor);
 
 /* Changes the constants of a unit for all later conversions, until the next start-up. 1 for a bad unit. */
 UOM_API int32_t uom_SetConvConstants(int32_t unit, double offset, double factor);
 
-/* Text styles by default: style 0 of all printing operations. Set answers the style that held before, and
- * ignores anything but 1 to 6. */
+/* Text styles by default: style 0 of all printing operations. Set answers the style that held before, and ignores
+ * anything but 1 to 6. */
 UOM_API int32_t uom_SetDefaultDisplayStyle(int32_t style);
 UOM_API int32_t uom_GetDefaultDisplayStyle(void);
 
@@ -249,36 +240,31 @@ UOM_API int32_t uom_GetAllowUOMMultipliers(void);
  */
 
 /* A new chain for a class string, its units still empty; null with a message when a class is unknown, the
- * parentheses do not balance, there are more than 20 classes and parentheses or memory is exhausted, and null
- * without one for a blank or null text. "Pres/VolRate 2", "(Leng Mass) 2 / Time", "Rate (Mass)": numbers are
- * exponents, a class name that holds blanks stands in quotes, a basis unit may follow a class that has a
- * basis. */
+ * parentheses do not balance, there are more than 20 classes and parentheses or memory is exhausted, and null without
+ * one for a blank or null text. "Pres/VolRate 2", "(Leng Mass) 2 / Time", "Rate (Mass)": numbers are exponents, a
+ * class name that holds blanks stands in quotes, a basis unit may follow a class that has a basis. */
 UOM_API UomStruct uoms_New(const char *classString);
 
 /* 1 when uoms_New would give a chain, else 0. */
 UOM_API int32_t uoms_IsClassValid(const char *classString);
 
-/* 0 when the unit string fits the class string, 1 when the class string fails, 2 when the unit string does.
- */
+/* 0 when the unit string fits the class string, 1 when the class string fails, 2 when the unit string does. */
 UOM_API int32_t uoms_ValidateUOM(const char *classString, const char *uomString);
 
-/* Exponents of mass, length, time, temperature, charge and currency of a class string, into six entries.
- * Always 0; the entries stay as they were when the class string fails. */
+/* Exponents of mass, length, time, temperature, charge and currency of a class string, into six entries. Always 0;
+ * the entries stay as they were when the class string fails. */
 UOM_API int32_t uoms_GetDimensions(const char *classString, int32_t *dimensions);
 
-/* A new chain from `count` classes with exponents. `units` may be null; it gives the units of simple classes,
- * and the basis unit of composite ones, which decides the class of the node behind the basis. Null for a
- * count below 1. */
+/* A new chain from `count` classes with exponents. `units` may be null; it gives the units of simple classes, and
+ * the basis unit of composite ones, which decides the class of the node behind the basis. Null for a count below 1. */
 UOM_API UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents,
                                   const int32_t *units);
 
-/* A new chain of one class, units empty, whose slateUnit fields are filled from `units`: three rows, one for
- * each of English, Metric and SI, each of uom_GetUnitMax(classId) entries; null leaves them empty. Null for a
- * bad class. */
+/* A new chain of one class, units empty, whose slateUnit fields are filled from `units`: three rows, one for each of
+ * English, Metric and SI, each of uom_GetUnitMax(classId) entries; null leaves them empty. Null for a bad class. */
 UOM_API UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *units);
 
-/* The reverse of uom_BuildStruct: entry i belongs to node i, zero for the later nodes of a composite class.
- */
+/* The reverse of uom_BuildStruct: entry i belongs to node i, zero for the later nodes of a composite class. */
 UOM_API void uom_DecodeStruct(UomStruct chain, int32_t n, int32_t *classes, int32_t *exponents);
 
 UOM_API UomStruct uom_Copy(UomStruct chain); /* a new chain, or null when memory is exhausted */
@@ -297,10 +283,9 @@ UOM_API UomStruct uom_InsertBeforeStruct(UomStruct chain, UomStruct insert, UomS
 /* Cuts the first nodes, as many as the class takes (1 to 70), off the front and returns them as a chain. */
 UOM_API UomStruct uom_RemoveStruct(UomStruct *chain, int32_t classId);
 
-UOM_API UomStruct uom_FindStructClass(UomStruct chain,
-                                      int32_t classId); /* first node of that baseClass, or null */
-UOM_API int32_t uom_GetStructIndex(UomStruct chain, UomStruct node); /* place from 0, or -1 */
-UOM_API int32_t uom_IsStartOfClass(UomStruct node);                  /* 1: first node of a composite class */
+UOM_API UomStruct uom_FindStructClass(UomStruct chain, int32_t classId); /* first node of that baseClass, or null */
+UOM_API int32_t uom_GetStructIndex(UomStruct chain, UomStruct node);     /* place from 0, or -1 */
+UOM_API int32_t uom_IsStartOfClass(UomStruct node);                      /* 1: first node of a composite class */
 UOM_API UomStruct uom_GetEndOfClass(UomStruct node); /* last node of the class that starts here, or null */
 UOM_API int32_t uom_GetUnitCount(UomStruct chain);   /* nodes */
 UOM_API int32_t uom_GetClassCount(UomStruct chain);  /* classes: a composite class counts once */
@@ -315,14 +300,15 @@ UOM_API void uom_SetMultipliers(UomStruct chain, int32_t n, const int32_t *multi
  * Unit strings
  */
 
-/* Fills the chain's units and multipliers from a unit string, or from a slate when the text is a slate's
- * name. style  2 matches the units' keywords, any other their tokens The chain says what comes next; at each
- * node the longest matching unit of its class is taken. Composite classes are read without a look at their
- * exponents. A thousand or million stands in front of a unit: "M BBL", "MM BBL" or "k*m3", "M*m3", in these
- * letters. Returns 0 with the last-error text cleared (left as it is for a slate), or a status with a
- * message: 1 null argument, 2 no such unit, 3 text too short, 4 text left over, 5 bad multiplier, 6 wrong
- * exponent, 7 a multiplier under a power needs parentheses, 8 parentheses nested deeper than 32, 11 memory is
- * exhausted. Nodes filled before a failure stay filled. */
+/* Fills the chain's units and multipliers from a unit string, or from a slate when the text is a slate's name.
+ *   style  2 matches the units' keywords, any other their tokens
+ * The chain says what comes next; at each node the longest matching unit of its class is taken. Composite classes
+ * are read without a look at their exponents. A thousand or million stands in front of a unit: "M BBL", "MM BBL" or
+ * "k*m3", "M*m3", in these letters.
+ * Returns 0 with the last-error text cleared (left as it is for a slate), or a status with a message: 1 null
+ * argument, 2 no such unit, 3 text too short, 4 text left over, 5 bad multiplier, 6 wrong exponent, 7 a multiplier
+ * under a power needs parentheses, 8 parentheses nested deeper than 32, 11 memory is exhausted. Nodes filled before
+ * a failure stay filled. */
 UOM_API int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style);
 
 /* The unit of a class at the head of a text, with its multiplier.
@@ -332,10 +318,9 @@ UOM_API int32_t uom_FillStructFromString(UomStruct chain, const char *uomString,
 UOM_API int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed,
                                        int32_t *multiplier, int32_t *unit);
 
-/* The normal form of a unit string, as messages of uom_FillStructFromString show it: no blanks at the ends
- * and round
- * "(", ")", "-" and "/", single blanks elsewhere, Latin-1 superscripts as digits. `out` has room for as many
- * bytes as the input with its terminator. 0 for an empty or blank input, else 1. */
+/* The normal form of a unit string, as messages of uom_FillStructFromString show it: no blanks at the ends and round
+ * "(", ")", "-" and "/", single blanks elsewhere, Latin-1 superscripts as digits. `out` has room for as many bytes as
+ * the input with its terminator. 0 for an empty or blank input, else 1. */
 UOM_API int32_t uom_UOMStringToStd(char *out, const char *in);
 
 /* The multiplier at the head of a text.
@@ -346,30 +331,28 @@ UOM_API int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format
                                                 const char **rest);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Class-and-unit entry: a class number or keyword and plain units, each found by a whole word. Words are cut
- * at "/"; all behind the first "/" have the exponent -1. A word has at most 20 characters. style  2 matches
- * the units' keywords, any other their tokens
+ * Class-and-unit entry: a class number or keyword and plain units, each found by a whole word. Words are cut at "/";
+ * all behind the first "/" have the exponent -1. A word has at most 20 characters.
+ *   style  2 matches the units' keywords, any other their tokens
  */
 
-/* A new chain from fixed-layout text: a class keyword in characters 1 to 4, a separator, units from character
- * 6 on, e.g. "PRES PSIA", "MRAT LB/HR" (a rate in pound moles), "GVRA M3/HR" (in vapour volume). Null for a
- * null or shorter text or an unknown class; units that are not found stay empty. */
+/* A new chain from fixed-layout text: a class keyword in characters 1 to 4, a separator, units from character 6 on,
+ * e.g. "PRES PSIA", "MRAT LB/HR" (a rate in pound moles), "GVRA M3/HR" (in vapour volume). Null for a null or
+ * shorter text or an unknown class; units that are not found stay empty. */
 UOM_API UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style);
 
-/* A new chain of one class filled from the units; null for a bad class. Units that are not found stay empty.
- */
+/* A new chain of one class filled from the units; null for a bad class. Units that are not found stay empty. */
 UOM_API UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style);
 
 /* Fills the nodes of one class. 0, or 1 when a word is not found or an argument is null. */
 UOM_API int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style);
 
-/* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class, with an empty
- * chain. */
+/* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class, with an empty chain. */
 UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const char *text, int32_t style);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Conversion. A value below -1e35 means no value (-1.5e35 is written for it) and passes unchanged, but in
- * arrays behind the first element of a linear conversion, where it is a number like any other.
+ * Conversion. A value below -1e35 means no value (-1.5e35 is written for it) and passes unchanged, but in arrays
+ * behind the first element of a linear conversion, where it is a number like any other.
  */
 
 /* Converts `count` values in place.
@@ -378,46 +361,42 @@ UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const cha
  *   fromUnits, toUnits  unit text, e.g. "kpa/(m3/sec)2", or the name of a slate
  * Returns 0, or 1 bad arguments, 2 class, 3 source units, 4 target units not understood, with the reason in
  * uom_GetLastErrorMessage(). On 1 to 4 the values are as they were. */
-UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *classString,
-                                  const char *fromUnits, const char *toUnits);
+UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *classString, const char *fromUnits,
+                                  const char *toUnits);
 
-/* The constants of a conversion: y = (x + offset) * factor. Returns 0; 1 to 4 as uoms_ConvertArray; 5 when
- * the conversion is not linear (API gravity). Unless it returns 0 the outputs mean nothing. */
-UOM_API int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits,
-                                            const char *toUnits, double *factor, double *offset);
+/* The constants of a conversion: y = (x + offset) * factor. Returns 0; 1 to 4 as uoms_ConvertArray; 5 when the
+ * conversion is not linear (API gravity). Unless it returns 0 the outputs mean nothing. */
+UOM_API int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits, const char *toUnits,
+                                            double *factor, double *offset);
 
-/* Converts `count` values in place from the units of one chain to those of a parallel one. 1 for a null array
- * or a count below 1, else 0. */
+/* Converts `count` values in place from the units of one chain to those of a parallel one. 1 for a null array or a
+ * count below 1, else 0. */
 UOM_API int32_t uom_ConvertArray(double *values, int32_t count, UomStruct from, UomStruct to);
 
-/* One value from the units of one chain to those of a parallel one. A node without a usable unit passes the
- * value through. An API gravity at the very end of a target chain is completed by the next conversion. */
+/* One value from the units of one chain to those of a parallel one. A node without a usable unit passes the value
+ * through. An API gravity at the very end of a target chain is completed by the next conversion. */
 UOM_API double uom_ConvertFromTo(double value, UomStruct from, UomStruct to);
 
-/* One value between two slates, in the class of the chain. UOM_SET_CURRENT stands for the chain's own units.
- */
+/* One value between two slates, in the class of the chain. UOM_SET_CURRENT stands for the chain's own units. */
 UOM_API double uom_Convert(double value, UomStruct chain, int32_t fromSlate, int32_t toSlate);
 UOM_API double uom_ConvertFromCurrent(double value, UomStruct chain); /* own units to the slate Internal */
 UOM_API double uom_ConvertToCurrent(double value, UomStruct chain);   /* the slate Internal to own units */
 
-/* One value of a class between two slates. `units`, one entry a node, replaces the units that UOM_SET_CURRENT
- * stands for; null leaves those of the Current slate. Entries may be rewritten as by uom_SetUnits. */
-UOM_API double uom_ConvertValue(int32_t classId, int32_t *units, int32_t fromSlate, int32_t toSlate,
-                                double value);
+/* One value of a class between two slates. `units`, one entry a node, replaces the units that UOM_SET_CURRENT stands
+ * for; null leaves those of the Current slate. Entries may be rewritten as by uom_SetUnits. */
+UOM_API double uom_ConvertValue(int32_t classId, int32_t *units, int32_t fromSlate, int32_t toSlate, double value);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Basis and gauge pressure. A basis is a unit of the class Basis: it says what a Rate, Quantity or BasisFrac
- * is counted by, and so of which class the node behind it is.
+ * Basis and gauge pressure. A basis is a unit of the class Basis: it says what a Rate, Quantity or BasisFrac is
+ * counted by, and so of which class the node behind it is.
  */
 
-/* Puts a basis of mass into a chain that has none, in front of its first mass node (of the first Petro Mass
- * node when the chain is a PetroDensity), and changes it to `basis`; the new head. */
+/* Puts a basis of mass into a chain that has none, in front of its first mass node (of the first Petro Mass node
+ * when the chain is a PetroDensity), and changes it to `basis`; the new head. */
 UOM_API UomStruct uom_AddBasisStruct(UomStruct chain, int32_t basis);
-UOM_API UomStruct
-uom_RemoveBasisStruct(UomStruct chain); /* back to mass, without the basis node; the new head */
+UOM_API UomStruct uom_RemoveBasisStruct(UomStruct chain); /* back to mass, without the basis node; the new head */
 
-/* Changes the basis and the class and unit of the node behind it. 1 for UOM_NULL or a chain without a basis.
- */
+/* Changes the basis and the class and unit of the node behind it. 1 for UOM_NULL or a chain without a basis. */
 UOM_API int32_t uom_SetBasis(UomStruct chain, int32_t basis);
 UOM_API int32_t uom_CheckForBasis(UomStruct chain); /* 1 when the chain has a basis node */
 
@@ -427,27 +406,24 @@ UOM_API int32_t uom_IsBasisEqual(UomStruct a, UomStruct b);
 /* The basis that a class string has when filled from a unit string, or UOM_NULL. */
 UOM_API int32_t uoms_GetBasis(const char *classString, const char *unitString);
 
-/* Makes a slate's atmospheric pressure (its own, an ancestor's, else 101.325 kPa) the zero of the units kPag,
- * barg, ate, psig, kg/cm2g and mbarg, for all conversions. 1 for a bad slate, else 0. */
+/* Makes a slate's atmospheric pressure (its own, an ancestor's, else 101.325 kPa) the zero of the units kPag, barg,
+ * ate, psig, kg/cm2g and mbarg, for all conversions. 1 for a bad slate, else 0. */
 UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Slates
  */
 
-/* The index of a slate, new if there is none of this name; a new slate is based on itself and states nothing.
- * -1 when memory is exhausted or the name is null. */
+/* The index of a slate, new if there is none of this name; a new slate is based on itself and states nothing. -1
+ * when memory is exhausted or the name is null. */
 UOM_API int32_t uoms_NewSet(const char *name);
-UOM_API int32_t uom_GetSetType(const char *name); /* index, or -1; the empty name is slate 0 */
-UOM_API int32_t
-uom_CheckDupSetName(const char *name);  /* 1: a slate has exactly this name, letters' case included */
-UOM_API UomTable *uom_GetSetList(void); /* a new table of all names, slate 0's empty one first */
-UOM_API int32_t
-uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before */
+UOM_API int32_t uom_GetSetType(const char *name);      /* index, or -1; the empty name is slate 0 */
+UOM_API int32_t uom_CheckDupSetName(const char *name); /* 1: a slate has exactly this name, letters' case included */
+UOM_API UomTable *uom_GetSetList(void);                /* a new table of all names, slate 0's empty one first */
+UOM_API int32_t uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before */
 
-/* Makes the destination state what the source states, for the 71 compiled classes, and names the source as
- * its parent (English, Metric and SI keep theirs). 1 for a bad or equal index, 11 when memory is exhausted,
- * else 0. */
+/* Makes the destination state what the source states, for the 71 compiled classes, and names the source as its
+ * parent (English, Metric and SI keep theirs). 1 for a bad or equal index, 11 when memory is exhausted, else 0. */
 UOM_API int32_t uom_InitializeSet(int32_t destination, int32_t source);
 UOM_API int32_t uom_InitializeCurrentSet(int32_t source); /* the same into UOM_SET_CURRENT */
 UOM_API int32_t uoms_InitializeSet(const char *destination, const char *source);
@@ -457,8 +433,8 @@ UOM_API int32_t uoms_CopySet(const char *destination, const char *source); /* an
 UOM_API int32_t uom_DeleteSet(int32_t slate);
 UOM_API int32_t uoms_DeleteSet(const char *name);
 
-/* Does nothing when a slate has exactly the new name or none has the old one. Children keep the old name as
- * that of their parent. */
+/* Does nothing when a slate has exactly the new name or none has the old one. Children keep the old name as that of
+ * their parent. */
 UOM_API void uoms_RenameSet(const char *oldName, const char *newName);
 
 /* Withdraws every default of the slate. 1 for an unknown slate, else 0. */
@@ -483,14 +459,14 @@ UOM_API char *uom_GetBaseName(int32_t slate, char *out);
  */
 
 /* Writes `count` entries of a unit array into the chain and returns count.
- *   kind 1  the units in use. A changed basis turns the next node into the class that it stands for, with a
- * unit derived from the old one or the Current slate's default; a unit that is a whole quotient ("kW", "API")
+ *   kind 1  the units in use. A changed basis turns the next node into the class that it stands for, with a unit
+ *           derived from the old one or the Current slate's default; a unit that is a whole quotient ("kW", "API")
  *           clears the next node. An invalid entry leaves the node's unit; entries may be rewritten
  *   kind 2  the units fixed for a root slate (English, Metric, SI); any other slate does nothing */
 UOM_API int32_t uom_SetUnits(int32_t kind, int32_t slate, UomStruct chain, int32_t count, int32_t *units);
 
-/* Reads them into `count` entries, zeros behind the chain: kind 1 in use, 2 fixed for a root slate, 3 the
- * defaults that a slate resolves to. */
+/* Reads them into `count` entries, zeros behind the chain: kind 1 in use, 2 fixed for a root slate, 3 the defaults
+ * that a slate resolves to. */
 UOM_API void uom_GetUnits(int32_t kind, int32_t slate, UomStruct chain, int32_t count, int32_t *units);
 UOM_API void uom_GetDefaultUnits(UomStruct chain, int32_t slate, int32_t count, int32_t *units);
 UOM_API void uom_GetDefaultMults(UomStruct chain, int32_t slate, int32_t count, int32_t *multipliers);
@@ -505,8 +481,8 @@ UOM_API void uom_InitializeUnits(UomStruct chain, int32_t slate);
 /* The same from the Current slate, with the units that the chain fixes for the active root system on top. */
 UOM_API void uom_InitializeCurrentUnits(UomStruct chain);
 
-/* The 71 pairs that a slate itself states for the classes 0 to 70. Writing sets no dependent default. 1 for a
- * bad slate, else 0. */
+/* The 71 pairs that a slate itself states for the classes 0 to 70. Writing sets no dependent default. 1 for a bad
+ * slate, 11 when memory is exhausted, else 0. */
 UOM_API int32_t uom_GetGlobalUnits(int32_t slate, int32_t *units, int32_t *multipliers);
 UOM_API int32_t uom_SetGlobalUnits(int32_t slate, const int32_t *units, const int32_t *multipliers);
 
@@ -517,21 +493,20 @@ UOM_API int32_t uom_IsUnitDefault(UomStruct chain);
  * Display units
  */
 
-/* The units of a filled chain as text, "kPa/(m3/sec)2", which reads back through uom_FillStructFromString;
- * styles as uom_GetUnitText. Returns `out`; all its bytes are written. */
+/* The units of a filled chain as text, "kPa/(m3/sec)2", which reads back through uom_FillStructFromString; styles as
+ * uom_GetUnitText. Returns `out`; all its bytes are written. */
 UOM_API char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t style);
 
-/* The multiplier of a node as it stands in front of the unit: "M ", "MM ", "k*", "M*" or nothing. 0, or 1 for
- * a bad argument. */
+/* The multiplier of a node as it stands in front of the unit: "M ", "MM ", "k*", "M*" or nothing. 0, or 1 for a bad
+ * argument. */
 UOM_API int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size);
 
-/* Display units of a class in a slate, with `units` (one entry a node, or null) put over them. Returns `out`.
- */
+/* Display units of a class in a slate, with `units` (one entry a node, or null) put over them. Returns `out`. */
 UOM_API char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *out, int32_t size,
                                  int32_t style);
 
-/* Display units of a class string in a slate; for the property "GaugePresBasis" the atmospheric pressure in
- * kPa that the slate or an ancestor states. Empty for anything unknown. Returns `out`. */
+/* Display units of a class string in a slate; for the property "GaugePresBasis" the atmospheric pressure in kPa that
+ * the slate or an ancestor states. Empty for anything unknown. Returns `out`. */
 UOM_API char *uoms_GetDisplayUnits(const char *classString, const char *slateName, char *out, int32_t size,
                                    int32_t style);
 
@@ -539,51 +514,49 @@ UOM_API char *uoms_GetDisplayUnits(const char *classString, const char *slateNam
  * Class strings and keyword strings
  */
 
-/* The class string of a chain, "Pres / Rate 2", which reads back through uoms_New; styles as
- * uom_GetClassText. Needs a size of at least 2; empty for a null chain. */
+/* The class string of a chain, "Pres / Rate 2", which reads back through uoms_New; styles as uom_GetClassText. Needs a
+ * size of at least 2; empty for a null chain. */
 UOM_API void uom_BuildClassString(UomStruct chain, char *out, int32_t size, int32_t style);
 
-/* The class string with every temperature and pressure in its absolute, difference or standard form
- * ("PresDiff/Time 2" becomes "PresAbs / Time 2"); a text without one comes back as it is. 0; 1 for a bad
- * buffer; 2 when the class string fails, with its copy in `out`. */
+/* The class string with every temperature and pressure in its absolute, difference or standard form ("PresDiff/Time 2"
+ * becomes "PresAbs / Time 2"); a text without one comes back as it is. 0; 1 for a bad buffer; 2 when the class string
+ * fails, with its copy in `out`. */
 UOM_API int32_t uoms_GetAbsoluteClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetDifferenceClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetStandardClass(const char *classString, char *out, int32_t size);
 
-/* The unit text of a difference: gauge and absolute pressure units become plain ones ("psig" becomes "psi").
- * 0, or 1 with an empty text when the class string fails. */
-UOM_API int32_t uoms_GetDifferenceUOM(const char *classString, const char *uomString, char *out,
-                                      int32_t size);
+/* The unit text of a difference: gauge and absolute pressure units become plain ones ("psig" becomes "psi"). 0, or 1
+ * with an empty text when the class string fails. */
+UOM_API int32_t uoms_GetDifferenceUOM(const char *classString, const char *uomString, char *out, int32_t size);
 
-/* The fixed-layout keyword text of a filled chain, the reverse of uom_ClassAndUnitToStruct: "WTRA LB/HR"
- * padded to 25 characters. Needs a size of at least 26; empty when the text does not fit. The chain is
- * changed and brought back on the way; a mole unit without a mass unit of its name is lost. Returns `out`. */
+/* The fixed-layout keyword text of a filled chain, the reverse of uom_ClassAndUnitToStruct: "WTRA LB/HR" padded to 25
+ * characters. Needs a size of at least 26; empty when the text does not fit. The chain is changed and brought back on
+ * the way; a mole unit without a mass unit of its name is lost. Returns `out`. */
 UOM_API char *uom_StructToOXString(UomStruct chain, char *out, int32_t size);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Defaults of a slate. Writing the default of a base class sets those that follow from it (degrees F decide
- * degrees R, a length its area and volumes).
+ * Defaults of a slate. Writing the default of a base class sets those that follow from it (degrees F decide degrees
+ * R, a length its area and volumes).
  */
 
-/* States the default of a class: units and multipliers, one entry a node of the class. UOM_NULL withdraws it.
- * 1 for a bad slate, class or (base class) null array; 11 when memory is exhausted. */
-UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units,
-                                    const int32_t *multipliers);
+/* States the default of a class: units and multipliers, one entry a node of the class. UOM_NULL withdraws it. 1 for a
+ * bad slate, class or (base class) null array; 11 when memory is exhausted. */
+UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers);
 
-/* The same by text: value is a unit string ("MM BBL/day"), empty or null to withdraw the default. The class
- * name may be one of the slate's properties "GaugePresBasis" (atmospheric pressure, in kPa, or in Pa from
- * 50662.5 up), "isSystem", "isHidden", "allowDelete", "allowModify" (0 or 1). Clears the last-error text.
- * Returns 0; 1 unknown slate or class, with a message; or the status and message of uom_FillStructFromString.
- * The slate is then as it was. */
+/* The same by text: value is a unit string ("MM BBL/day"), empty or null to withdraw the default. The class name may
+ * be one of the slate's properties "GaugePresBasis" (atmospheric pressure, in kPa, or in Pa from 50662.5 up),
+ * "isSystem", "isHidden", "allowDelete", "allowModify" (0 or 1).
+ * Clears the last-error text. Returns 0; 1 unknown slate or class, with a message; or the status and message of
+ * uom_FillStructFromString. The slate is then as it was. */
 UOM_API int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value);
 
-/* The text of what the slate itself states. A base class inherits nothing here; slots that a stated composite
- * class leaves open are filled in from the parents. 1 for a bad argument, else 0, with an empty text where
- * nothing is stated. */
+/* The text of what the slate itself states. A base class inherits nothing here; slots that a stated composite class
+ * leaves open are filled in from the parents. 1 for a bad argument, else 0, with an empty text where nothing is
+ * stated. */
 UOM_API int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length);
 
-/* The same by name; clears the last-error text, writes one for a bad slate or a missing argument. Properties
- * as uoms_SetClassDefault. */
+/* The same by name; clears the last-error text, writes one for a bad slate or a missing argument. Properties as
+ * uoms_SetClassDefault. */
 UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *className, char *out, int32_t length);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -591,48 +564,47 @@ UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *classNam
  */
 
 /* A new table of lines, null for an unknown slate.
- *   format  0 the parent's name, "GaugePresBasis" and its value in Pa, then pairs of elements, class and
- * default, as far as they differ from the parent's 1 the same with every class 2 lines: "[name]",
- * "BasedOn=...", the properties, the custom classes, then "class=default" as in 0 any other gives an empty
- * table */
+ *   format  0 the parent's name, "GaugePresBasis" and its value in Pa, then pairs of elements, class and default, as
+ *             far as they differ from the parent's
+ *           1 the same with every class
+ *           2 lines: "[name]", "BasedOn=...", the properties, the custom classes, then "class=default" as in 0
+ *           any other gives an empty table */
 UOM_API UomTable *uoms_GetSetDefinition(const char *name, int32_t format);
 
-/* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in
- * place, so a table cannot be read twice. 1 for null or an empty table, else 0: what single lines say is in
- * the last-error text alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as "BasedOn". */
+/* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in place, so a
+ * table cannot be read twice. 1 for null or an empty table, else 0: what single lines say is in the last-error text
+ * alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as "BasedOn". */
 UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Custom classes. They take the numbers from 71 up; deleting one moves later ones down.
  */
 
-/* A new class: a copy of a compiled base class ("Leng"), or a composite of at most three components given as
- * a class string ("MassRate / Area"). In every slate it starts with the default of the class it is defined
- * from. Returns 0; 1 missing argument, 2 exists, 3 definition not understood, 5 too many components, 11
- * memory is exhausted, each with a message. */
+/* A new class: a copy of a compiled base class ("Leng"), or a composite of at most three components given as a class
+ * string ("MassRate / Area"). In every slate it starts with the default of the class it is defined from. Returns 0;
+ * 1 missing argument, 2 exists, 3 definition not understood, 5 too many components, 11 memory is exhausted, each
+ * with a message. */
 UOM_API int32_t uoms_NewClass(const char *name, const char *definition);
 
 /* 0; 1 for null; 2 for an unknown class, a compiled one and number 71, the first custom class. */
 UOM_API int32_t uoms_DeleteClass(const char *name);
 
-/* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such
- * class, 3 a compiled class, 4 any other style, 11 memory is exhausted. */
+/* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such class,
+ * 3 a compiled class, 4 any other style, 11 memory is exhausted. */
 UOM_API int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t style);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Choices of units: narrow what a class recognises and an interface offers, for every class that it is part
- * of.
+ * Choices of units: narrow what a class recognises and an interface offers, for every class that it is part of.
  */
 
-/* From a table of unit tokens, unknown ones left out; null, empty, or all unknown restores the full list. 1
- * for an unknown class, 11 when memory is exhausted, else 0. */
+/* From a table of unit tokens, unknown ones left out; null, empty, or all unknown restores the full list. 1 for an
+ * unknown class, 11 when memory is exhausted, else 0. */
 UOM_API int32_t uoms_SetUOMChoices(const char *classText, const UomTable *tokens);
 
 /* The same from an array of units ended by UOM_NULL. */
 UOM_API int32_t uom_SetUOMChoices(int32_t classId, const int32_t *units);
 
-/* Puts the data file's short lists for the class of the first node in force, and takes them away. UOM_NULL
- * and 0. */
+/* Puts the data file's short lists for the class of the first node in force, and takes them away. UOM_NULL and 0. */
 UOM_API int32_t uom_LoadApplicationList(UomStruct chain);
 UOM_API int32_t uom_LoadNormalList(UomStruct chain);
 
@@ -641,11 +613,11 @@ UOM_API int32_t uom_LoadNormalList(UomStruct chain);
  */
 
 /* Prints the catalogue as a document to a file, or to the standard output for a null or empty path.
- *   options  sum of 1 classes and slates, 2 the same and the definitions of composite classes, 4 units and
- * common lists, 8 sample conversions, 256 for end users (leaves out what is internal), 512 multiplier
- * columns, 1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified,
- * and of Current; 0 means 15 Returns 0, the error number of the system when the file cannot be made, or the
- * result of the last flush. */
+ *   options  sum of 1 classes and slates, 2 the same and the definitions of composite classes, 4 units and common
+ *            lists, 8 sample conversions, 256 for end users (leaves out what is internal), 512 multiplier columns,
+ *            1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified, and
+ *            of Current; 0 means 15
+ * Returns 0, the error number of the system when the file cannot be made, or the result of the last flush. */
 UOM_API int32_t uom_Dump(int32_t options, const char *path);
 
 #ifdef __cplusplus

@@ -42,8 +42,8 @@ int runClasses(bool all) {
     for (int32_t c = all ? 1 : FIRST_CLASS; c < uom_GetUOMClassCount(); ++c) {
         const std::string token = classText(c, TOKEN_STYLE);
         if (!token.empty() && (all || shown.count(token)))
-            table.rows.push_back({std::to_string(c), token, classText(c, LONG_NAME_STYLE),
-                                  classText(c, KEYWORD_STYLE), componentsOf(c)});
+            table.rows.push_back({std::to_string(c), token, classText(c, LONG_NAME_STYLE), classText(c, KEYWORD_STYLE),
+                                  componentsOf(c)});
     }
     print(table);
     return 0;
@@ -85,8 +85,8 @@ void printUnitsOf(UomStructNode *node, bool marked) {
 
 std::string heading(const UomStructNode *node) {
     const std::string exponent = node->baseExponent == 1 ? "" : " " + std::to_string(node->baseExponent);
-    return classText(node->baseClass, LONG_NAME_STYLE) + " (" + classText(node->baseClass, TOKEN_STYLE) +
-           exponent + ")";
+    return classText(node->baseClass, LONG_NAME_STYLE) + " (" + classText(node->baseClass, TOKEN_STYLE) + exponent +
+           ")";
 }
 
 bool isParenthesis(const UomStructNode *node) {
@@ -123,8 +123,7 @@ Action addUnits(CLI::App &command) {
     const auto arguments = std::make_shared<Arguments>();
     command.add_option("CLASS", arguments->classString, "Class, or class string")->required();
     command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *");
-    command.footer(
-        "Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
-        "For a composite class, the units of its components.");
+    command.footer("Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
+                   "For a composite class, the units of its components.");
     return [arguments] { return runUnits(arguments->classString, arguments->slate); };
 }

@@ -51,7 +51,6 @@ int runCheck(const std::string &path) {
 Action addCheck(CLI::App &command) {
     const auto path = std::make_shared<std::string>();
     command.add_option("FILE", *path, "Data file")->required();
-    command.footer(
-        "Prints FILE:LINE: and what is wrong, and exits with 1. A file without faults gives no word and 0.");
+    command.footer("Prints FILE:LINE: and what is wrong, and exits with 1. A file without faults gives no word and 0.");
     return [path] { return runCheck(*path); };
 }

@@ -10,11 +10,10 @@
 namespace {
 
 const char *const applicationLists[] = {
-    "OXTimeList",        "OXRateMassList",       "OXRateMoleList",      "OXRateLiqVolList",
-    "OXRateVapVolList",  "OXDensMassList",       "OXDensLiqVolList",    "OXDensMoleList",
-    "OXDensVapVolList",  "OXEnthalpyEnergyList", "OXEnthalpyMassList",  "OXEnthalpyMoleList",
-    "DensPetroMassList", "OXLengthList",         "OXHeatCapList",       "KSBasisList",
-    "OXBasisList",       "OXCakeresMassList",    "OXCakeresLengthList",
+    "OXTimeList",         "OXRateMassList",     "OXRateMoleList",    "OXRateLiqVolList",    "OXRateVapVolList",
+    "OXDensMassList",     "OXDensLiqVolList",   "OXDensMoleList",    "OXDensVapVolList",    "OXEnthalpyEnergyList",
+    "OXEnthalpyMassList", "OXEnthalpyMoleList", "DensPetroMassList", "OXLengthList",        "OXHeatCapList",
+    "KSBasisList",        "OXBasisList",        "OXCakeresMassList", "OXCakeresLengthList",
 };
 
 // Start-up gives the class Basis the units of one of these.
@@ -46,12 +45,10 @@ int checkItems(ListChecker &checker, const Section &list) {
     for (const DataLine &item : list.lines) {
         const auto unit = checker.units.find(lowerCase(item.tokens[0]));
         if (unit == checker.units.end())
-            report(checker, item.number,
-                   "\"" + item.tokens[0] + "\" in the list \"" + list.name + "\" is no unit");
+            report(checker, item.number, "\"" + item.tokens[0] + "\" in the list \"" + list.name + "\" is no unit");
         else if (unit->second)
             report(checker, item.number,
-                   "the placeholder \"" + item.tokens[0] + "\" in the list \"" + list.name +
-                       "\" can't be a unit");
+                   "the placeholder \"" + item.tokens[0] + "\" in the list \"" + list.name + "\" can't be a unit");
         else
             ++found;
     }
@@ -65,8 +62,7 @@ void checkSelectList(ListChecker &checker, const Section &list) {
     // A custom class has a list of its own only behind the class lines.
     if (!application && classId == 0) {
         if (customClass(list.name) == 0 || !checker.firstUser)
-            report(checker, list.line,
-                   "the list \"" + list.name + "\" names no class and no application list");
+            report(checker, list.line, "the list \"" + list.name + "\" names no class and no application list");
         return;
     }
     if (found > 0)
@@ -77,8 +73,7 @@ void checkSelectList(ListChecker &checker, const Section &list) {
         report(checker, list.line,
                "the list \"" + list.name + "\" replaces that of line " + std::to_string(first->second));
     if (checker.firstUser && !application)
-        report(checker, list.line,
-               "the list \"" + list.name + "\" stands behind classes or slates that may need it");
+        report(checker, list.line, "the list \"" + list.name + "\" stands behind classes or slates that may need it");
 }
 
 void checkCommonList(ListChecker &checker, const Section &list) {

@@ -63,8 +63,7 @@ void checkNewClass(SlateChecker &checker, int line, const std::string &name, con
 
 void checkClassList(SlateChecker &checker, const Section &section) {
     for (const DataLine &line : section.lines)
-        checkNewClass(checker, line.number, line.tokens[0],
-                      line.tokens.size() > 1 ? line.tokens[1].c_str() : nullptr);
+        checkNewClass(checker, line.number, line.tokens[0], line.tokens.size() > 1 ? line.tokens[1].c_str() : nullptr);
 }
 
 // --- slate lines

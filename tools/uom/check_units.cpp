@@ -108,8 +108,7 @@ const WellKnownUnit wellKnownUnits[] = {
 };
 
 constexpr size_t UNIT_FIELDS = 6;
-const char *const fieldNames[UNIT_FIELDS] = {"token",  "keyword", "description", "multiplier style",
-                                             "offset", "factor"};
+const char *const fieldNames[UNIT_FIELDS] = {"token", "keyword", "description", "multiplier style", "offset", "factor"};
 constexpr size_t FIRST_NUMBER = 3;
 
 void checkFields(const DataLine &unit, Findings &findings) {
@@ -118,8 +117,8 @@ void checkFields(const DataLine &unit, Findings &findings) {
         findings.push_back({unit.number, "the unit has " + std::to_string(count) + " fields in place of 6"});
     for (size_t i = FIRST_NUMBER; i < std::min(count, UNIT_FIELDS); ++i)
         if (!parseNumber(unit.tokens[i]))
-            findings.push_back({unit.number, "the " + std::string(fieldNames[i]) + " \"" + unit.tokens[i] +
-                                                 "\" is not a number"});
+            findings.push_back(
+                {unit.number, "the " + std::string(fieldNames[i]) + " \"" + unit.tokens[i] + "\" is not a number"});
 }
 
 // Units are found in normal texts, at a letter, "$" or "(".
@@ -139,19 +138,17 @@ void checkTokens(const DataFile &file, Findings &findings) {
         const std::string &token = unit.tokens[0];
         const auto [first, isNew] = lineOfToken.emplace(lowerCase(token), unit.number);
         if (!isNew)
-            findings.push_back({unit.number, "the unit \"" + token + "\" is hidden by that of line " +
-                                                 std::to_string(first->second)});
+            findings.push_back(
+                {unit.number, "the unit \"" + token + "\" is hidden by that of line " + std::to_string(first->second)});
         // The first unit is the placeholder, which nothing looks for.
         if (&unit != &file.units.front() && !canBeFound(token))
             findings.push_back({unit.number, "the unit \"" + token + "\" can't be found in a text"});
     }
     for (const WellKnownUnit &known : wellKnownUnits) {
-        if (lineOfToken.count(lowerCase(known.token)) ||
-            (known.second && lineOfToken.count(lowerCase(known.second))))
+        if (lineOfToken.count(lowerCase(known.token)) || (known.second && lineOfToken.count(lowerCase(known.second))))
             continue;
         const std::string other = known.second ? " or \"" + std::string(known.second) + "\"" : "";
-        findings.push_back(
-            {file.unitsEnd, "the unit \"" + std::string(known.token) + "\"" + other + " is missing"});
+        findings.push_back({file.unitsEnd, "the unit \"" + std::string(known.token) + "\"" + other + " is missing"});
     }
 }
 

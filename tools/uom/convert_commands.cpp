@@ -30,8 +30,7 @@ std::shared_ptr<ConversionArguments> addConversionArguments(CLI::App &command, c
         ->required();
     CLI::Option *from = command.add_option("--from-slate", arguments->fromSlate,
                                            "Convert from the units of this slate, in place of FROM and TO");
-    CLI::Option *to =
-        command.add_option("--to-slate", arguments->toSlate, "Convert to the units of this slate");
+    CLI::Option *to = command.add_option("--to-slate", arguments->toSlate, "Convert to the units of this slate");
     from->needs(to);
     to->needs(from);
     return arguments;
@@ -43,8 +42,7 @@ Units readUnits(const ConversionArguments &arguments) {
         slateNumber(arguments.toSlate);
         return {fromTerminal(arguments.words[0]), arguments.fromSlate, arguments.toSlate};
     }
-    return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]),
-            fromTerminal(arguments.words[2])};
+    return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
 }
 
 // Too few words are wrong usage, not a failure of the conversion.
@@ -93,8 +91,7 @@ void convertInput(const ConversionArguments &arguments, const Units &units) {
 }
 
 std::string validateFormat(const std::string &format) {
-    return isNumberFormat(format) ? ""
-                                  : "\"" + format + "\" is not a printf format for one number, like %.6g";
+    return isNumberFormat(format) ? "" : "\"" + format + "\" is not a printf format for one number, like %.6g";
 }
 
 int runConvert(const ConversionArguments &arguments) {
@@ -110,8 +107,8 @@ int runConvert(const ConversionArguments &arguments) {
 int runConstants(const ConversionArguments &arguments) {
     const Units units = readUnits(arguments);
     double factor, offset;
-    const int32_t status = uoms_CalculateConvConstants(units.classString.c_str(), units.from.c_str(),
-                                                       units.to.c_str(), &factor, &offset);
+    const int32_t status =
+        uoms_CalculateConvConstants(units.classString.c_str(), units.from.c_str(), units.to.c_str(), &factor, &offset);
     if (status == 5)
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != 0)

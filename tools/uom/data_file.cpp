@@ -77,8 +77,7 @@ std::vector<Piece> readPieces(const std::string &path) {
 std::string trimmedData(const std::string &text) {
     const size_t first = text.find_first_not_of(" \t");
     const size_t last = text.find_last_not_of(" \t\n");
-    return first == std::string::npos || last == std::string::npos ? ""
-                                                                   : text.substr(first, last - first + 1);
+    return first == std::string::npos || last == std::string::npos ? "" : text.substr(first, last - first + 1);
 }
 
 size_t commentMark(const std::string &text) {
@@ -140,8 +139,7 @@ std::optional<std::string> nextToken(const std::string &text, size_t &at, const 
     const char first = text[start];
     const bool quoted = first == '"' || first == '\'';
     start += quoted;
-    const size_t end =
-        std::min(quoted ? text.find(first, start) : text.find_first_of(delimiters, start), text.size());
+    const size_t end = std::min(quoted ? text.find(first, start) : text.find_first_of(delimiters, start), text.size());
     at = std::min(end + 1, text.size());
     return text.substr(start, end - start);
 }
@@ -235,8 +233,7 @@ void reportOpenEnds(Reader &reader) {
     if (!reader.unitsEnded)
         report(reader, reader.file.lastLine, "ENDUOMLIST is missing: there are no lists and no slates");
     else if (reader.open)
-        report(reader, openSection(reader)->line,
-               std::string(reader.open->end) + " is missing at the end of the file");
+        report(reader, openSection(reader)->line, std::string(reader.open->end) + " is missing at the end of the file");
 }
 
 } // namespace

@@ -129,8 +129,7 @@ void readFile(DefinitionReader &reader, const std::string &path) {
         const std::string text = fromTerminal(trimmed(line));
         const std::string place = path + ":" + std::to_string(number);
         if (!isPassedOver(text))
-            complain(reader, place,
-                     text[0] == '[' ? openSection(reader, text) : readKeyLine(reader, place, text));
+            complain(reader, place, text[0] == '[' ? openSection(reader, text) : readKeyLine(reader, place, text));
     }
     // A directory opens, but does not read.
     if (!file.is_open() || file.bad())

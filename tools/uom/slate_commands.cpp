@@ -39,8 +39,8 @@ int runSlates() {
     table.rows.push_back({"Name", "Parent", "Root", "GaugePresBasis", "Properties"});
     for (const std::string &slate : textLines(Table(uom_GetSetList()).get()))
         if (!slate.empty())
-            table.rows.push_back({slate, slateParent(slate), rootOf(slate),
-                                  statedDefault(slate, "GaugePresBasis"), flagsOf(slate)});
+            table.rows.push_back(
+                {slate, slateParent(slate), rootOf(slate), statedDefault(slate, "GaugePresBasis"), flagsOf(slate)});
     print(table);
     return 0;
 }
@@ -60,8 +60,7 @@ struct ShowArguments {
 std::string unitsInSlate(const ShowArguments &arguments) {
     char text[8192];
     slateNumber(arguments.slate);
-    uoms_GetDisplayUnits(arguments.classString.c_str(), arguments.slate.c_str(), text, sizeof text,
-                         arguments.style);
+    uoms_GetDisplayUnits(arguments.classString.c_str(), arguments.slate.c_str(), text, sizeof text, arguments.style);
     if (!*text)
         newChain(arguments.classString); // an empty text for a class string that is understood is an answer
     return text;
@@ -96,8 +95,7 @@ Action addSlate(CLI::App &command) {
     const auto arguments = std::make_shared<Arguments>();
     command.add_option("NAME", arguments->name, "Name of the slate")->required();
     command
-        .add_option("--layout", arguments->layout,
-                    "0 differences from the parent, 1 all classes, 2 key=value lines")
+        .add_option("--layout", arguments->layout, "0 differences from the parent, 1 all classes, 2 key=value lines")
         ->check(CLI::Range(0, 2))
         ->capture_default_str();
     command.footer("The text of layout 2 can be read back with --define.");

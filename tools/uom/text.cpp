@@ -100,12 +100,7 @@ static bool isContinuation(char c) {
 // The length of the UTF-8 character at the head of a text, 0 when it isn't one.
 static size_t utf8Length(std::string_view text) {
     const unsigned char lead = static_cast<unsigned char>(text[0]);
-    const size_t length = lead < 0x80   ? 1
-                          : lead < 0xC2 ? 0
-                          : lead < 0xE0 ? 2
-                          : lead < 0xF0 ? 3
-                          : lead < 0xF5 ? 4
-                                        : 0;
+    const size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
     if (length > text.size())
         return 0;
     for (size_t i = 1; i < length; ++i)
@@ -143,8 +138,7 @@ std::string toTerminal(std::string_view text) {
 // --- tables
 
 static size_t shownWidth(std::string_view utf8) {
-    return static_cast<size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return !isContinuation(c); }));
+    return static_cast<size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) { return !isContinuation(c); }));
 }
 
 static void pad(std::string &line, size_t width) {

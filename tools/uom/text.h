@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-std::string_view
-trimmed(std::string_view text); // without blanks, tabs, carriage returns and line feeds at the ends
+std::string_view trimmed(std::string_view text); // without blanks, tabs, carriage returns and line feeds at the ends
 std::string lowerCase(std::string_view text);
 bool equalNoCase(std::string_view a, std::string_view b);
 
