@@ -44,7 +44,9 @@ constexpr UomClassRow row(int32_t index, const char *name, const char *token, co
             {baseClass.first, baseClass.second, baseClass.third},
             {baseExponent.first, baseExponent.second, baseExponent.third},
             nullptr,
-            nullptr};
+            nullptr,
+            nullptr,
+            0};
 }
 
 } // namespace

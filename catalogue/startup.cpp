@@ -242,6 +242,7 @@ void freeLists(UomClassRow *row) {
         mem_Free(row->uomChoices);
     mem_Free(row->uomList);
     row->uomChoices = row->uomList = nullptr;
+    unit_IndexList(row);
 }
 
 } // namespace

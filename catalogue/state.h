@@ -1,5 +1,9 @@
-// The whole process-wide state of the library, on one page. All of it is defined in state.cpp; the library is
-// called from one thread at a time.
+// The whole process-wide state of the library, on one page. All of it is defined in state.cpp; the library is called
+// from one thread at a time.
+//
+// Not here: what stands below the catalogue (memory counters and number constants in support/, the line reader's
+// preprocessor), the diagnostic buffer of platform.cpp, and the indexes of names that class_table.cpp, units.cpp and
+// slate_table.cpp derive from the tables below.
 #ifndef UOM_CATALOGUE_STATE_H
 #define UOM_CATALOGUE_STATE_H
 

@@ -10,16 +10,6 @@
 
 namespace {
 
-// The two first letters of a unit's name in small letters, as far as they are sure to stand in a text that
-// names it: behind a blank, which the text may leave out, nothing is. A scan compares these before it looks
-// at a name.
-struct NameHead {
-    uint16_t letters;
-    uint16_t mask;
-};
-NameHead *unitHeads = nullptr; // of all tokens, then of all keywords; null when there is no memory for them
-uint32_t unitHeadCount = 0;    // units that have them
-
 uint16_t headLetters(char first, char second) {
     return static_cast<uint16_t>(static_cast<uint8_t>(str_Lower(first)) | static_cast<uint8_t>(str_Lower(second)) << 8);
 }
@@ -49,26 +39,42 @@ bool hasToken(const UomUnit *unit, std::string_view token) {
     return unit && unit->token && str_EqualNoCase(std::string_view(unit->token), token);
 }
 
-// How much of the text the name takes, 0 when it does not stand there.
-size_t matchHead(const char *name, const char *text) {
+constexpr size_t NO_MATCH = SIZE_MAX;
+
+// How much of the text the name takes where it stands there.
+size_t matchWhole(const char *name, const char *text) {
     size_t length = 0;
     for (; name[length]; ++length)
         if (str_Lower(name[length]) != str_Lower(text[length]))
-            return 0;
+            return NO_MATCH;
     return length;
 }
 
 // The same with the name's blanks left out.
-size_t matchPackedHead(const char *name, const char *text) {
+size_t matchPacked(const char *name, const char *text) {
     size_t length = 0;
     for (; *name; ++name) {
         if (*name == ' ')
             continue;
         if (str_Lower(*name) != str_Lower(text[length]))
-            return 0;
+            return NO_MATCH;
         ++length;
     }
     return length;
+}
+
+// As it stands or, where it does not, without its blanks: up to the first blank both are one.
+size_t matchToken(const char *name, const char *text) {
+    size_t length = 0;
+    for (; name[length] && name[length] != ' '; ++length)
+        if (str_Lower(name[length]) != str_Lower(text[length]))
+            return NO_MATCH;
+    if (!name[length])
+        return length;
+    size_t behind = matchWhole(name + length, text + length);
+    if (behind == NO_MATCH)
+        behind = matchPacked(name + length, text + length);
+    return behind == NO_MATCH ? NO_MATCH : length + behind;
 }
 
 bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
@@ -119,25 +125,35 @@ int32_t unit_FindJoined(std::string_view head, std::string_view tail) {
 
 void unit_DropIndex() {
     names_Free(tokenIndex);
-    mem_Free(unitHeads);
-    unitHeads = nullptr;
-    unitHeadCount = 0;
 }
 
-static void indexHeads(uint32_t count) {
-    unitHeads = mem_NewArray<NameHead>(2 * size_t{count});
-    unitHeadCount = unitHeads ? count : 0;
-    for (uint32_t i = 0; i < unitHeadCount; ++i) {
-        const UomUnit *unit = record(static_cast<int32_t>(i));
-        unitHeads[i] = headOf(unit ? unit->token : nullptr);
-        unitHeads[count + i] = headOf(unit ? unit->keyword : nullptr);
+// The heads of all tokens of the effective list, one that fits every text, and the same for the keywords.
+void unit_IndexList(UomClassRow *row) {
+    mem_Free(row->heads);
+    row->heads = nullptr;
+    const int32_t *units = row->uomChoices ? row->uomChoices : row->uomList;
+    size_t count = 0;
+    while (units && units[count] != UOM_NULL)
+        ++count;
+    NameHead *heads = units ? mem_NewArray<NameHead>(2 * (count + 1)) : nullptr;
+    if (!heads)
+        return;
+    for (size_t i = 0; i < count; ++i) {
+        const UomUnit *unit = record(units[i]);
+        heads[i] = headOf(unit ? unit->token : nullptr);
+        heads[count + 1 + i] = headOf(unit ? unit->keyword : nullptr);
     }
+    heads[count] = heads[2 * count + 1] = headOf(nullptr);
+    row->heads = heads;
+    row->headCount = static_cast<int32_t>(count + 1);
 }
 
 void unit_IndexTokens() {
     unit_DropIndex();
     const uint32_t count = tbl_Count(uomUnitTable);
-    indexHeads(count);
+    for (uint32_t i = 0; i < tbl_Count(uomClassTable); ++i)
+        if (UomClassRow *row = class_Row(static_cast<int32_t>(i)))
+            unit_IndexList(row);
     if (!names_Reset(tokenIndex, count))
         return;
     for (uint32_t i = 0; i < count; ++i) {
@@ -147,6 +163,14 @@ void unit_IndexTokens() {
     }
 }
 
+// How much of the text the unit's name takes.
+static size_t matchUnit(const UomUnit *unit, const char *text, bool byKeyword) {
+    const char *name = !unit ? nullptr : byKeyword ? unit->keyword : unit->token;
+    if (!name)
+        return NO_MATCH;
+    return byKeyword ? matchWhole(name, text) : matchToken(name, text);
+}
+
 int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int32_t *length) {
     *length = 0;
     const int32_t *units = uom_GetClassUnits(classId);
@@ -154,23 +178,19 @@ int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int3
         return UOM_NULL;
     const uint16_t letters = headLetters(text);
     const bool byKeyword = style == STYLE_KEYWORD;
-    const uint32_t headCount = unitHeadCount;
-    const NameHead *const heads = byKeyword ? unitHeads + headCount : unitHeads;
+    const UomClassRow &row = *class_Row(classId);
+    const NameHead *heads = byKeyword && row.heads ? row.heads + row.headCount : row.heads;
     int32_t best = UOM_NULL;
     size_t bestLength = 0;
-    for (; *units != UOM_NULL; ++units) {
-        const uint32_t place = static_cast<uint32_t>(*units);
-        if (place < headCount && !mayStandAt(heads[place], letters))
-            continue;
-        const UomUnit *unit = record(*units);
-        const char *name = !unit ? nullptr : byKeyword ? unit->keyword : unit->token;
-        if (!name)
-            continue;
-        size_t matched = matchHead(name, text);
-        if (matched == 0 && !byKeyword)
-            matched = matchPackedHead(name, text);
-        if (matched > bestLength) {
-            best = *units;
+    for (size_t i = 0;; ++i) {
+        // The last head fits every text.
+        while (heads && !mayStandAt(heads[i], letters))
+            ++i;
+        if (units[i] == UOM_NULL)
+            break;
+        const size_t matched = matchUnit(record(units[i]), text, byKeyword);
+        if (matched != NO_MATCH && matched > bestLength) {
+            best = units[i];
             bestLength = matched;
         }
     }

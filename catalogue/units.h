@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "catalogue/class_rows.h"
 #include "catalogue/records.h"
 
 // A unit index above UOM_NULL and below the count of units.
@@ -31,6 +32,10 @@ int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int3
 // without it (or without the memory for it) a look-up walks the table.
 void unit_IndexTokens();
 void unit_DropIndex();
+
+// The fast way of uom_ScanUnitToken. Built anew after each change of a row's lists, and with unit_IndexTokens; a scan
+// goes without it when there is no memory.
+void unit_IndexList(UomClassRow *row);
 
 // A new copy of an array of units ended by 0; null for a null or empty one. 0, or 11 when memory is
 // exhausted.

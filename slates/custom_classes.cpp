@@ -52,12 +52,16 @@ bool completeRow(UomClassRow *row, const char *name, const char *definition, con
     row->name = row->token = row->keyword = nullptr;
     row->definition = row->listName = row->note = nullptr;
     row->uomList = row->uomChoices = nullptr;
+    row->heads = nullptr;
     const bool named = mem_ReplaceText(&row->name, name) == 0 && mem_ReplaceText(&row->token, name) == 0 &&
                        mem_ReplaceText(&row->definition, definition) == 0;
     if (!named || !listsOf)
         return named;
-    return unit_CopyList(&row->uomList, listsOf->uomList) == 0 &&
-           unit_CopyList(&row->uomChoices, listsOf->uomChoices) == 0;
+    if (unit_CopyList(&row->uomList, listsOf->uomList) != 0 ||
+        unit_CopyList(&row->uomChoices, listsOf->uomChoices) != 0)
+        return false;
+    unit_IndexList(row);
+    return true;
 }
 
 // The new class starts in each slate with what that slate itself states for the class it is defined from.
@@ -126,6 +130,7 @@ void class_FreeRow(UomClassRow *row) {
     if (row->uomChoices != row->uomList)
         mem_Free(row->uomChoices);
     mem_Free(row->uomList);
+    mem_Free(row->heads);
     mem_Free(row);
 }
 

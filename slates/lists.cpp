@@ -70,6 +70,7 @@ void replaceList(UomClassRow *row, ListField field, ListField other, int32_t *un
     if (row->*field != row->*other)
         mem_Free(row->*field);
     row->*field = units;
+    unit_IndexList(row);
 }
 
 int32_t setFromTokens(const char *classText, const UomTable *tokens, ListField field, ListField other) {
