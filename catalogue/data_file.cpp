@@ -173,7 +173,7 @@ int32_t readClassLine(Reader &reader) {
         return READ_DONE;
     const int32_t classId = class_Find(name, defaultScanClassStyle);
     UomClassRow *row = classId >= STATIC_CLASSES ? class_Row(classId) : nullptr;
-    return row && mem_ReplaceText(&row->name, longName) != 0 ? READ_NO_MEMORY : READ_DONE;
+    return row && mem_ExchangeText(&row->name, longName) != 0 ? READ_NO_MEMORY : READ_DONE;
 }
 
 int32_t applicationListOf(std::string_view name) {

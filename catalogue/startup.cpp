@@ -198,9 +198,9 @@ bool renameUnit(const UnitRename &rename) {
     UomUnit *unit = unit_Record(*rename.unit);
     if (!unit)
         return true;
-    if (rename.token && mem_ReplaceText(&unit->token, rename.token) != 0)
+    if (rename.token && mem_ExchangeText(&unit->token, rename.token) != 0)
         return false;
-    return !rename.description || mem_ReplaceText(&unit->description, rename.description) == 0;
+    return !rename.description || mem_ExchangeText(&unit->description, rename.description) == 0;
 }
 
 // The Basis list is resolved before the units are renamed: it names them as the file does.
@@ -304,10 +304,10 @@ static int32_t start(int32_t count, const char *const *words) {
 int32_t uom_Init2(int32_t count, const char *const *words) {
     if (uomInitDone == 1)
         return START_DONE;
-    const int32_t failures = memCounters.failures;
+    const MemoryWatch memory;
     const int32_t status = start(count, words);
     // Lines of the file are passed over when they fail, but not for want of memory.
-    if (memCounters.failures != failures)
+    if (memory.exhausted())
         return noMemory();
     uomInitDone = status == START_DONE || status == START_BAD_CLASSES || status == START_BAD_UNITS;
     return status;

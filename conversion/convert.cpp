@@ -34,7 +34,11 @@ int32_t fill(UomStruct from, UomStruct to, const char *fromUnits, const char *to
         return CONVERT_BAD_CLASS;
     if (uom_FillStructFromString(from, fromUnits, defaultScanUOMStyle) >= 1)
         return CONVERT_BAD_SOURCE;
-    const int32_t status = to ? uom_FillStructFromString(to, toUnits, defaultScanUOMStyle) : 1;
+    if (!to) {
+        error_Set("UOM string \"%s\": memory is exhausted.", toUnits);
+        return CONVERT_BAD_TARGET;
+    }
+    const int32_t status = uom_FillStructFromString(to, toUnits, defaultScanUOMStyle);
     return status >= 1 ? CONVERT_BAD_TARGET : status;
 }
 

@@ -53,8 +53,8 @@ bool completeRow(UomClassRow *row, const char *name, const char *definition, con
     row->definition = row->listName = row->note = nullptr;
     row->uomList = row->uomChoices = nullptr;
     row->heads = nullptr;
-    const bool named = mem_ReplaceText(&row->name, name) == 0 && mem_ReplaceText(&row->token, name) == 0 &&
-                       mem_ReplaceText(&row->definition, definition) == 0;
+    const bool named = mem_ExchangeText(&row->name, name) == 0 && mem_ExchangeText(&row->token, name) == 0 &&
+                       mem_ExchangeText(&row->definition, definition) == 0;
     if (!named || !listsOf)
         return named;
     if (unit_CopyList(&row->uomList, listsOf->uomList) != 0 ||
@@ -94,6 +94,11 @@ int32_t addRow(const char *name, const char *definition, int32_t definitionClass
     return CLASS_DONE;
 }
 
+int32_t noMemory(const char *name) {
+    error_Set("UOM class \"%s\" was not created: memory is exhausted.", name);
+    return CLASS_NO_MEMORY;
+}
+
 // The row of a class by its token, compiled rows included.
 UomClassRow *tokenRow(const char *className) {
     return class_ValidRow(class_Find(className, STYLE_TOKEN));
@@ -104,7 +109,7 @@ int32_t putText(const char *className, const char *text, const char *UomClassRow
     if (!row)
         return CLASS_BAD_ARGUMENT;
     const char *value = str_IsEmpty(text) ? nullptr : text;
-    return mem_ReplaceText(&(row->*field), value);
+    return mem_ExchangeText(&(row->*field), value);
 }
 
 // Takes the class out of a slate; the pairs of later classes move down.
@@ -144,9 +149,12 @@ int32_t uoms_NewClass(const char *name, const char *definition) {
         error_Set("UOM class \"%s\" already exists. New class was not created.", name);
         return CLASS_EXISTS;
     }
+    const MemoryWatch memory;
     const int32_t definitionClass = class_Find(definition, STYLE_TOKEN);
     const bool copies = copiedRow(definitionClass) != nullptr;
     const ScopedChain chain(copies ? nullptr : uoms_New(definition));
+    if (memory.exhausted())
+        return noMemory(name);
     if (!copies && !chain.chain) {
         error_Set("UOM class \"%s\" not recognized or does not exist. New class was not created.", definition);
         return CLASS_BAD_DEFINITION;
@@ -156,12 +164,10 @@ int32_t uoms_NewClass(const char *name, const char *definition) {
                   COMPOSITE_SLOTS);
         return CLASS_TOO_MANY;
     }
-    const int32_t status = addRow(name, definition, definitionClass, chain.chain);
-    if (status == CLASS_DONE)
-        inheritDefaults(name, definition);
-    else
-        error_Set("UOM class \"%s\" was not created: memory is exhausted.", name);
-    return status;
+    if (addRow(name, definition, definitionClass, chain.chain) != CLASS_DONE)
+        return noMemory(name);
+    inheritDefaults(name, definition);
+    return CLASS_DONE;
 }
 
 int32_t uoms_DeleteClass(const char *name) {
@@ -195,9 +201,9 @@ int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t st
     if (classId < STATIC_CLASSES)
         return 3;
     if (style == STYLE_KEYWORD)
-        return mem_ReplaceText(&row->keyword, newText);
+        return mem_ExchangeText(&row->keyword, newText);
     if (style == STYLE_LONG_NAME)
-        return mem_ReplaceText(&row->name, newText);
+        return mem_ExchangeText(&row->name, newText);
     return 4;
 }
 

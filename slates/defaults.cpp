@@ -89,7 +89,7 @@ void readBase(const UomSlate &slate, int32_t classId, char *out, int32_t length)
     const uint32_t place = 2 * static_cast<uint32_t>(classId);
     const int32_t unit = static_cast<int32_t>(tbl_Get(slate.classDefaults, place));
     const int32_t code = static_cast<int32_t>(tbl_Get(slate.classDefaults, place + 1));
-    const UomUnit *record = unit_Record(unit);
+    const UomUnit *record = tbl_Record<UomUnit>(uomUnitTable, unit); // the placeholder as well
     const UomMultiplierRow *row = multiplier_Find(code);
     if (row && record && record->multiplierStyle == 1)
         str_FormatBounded(out, static_cast<size_t>(length), "%s ", row->apiText);
@@ -117,7 +117,10 @@ int32_t uoms_SetClassDefault(const char *slateName, const char *className, const
     if (uoms_IsSetProperty(className))
         return uoms_PutSetProperty(slateName, className, value);
     const int32_t classId = class_Find(className, defaultScanClassStyle);
+    const MemoryWatch memory;
     const ScopedChain chain(classId < 1 ? nullptr : uoms_New(className));
+    if (memory.exhausted())
+        return DEFAULT_NO_MEMORY;
     if (!chain.chain) {
         error_Set("Unrecognized Unit-of-Measure class \"%s\".", className);
         return DEFAULT_REFUSED;
@@ -148,7 +151,10 @@ int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t l
     if (!tbl_Record<UomTable>(record->compositeDefaults, classId))
         return DEFAULT_DONE;
     // Slots that the slate leaves open are filled in from its parents, unlike a base class.
+    const MemoryWatch memory;
     const ScopedChain chain(chain_OfClass(classId));
+    if (memory.exhausted())
+        return DEFAULT_NO_MEMORY;
     uom_InitializeUnits(chain.chain, slate);
     uom_GetDisplayUnits(chain.chain, out, length, STYLE_DEFAULT);
     return DEFAULT_DONE;

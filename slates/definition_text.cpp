@@ -26,17 +26,16 @@ constexpr size_t TOKEN_SIZE = 64;
 constexpr std::string_view NEW_CLASS_KEY = "NewClass";
 constexpr const char *BASIS_KEY = "GaugePresBasis";
 
-// A definition in the making. `whole` falls when memory is exhausted.
+// A definition in the making.
 struct DefinitionWriter {
     UomTable *lines;
     int32_t format;
-    bool whole;
 };
 
 void addLine(DefinitionWriter &writer, const char *line, size_t size = LINE_SIZE) {
     char cut[DEFAULT_SIZE];
     str_CopyBounded(cut, size, line);
-    writer.whole = writer.whole && tbl_PutText(writer.lines, TABLE_APPEND, cut);
+    tbl_PutText(writer.lines, TABLE_APPEND, cut);
 }
 
 void addKeyLine(DefinitionWriter &writer, const char *key, const char *value) {
@@ -194,12 +193,13 @@ UomTable *uoms_GetSetDefinition(const char *name, int32_t format) {
     const UomSlate *slate = index < 1 ? nullptr : slate_Record(index);
     if (!slate)
         return nullptr;
-    DefinitionWriter writer = {tbl_Create(0, TABLE_TEXT), format, true};
+    const MemoryWatch memory;
+    DefinitionWriter writer = {tbl_Create(0, TABLE_TEXT), format};
     if (!writer.lines)
         return nullptr;
     if (format >= FORMAT_DIFFERENCES && format <= FORMAT_SECTIONED)
         writeDefinition(writer, index, *slate);
-    if (writer.whole)
+    if (!memory.exhausted())
         return writer.lines;
     tbl_Free(writer.lines);
     return nullptr;
@@ -211,14 +211,15 @@ int32_t uoms_PutSetDefinition(const char *name, UomTable *lines) {
     const char *first = tbl_GetText(lines, 0);
     if (!first)
         first = "";
+    const MemoryWatch memory;
     const bool heading = std::strchr(first, '[') != nullptr;
     if (heading || std::strchr(first, '=')) {
         for (uint32_t i = heading ? 1 : 0; i < lines->count; ++i)
             definition_ApplyLine(name, tbl_GetText(lines, i));
-        return 0;
+        return memory.exhausted() ? 11 : 0;
     }
     uoms_InitializeSet(name, first);
     for (uint32_t i = 1; i < lines->count; i += 2)
         uoms_SetClassDefault(name, tbl_GetText(lines, i), tbl_GetText(lines, i + 1));
-    return 0;
+    return memory.exhausted() ? 11 : 0;
 }

@@ -94,18 +94,21 @@ double kilopascals(double pascals) {
 // Three ways of blanking: own text gives way to inheritance, none to the standard atmosphere; a text that is
 // no number leaves what the blanking would.
 int32_t putBasis(UomSlate *slate, const char *value) {
+    const MemoryWatch memory;
     double basis = slate->gaugePresBasisText ? INHERITED_BASIS : STANDARD_ATMOSPHERE;
     char *text = *value ? mem_NewArray<char>(BASIS_TEXT_SIZE) : nullptr;
-    if (*value && !text)
-        return PROPERTY_NO_MEMORY;
-    mem_Free(slate->gaugePresBasisText);
-    slate->gaugePresBasisText = text;
     if (text) {
         num_TextToDouble(value, &basis);
         if (basis / STANDARD_ATMOSPHERE >= PASCAL_RATIO)
             basis = kilopascals(basis);
         num_FormatDouble(text, BASIS_TEXT_SIZE, "%.6g", basis);
     }
+    if (memory.exhausted()) {
+        mem_Free(text);
+        return PROPERTY_NO_MEMORY;
+    }
+    mem_Free(slate->gaugePresBasisText);
+    slate->gaugePresBasisText = text;
     slate->gaugePresBasis = basis;
     uom_SetGaugePressureBasis(UOM_SET_CURRENT);
     return PROPERTY_DONE;

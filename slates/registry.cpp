@@ -235,11 +235,8 @@ int32_t uoms_DeleteSet(const char *name) {
 
 void uoms_RenameSet(const char *oldName, const char *newName) {
     UomSlate *slate = slate_AnyRecord(uom_GetSetType(oldName));
-    char *copy = nullptr;
-    if (!slate || !newName || uom_CheckDupSetName(newName) || mem_DupText(&copy, newName) != 0)
+    if (!slate || !newName || uom_CheckDupSetName(newName) || mem_ExchangeText(&slate->name, newName) != 0)
         return;
-    mem_Free(slate->name);
-    slate->name = copy;
     slate_IndexNames();
 }
 
@@ -260,14 +257,9 @@ int32_t uoms_PutSetBasedOn(const char *name, const char *parent) {
     UomSlate *record = slate_AnyRecord(slate);
     if (!record)
         return -1;
-    char *copy = nullptr;
     if (slate_IsRootSystem(slate))
         return slate;
-    if (mem_DupText(&copy, parent) != 0)
-        return -1;
-    mem_Free(record->basedOn);
-    record->basedOn = copy;
-    return slate;
+    return mem_ExchangeText(&record->basedOn, parent) == 0 ? slate : -1;
 }
 
 char *uom_GetSetBasedOn(int32_t slate, char *out) {

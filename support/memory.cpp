@@ -64,6 +64,15 @@ int32_t mem_DupText(char **out, const char *text) {
     return 0;
 }
 
+int32_t mem_ExchangeText(const char **slot, const char *text) {
+    char *copy = nullptr;
+    if (mem_DupText(&copy, text) != 0)
+        return 11;
+    mem_Free(*slot);
+    *slot = copy;
+    return 0;
+}
+
 int32_t mem_ReplaceText(const char **slot, const char *text) {
     const char *old = *slot;
     char *copy = nullptr;

@@ -42,6 +42,22 @@ inline int32_t mem_ReplaceText(char **slot, const char *text) {
     return status;
 }
 
+// The same, but on 11 the slot keeps its text.
+int32_t mem_ExchangeText(const char **slot, const char *text);
+inline int32_t mem_ExchangeText(char **slot, const char *text) {
+    const char *value = *slot;
+    const int32_t status = mem_ExchangeText(&value, text);
+    *slot = const_cast<char *>(value);
+    return status;
+}
+
+// Tells whether a request for memory failed since it was made: the operations below this one may have gone on with
+// less, and what they gave is not to be used.
+struct MemoryWatch {
+    int32_t failures = memCounters.failures;
+    bool exhausted() const { return memCounters.failures != failures; }
+};
+
 // A zeroed record of the type, or null.
 template <class Record> Record *mem_New() {
     void *block = nullptr;

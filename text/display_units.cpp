@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
+#include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "support/numbers.h"
 #include "support/text.h"
@@ -245,7 +246,7 @@ int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size) {
     if (!node)
         return 1;
     const UomMultiplierRow *row = multiplier_Find(node->multiplier);
-    const UomUnit *unit = unit_Record(node->unit);
+    const UomUnit *unit = tbl_Record<UomUnit>(uomUnitTable, node->unit); // the placeholder as well
     if (!row)
         return 0;
     if (unit && unit->multiplierStyle == 1)

@@ -547,12 +547,12 @@ UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_
  * be one of the slate's properties "GaugePresBasis" (atmospheric pressure, in kPa, or in Pa from 50662.5 up),
  * "isSystem", "isHidden", "allowDelete", "allowModify" (0 or 1).
  * Clears the last-error text. Returns 0; 1 unknown slate or class, with a message; or the status and message of
- * uom_FillStructFromString. The slate is then as it was. */
+ * uom_FillStructFromString; or 11 when memory is exhausted. The slate is then as it was. */
 UOM_API int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value);
 
 /* The text of what the slate itself states. A base class inherits nothing here; slots that a stated composite class
- * leaves open are filled in from the parents. 1 for a bad argument, else 0, with an empty text where nothing is
- * stated. */
+ * leaves open are filled in from the parents. 1 for a bad argument, 11 when memory is exhausted, else 0, with an
+ * empty text where nothing is stated. */
 UOM_API int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length);
 
 /* The same by name; clears the last-error text, writes one for a bad slate or a missing argument. Properties as
@@ -563,7 +563,7 @@ UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *classNam
  * Slates as text
  */
 
-/* A new table of lines, null for an unknown slate.
+/* A new table of lines, null for an unknown slate and when memory is exhausted.
  *   format  0 the parent's name, "GaugePresBasis" and its value in Pa, then pairs of elements, class and default, as
  *             far as they differ from the parent's
  *           1 the same with every class
@@ -572,8 +572,8 @@ UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *classNam
 UOM_API UomTable *uoms_GetSetDefinition(const char *name, int32_t format);
 
 /* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in place, so a
- * table cannot be read twice. 1 for null or an empty table, else 0: what single lines say is in the last-error text
- * alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as "BasedOn". */
+ * table cannot be read twice. 1 for null or an empty table, 11 when memory was exhausted on the way, else 0: what
+ * single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as "BasedOn". */
 UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 
 /* ---------------------------------------------------------------------------------------------------------------
