@@ -245,6 +245,26 @@ void freeLists(UomClassRow *row) {
     unit_IndexList(row);
 }
 
+void freeAll() {
+    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i)
+        tbl_Free(tbl_Record<UomTable>(uomExtraTables, i));
+    tbl_Free(uomExtraTables);
+    uomExtraTables = nullptr;
+    freeUnitTable();
+    for (int32_t slate = uom_GetSetCount() - 1; slate >= 0; --slate)
+        uom_DeleteSet(slate);
+    tbl_Free(uomSlateTable);
+    uomSlateTable = nullptr;
+    for (int32_t i = 1; i < uomClassCount; ++i)
+        if (UomClassRow *row = class_Row(i))
+            freeLists(row);
+    freeClassTable();
+    for (UomTable *&list : uomListTables) {
+        tbl_Free(list);
+        list = nullptr;
+    }
+}
+
 } // namespace
 
 int32_t startup_CheckTables() {
@@ -307,8 +327,10 @@ int32_t uom_Init2(int32_t count, const char *const *words) {
     const MemoryWatch memory;
     const int32_t status = start(count, words);
     // Lines of the file are passed over when they fail, but not for want of memory.
-    if (memory.exhausted())
+    if (memory.exhausted()) {
+        freeAll();
         return noMemory();
+    }
     uomInitDone = status == START_DONE || status == START_BAD_CLASSES || status == START_BAD_UNITS;
     return status;
 }
@@ -328,23 +350,7 @@ void uom_Cleanup(void) {
     if (uomInitDone == 0)
         return;
     uomInitDone = 0;
-    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i)
-        tbl_Free(tbl_Record<UomTable>(uomExtraTables, i));
-    tbl_Free(uomExtraTables);
-    uomExtraTables = nullptr;
-    freeUnitTable();
-    for (int32_t slate = uom_GetSetCount() - 1; slate >= 0; --slate)
-        uom_DeleteSet(slate);
-    tbl_Free(uomSlateTable);
-    uomSlateTable = nullptr;
-    for (int32_t i = 1; i < uomClassCount; ++i)
-        if (UomClassRow *row = class_Row(i))
-            freeLists(row);
-    freeClassTable();
-    for (UomTable *&list : uomListTables) {
-        tbl_Free(list);
-        list = nullptr;
-    }
+    freeAll();
     uomModeKesta = uomModeOrbex = uomModeVel2go = -1;
     uomAllowMult = uomModeQx71 = -1;
 }

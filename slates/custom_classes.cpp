@@ -167,7 +167,7 @@ int32_t uoms_NewClass(const char *name, const char *definition) {
     if (addRow(name, definition, definitionClass, chain.chain) != CLASS_DONE)
         return noMemory(name);
     inheritDefaults(name, definition);
-    return CLASS_DONE;
+    return memory.exhausted() ? CLASS_NO_MEMORY : CLASS_DONE;
 }
 
 int32_t uoms_DeleteClass(const char *name) {
@@ -176,6 +176,7 @@ int32_t uoms_DeleteClass(const char *name) {
     const int32_t classId = class_Find(name, STYLE_TOKEN);
     if (classId < FIRST_DELETABLE)
         return CLASS_EXISTS;
+    const MemoryWatch memory;
     const int32_t oldCount = uomClassCount;
     UomClassRow *row = class_Row(classId);
     for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate)
@@ -188,7 +189,7 @@ int32_t uoms_DeleteClass(const char *name) {
     for (int32_t i = classId; i < uomClassCount; ++i)
         if (UomClassRow *later = class_Row(i))
             later->index = oldCount;
-    return CLASS_DONE;
+    return memory.exhausted() ? CLASS_NO_MEMORY : CLASS_DONE;
 }
 
 int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t style) {

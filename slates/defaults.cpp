@@ -80,8 +80,10 @@ int32_t writeBase(UomSlate *slate, int32_t slateIndex, int32_t classId, const in
     if (!tbl_PutNumber(slate->classDefaults, place + 1, multipliers[0]) ||
         !tbl_PutNumber(slate->classDefaults, place, units[0]))
         return DEFAULT_NO_MEMORY;
+    // What the rules give is not looked at, but that they could run.
+    const MemoryWatch memory;
     uom_PropagateClassDefault(slateIndex, classId, units, multipliers);
-    return DEFAULT_DONE;
+    return memory.exhausted() ? DEFAULT_NO_MEMORY : DEFAULT_DONE;
 }
 
 // The text of the pair that the slate itself states.

@@ -243,13 +243,14 @@ void uoms_RenameSet(const char *oldName, const char *newName) {
 int32_t uoms_ClearSet(const char *name) {
     if (uom_GetSetType(name) < 1)
         return 1;
+    const MemoryWatch memory;
     const int32_t style = defaultScanClassStyle < STYLE_TOKEN ? defaultDisplayStyle : defaultScanClassStyle;
     for (int32_t c = 0; c < uomClassCount; ++c) {
         char upper[64];
         const UomClassRow *row = class_Row(c);
         uoms_SetClassDefault(name, row ? styledName(*row, style, upper, sizeof upper) : nullptr, "");
     }
-    return 0;
+    return memory.exhausted() ? 11 : 0;
 }
 
 int32_t uoms_PutSetBasedOn(const char *name, const char *parent) {

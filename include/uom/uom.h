@@ -437,7 +437,7 @@ UOM_API int32_t uoms_DeleteSet(const char *name);
  * their parent. */
 UOM_API void uoms_RenameSet(const char *oldName, const char *newName);
 
-/* Withdraws every default of the slate. 1 for an unknown slate, else 0. */
+/* Withdraws every default of the slate. 1 for an unknown slate, 11 when memory was exhausted on the way, else 0. */
 UOM_API int32_t uoms_ClearSet(const char *name);
 
 /* Names the parent, which need not exist. The slate's index, or -1; English, Metric and SI change nothing. */
@@ -586,7 +586,8 @@ UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
  * with a message. */
 UOM_API int32_t uoms_NewClass(const char *name, const char *definition);
 
-/* 0; 1 for null; 2 for an unknown class, a compiled one and number 71, the first custom class. */
+/* 0; 1 for null; 2 for an unknown class, a compiled one and number 71, the first custom class; 11 when memory was
+ * exhausted on the way. */
 UOM_API int32_t uoms_DeleteClass(const char *name);
 
 /* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such class,
