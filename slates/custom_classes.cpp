@@ -85,7 +85,7 @@ int32_t addRow(const char *name, const char *definition, int32_t definitionClass
     else
         setComponents(row, chain);
     const UomClassRow *listsOf = class_ValidRow(definitionClass);
-    if (!completeRow(row, name, definition, listsOf) || !tbl_PutRecord(uomClassTable, TABLE_APPEND, row)) {
+    if (!completeRow(row, name, definition, listsOf) || !tbl_PutRecord(uomClassTable, static_cast<uint32_t>(uomClassCount), row)) {
         class_FreeRow(row);
         return CLASS_NO_MEMORY;
     }
@@ -113,16 +113,25 @@ int32_t putText(const char *className, const char *text, const char *UomClassRow
 }
 
 // Takes the class out of a slate; the pairs of later classes move down.
-void forgetInSlate(int32_t slate, int32_t classId, const char *name) {
+void forgetInSlate(int32_t slate, int32_t classId) {
     const UomSlate *record = slate_Record(slate);
     if (!record)
         return;
-    uoms_SetClassDefault(record->name, name, "");
     const uint32_t place = static_cast<uint32_t>(classId);
     tbl_Remove(record->classDefaults, 2 * place, 1);
     tbl_Remove(record->classDefaults, 2 * place, 1);
     tbl_Free(tbl_Record<UomTable>(record->compositeDefaults, classId));
     tbl_Remove(record->compositeDefaults, place, 1);
+}
+
+// Takes a custom class out of the slates and the table.
+void removeClass(int32_t classId) {
+    for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate)
+        forgetInSlate(slate, classId);
+    class_FreeRow(class_Row(classId));
+    tbl_Remove(uomClassTable, static_cast<uint32_t>(classId), 1);
+    --uomClassCount;
+    class_IndexTokens();
 }
 
 } // namespace
@@ -167,7 +176,10 @@ int32_t uoms_NewClass(const char *name, const char *definition) {
     if (addRow(name, definition, definitionClass, chain.chain) != CLASS_DONE)
         return noMemory(name);
     inheritDefaults(name, definition);
-    return memory.exhausted() ? CLASS_NO_MEMORY : CLASS_DONE;
+    if (!memory.exhausted())
+        return CLASS_DONE;
+    removeClass(uomClassCount - 1);
+    return noMemory(name);
 }
 
 int32_t uoms_DeleteClass(const char *name) {
@@ -178,13 +190,10 @@ int32_t uoms_DeleteClass(const char *name) {
         return CLASS_EXISTS;
     const MemoryWatch memory;
     const int32_t oldCount = uomClassCount;
-    UomClassRow *row = class_Row(classId);
     for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate)
-        forgetInSlate(slate, classId, row->token);
-    class_FreeRow(row);
-    tbl_Remove(uomClassTable, static_cast<uint32_t>(classId), 1);
-    uomClassCount = static_cast<int32_t>(tbl_Count(uomClassTable));
-    class_IndexTokens();
+        if (const UomSlate *record = slate_Record(slate))
+            uoms_SetClassDefault(record->name, name, "");
+    removeClass(classId);
     // The field no longer tells the place of the row, kept: readers of class numbers go by the place.
     for (int32_t i = classId; i < uomClassCount; ++i)
         if (UomClassRow *later = class_Row(i))

@@ -123,8 +123,10 @@ int32_t uoms_IsSetProperty(const char *name) {
 static UomTable *setPropertyTable() {
     UomTable *table = tbl_Create(0, TABLE_TEXT);
     for (const SetProperty &property : setProperties)
-        if (table)
-            tbl_PutText(table, TABLE_APPEND, property.name);
+        if (table && !tbl_PutText(table, TABLE_APPEND, property.name)) {
+            tbl_Free(table);
+            return nullptr;
+        }
     return table;
 }
 

@@ -360,7 +360,9 @@ UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const cha
  *   classString  the quantity, e.g. "Pres/VolRate 2"
  *   fromUnits, toUnits  unit text, e.g. "kpa/(m3/sec)2", or the name of a slate
  * Returns 0, or 1 bad arguments, 2 class, 3 source units, 4 target units not understood, with the reason in
- * uom_GetLastErrorMessage(). On 1 to 4 the values are as they were. */
+ * uom_GetLastErrorMessage(). On 1 to 4 the values are as they were.
+ * A group raised to a power, as in "(Leng Mass) 2", or standing under a "/" leaves a factor that is one power short:
+ * elements behind the first, and uoms_CalculateConvConstants, follow it. Convert such values one at a time. */
 UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *classString, const char *fromUnits,
                                   const char *toUnits);
 
