@@ -1,0 +1,261 @@
+// Start-up words, modes and what they rename, what a clean-up leaves, starting again.
+#include "catalogue/startup.h"
+
+#include <climits>
+
+#include "catalogue/platform.h"
+#include "catalogue/units.h"
+#include "tests/support_fixture.h"
+
+// At the very end of a death test's process, behind the unloading of the library.
+static bool tellsAtExit = false;
+__attribute__((destructor(101))) static void tellWhatTheLibraryWrote() {
+    if (tellsAtExit)
+        std::fprintf(stderr, "%s started=%d", platform_DebugText(), uomInitDone);
+}
+
+namespace {
+
+class CatalogueStartup : public UomFixture {
+protected:
+    // The words of a text, blanks between.
+    struct SplitWords {
+        explicit SplitWords(const std::string &text) {
+            std::istringstream stream(text);
+            for (std::string word; stream >> word;)
+                kept.push_back(word);
+            for (const std::string &word : kept)
+                words.push_back(word.c_str());
+        }
+        int32_t count() const { return static_cast<int32_t>(words.size()); }
+        std::vector<std::string> kept;
+        Words words;
+    };
+    static int32_t init3(const std::string &text) {
+        const SplitWords words(text);
+        return uom_Init3(words.count(), words.words.data());
+    }
+    static std::string textOf(int32_t unit, int32_t style) {
+        char text[64] = "";
+        uom_GetUnitText(unit, text, sizeof text, style);
+        return text;
+    }
+};
+
+TEST_F(CatalogueStartup, WordsAndThenTheFileDecideTheModes) {
+    // words, lines of the file: orbex, kesta, vel2go, multipliers allowed, moles, older numbering
+    const char cases[] = R"(
+        | | 1 0 0 0 1 0; nosuch -nosuch --kesta | | 1 0 0 0 1 0; kesta | | 0 1 0 1 1 0; /VEL2GO | | 0 0 1 1 1 0
+        vel2go kesta | | 0 1 0 1 1 0; kesta -Orbex vel2go | | 1 0 0 0 1 0; kesta orbex allowmult | | 1 0 0 1 1 0
+        -qx71 molar mole | | 1 0 0 0 0 1; mole molar | | 1 0 0 0 1 0
+        | UOMOPTION molar\nUOMOPTION mole | 1 0 0 0 0 0; mole | UOMOPTION molar | 1 0 0 0 1 0
+        | UOMOPTION KESTA\nUOMOPTION qx71 | 0 1 0 1 1 1; orbex | UOMOPTION kesta | 1 0 0 0 1 0
+        | UOMOPTION vel2go | 0 0 1 1 1 0; | BEGINUOMLIST\nUOMOPTION uommult | 1 0 0 1 1 0
+        | UOMOPTION allowmult\nUOMOPTION\nuomoption kesta | 1 0 0 0 1 0; | ENDUOMLIST\nUOMOPTION kesta | 1 0 0 0 1 0
+    )";
+    expectAnswers(cases, [&](const Cells &c) {
+        const SplitWords words(c[0]);
+        EXPECT_EQ(0, startWith(c[1] + "\n", words.words));
+        EXPECT_EQ(0, uomUnitCount);
+        const std::string all = joined(uomModeOrbex, uomModeKesta, uomModeVel2go, uom_GetAllowUOMMultipliers(),
+                                       uomMoleQuantity, uomModeQx71);
+        stop();
+        return all;
+    });
+    const char *const withNull[] = {nullptr, "kesta", "-f", path.c_str()};
+    std::ofstream(path) << "\n";
+    EXPECT_EQ(0, uom_Init2(4, withNull));
+    EXPECT_EQ(1, uomModeKesta);
+}
+
+TEST_F(CatalogueStartup, FindsThePathAmongTheWords) {
+    const char cases[] = R"(
+        |; -f /no/a | /no/a; /F /no/a -f/no/b | /no/b; -fab | ab; -f/no/a -f |; -f kesta | kesta
+        -f -f /no/c | -f; f /no/d |
+    )";
+    expectAnswers(cases, [&](const Cells &c) {
+        const SplitWords words(c[0]);
+        EXPECT_EQ(1, uom_Init2(words.count(), words.words.data()));
+        EXPECT_EQ("Unable to open the Unit of Measure data file \"" + std::string(uomDataFile) + "\".", lastError());
+        EXPECT_EQ(0, uomInitDone);
+        EXPECT_EQ("-1 -1", joined(uomAllowMult, uomModeKesta)); // not settled, and "kesta" was a path
+        const std::string found = uomDataFile;
+        stop();
+        return found;
+    });
+    EXPECT_EQ(1, uom_Init2(-3, nullptr));
+    EXPECT_EQ(1, startFile(::testing::TempDir())); // a directory
+    EXPECT_EQ(1, startFile(std::string(10000, 'p')));
+    EXPECT_EQ(519u, std::strlen(uomDataFile));
+    EXPECT_EQ(511u, lastError().size());
+}
+
+TEST_F(CatalogueStartup, RenamesByMode) {
+    const char cases[] = R"(
+        orbex | Liq. Vol.=Liquid Volume, Vap. Vol.=Vapor Volume, tons
+        kesta | StdLiqVol=Standard Liquid Volume, StdVapVol=Standard Vapor Volume, ton
+        vel2go | StdLiqVol=Standard Liquid Volume, StdVapVol=Standard Vapor Volume, ton
+    )";
+    expectAnswers(cases, [&](const Cells &c) {
+        EXPECT_EQ(0, startShipped({c[0].c_str()}));
+        std::string all;
+        for (const int32_t unit : {UOM_BASLIQV, UOM_BASVAPV}) {
+            all += textOf(unit, 1) + "=" + textOf(unit, 5) + ", ";
+            EXPECT_EQ(unit, unitOf(textOf(unit, 1).c_str())) << "not found by its new name";
+        }
+        all += textOf(UOM_U_TON, 1);
+        EXPECT_EQ(UOM_U_TON, unitOf(textOf(UOM_U_TON, 1).c_str()));
+        EXPECT_EQ("0 3", joined(uom_GetUnitListIndex(40, UOM_BASMOLE), uom_GetUnitListIndex(40, UOM_BASVAPV)));
+        EXPECT_EQ("15 16", joined(classOf("Vol"), classOf("VapVol")));
+        stop();
+        return all;
+    });
+    // The list of Basis comes from the list of the mode.
+    const std::string file = "BEGINUOMLIST\nnone N N 0 0 1\nMole M M 0 0 1\nMass W W 0 0 1\nENDUOMLIST\n"
+                             "BEGINLIST\nBasis\nMole\nENDLIST\nBEGINLIST\nKSBasisList\nMass\nENDLIST\n"
+                             "BEGINLIST\nOXBasisList\nMass\nMole\nENDLIST\n";
+    expectAnswers("kesta | 0 -1; orbex | 0 1\n", [&](const Cells &c) {
+        EXPECT_EQ(0, startWith(file, {c[0].c_str()}));
+        const std::string places = joined(uom_GetUnitListIndex(40, UOM_BASMASS), uom_GetUnitListIndex(40, UOM_BASMOLE));
+        stop();
+        return places;
+    });
+}
+
+TEST_F(CatalogueStartup, FindsTheNamedSlates) {
+    ASSERT_EQ(0, startShipped());
+    const int32_t slates[] = {UOM_SET_ENGLISH,  UOM_SET_METRIC,     UOM_SET_SI,
+                              UOM_SET_INTERNAL, UOM_SET_OXINTERNAL, UOM_SET_CURRENT};
+    std::string names;
+    for (const int32_t slate : slates) {
+        char name[64] = "";
+        names += uom_GetBaseName2(slate, name, sizeof name) + std::string(" ");
+    }
+    EXPECT_EQ("English Metric SI Internal OXInternal Current ", names);
+    EXPECT_EQ(0, UOM_SET_NULL);
+    stop();
+    ASSERT_EQ(0, startWith("ENDUOMLIST\nBEGINSLATE\nmetric\nENDSLATE\n"));
+    EXPECT_EQ("-1 1 -1 2", joined(UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_CURRENT, UOM_SET_MAX)) << "in any case";
+}
+
+TEST_F(CatalogueStartup, WhatSurvivesACleanup) {
+    ASSERT_EQ(0, startShipped({"kesta", "mole", "allowmult"}));
+    EXPECT_EQ(0, startWith("ENDUOMLIST\n", {"orbex"})) << "does nothing";
+    EXPECT_EQ(1, uomModeKesta);
+    uom_SetDefaultDisplayStyle(5);
+    EXPECT_FALSE(uoms_New("Nosuch"));
+    const std::string message = lastError();
+    const char *const address = uom_GetLastErrorMessage();
+    const int32_t metric = UOM_SET_METRIC, mass = UOM_BASMASS, units = uomUnitCount;
+    uom_Cleanup();
+    uom_Cleanup();
+    EXPECT_EQ(message, lastError());
+    EXPECT_EQ(address, uom_GetLastErrorMessage());
+    EXPECT_EQ(joined(metric, mass), joined(UOM_SET_METRIC, UOM_BASMASS));
+    EXPECT_EQ("1 5 -1 -1", joined(uomMoleQuantity, uom_GetDefaultDisplayStyle(), uomModeKesta, uomAllowMult));
+    for (const UomClassRow &row : uomStaticRows)
+        EXPECT_FALSE(row.uomList || row.uomChoices) << row.token;
+    // The file of the last start is read when none is named. What a Quantity counts stays what that made it.
+    const char *const molar = "molar";
+    ASSERT_EQ(0, uom_Init2(1, &molar));
+    EXPECT_STREQ(UOM_TEST_DATA, uomDataFile);
+    EXPECT_EQ(joined(1, 0, units), joined(uom_GetDefaultDisplayStyle(), uomMoleQuantity, uomUnitCount));
+    UomStruct chain = uoms_New("Rate Quantity");
+    EXPECT_EQ("40:- 19:- 10:- 40:- 19:-", describeUnits(chain));
+    uom_Free(&chain);
+    stop();
+    ASSERT_EQ(0, startShipped({"molar"}));
+    chain = uoms_New("Rate Quantity");
+    EXPECT_EQ("40:- 20:- 10:- 40:- 20:-", describeUnits(chain)) << "when it comes first";
+    uom_Free(&chain);
+}
+
+TEST_F(CatalogueStartup, Init3StartsAnewForAnotherFileAlone) {
+    const std::string shipped = UOM_TEST_DATA;
+    std::string upper = shipped;
+    std::transform(upper.begin(), upper.end(), upper.begin(), str_Upper);
+    EXPECT_EQ(0, init3("-f " + shipped));
+    const int32_t units = uomUnitCount;
+    std::ofstream(path) << "BEGINUOMLIST\nnone N N 0 0 1\nkg KG KG 0 0 1\nENDUOMLIST\n";
+    for (const std::string &words :
+         {std::string(), std::string("kesta"), std::string("-f"), "-f " + shipped + " -f", "kesta -f" + upper}) {
+        EXPECT_EQ(0, init3(words));
+        EXPECT_EQ(joined(units, 0), joined(uomUnitCount, uomModeKesta)) << words;
+    }
+    EXPECT_EQ(0, init3("kesta -f " + path));
+    EXPECT_EQ("2 1", joined(uomUnitCount, uomModeKesta));
+    EXPECT_EQ(1, init3("-f/no/such/file"));
+    EXPECT_EQ(0, uomInitDone);
+    EXPECT_EQ(0, init3("-f " + path));
+}
+
+TEST_F(CatalogueStartup, FindsTheFileBesideTheProgram) {
+    EXPECT_EQ(0, uom_Init()) << lastError();
+    char program[PATH_MAX] = "", expected[PATH_MAX], found[PATH_MAX];
+    ASSERT_LT(0, readlink("/proc/self/exe", program, sizeof program - 1));
+    const std::string directory = std::string(program).substr(0, std::string(program).rfind('/') + 1);
+    ASSERT_TRUE(realpath((directory + "uomdata.txt").c_str(), expected));
+    ASSERT_TRUE(realpath(uomDataFile, found));
+    EXPECT_STREQ(expected, found);
+    char cut[8];
+    platform_FindDataFile(cut, sizeof cut);
+    EXPECT_GT(sizeof cut, std::strlen(cut));
+}
+
+TEST_F(CatalogueStartup, InconsistentTablesAreReported) {
+    ASSERT_EQ(0, startShipped());
+    EXPECT_EQ(0, startup_CheckTables());
+    uomStaticRows[70].index = 7;
+    EXPECT_EQ(3, startup_CheckTables());
+    EXPECT_EQ("UOM Initialization: UOM Class table is inconsistent", lastError());
+    unit_Record(2)->index = 1;
+    EXPECT_EQ(4, startup_CheckTables());
+    EXPECT_EQ("UOM Initialization: UOM Unit table is inconsistent", lastError());
+    uom_Cleanup();
+    EXPECT_EQ(3, startShipped());
+    EXPECT_EQ(1, uomInitDone) << "not started all the same";
+}
+
+TEST_F(CatalogueStartup, LoadingAndReleasingAreTold) {
+    EXPECT_EQ(0, std::strncmp(platform_DebugText(), "-- Load dll QXUomLib\n", 21));
+    EXPECT_EXIT(
+        {
+            tellsAtExit = true;
+            std::exit(startShipped());
+        },
+        ::testing::ExitedWithCode(0), "-- Release dll QXUomLib\n started=0");
+}
+
+TEST_F(CatalogueStartup, EndsWithAResultWhenMemoryIsExhausted) {
+    const std::string file =
+        "UOMOPTION mole\nBEGINUOMLIST\nnone N N 0 0 1\nm M M 0 0 1\nlb LB P 1 0 1\nton T T 0 0 1\n"
+        "Mass W W 0 0 1\nVol V V 0 0 1\nVolume V V 0 0 1\nStdLiqVol L L 0 0 1\nENDUOMLIST\n"
+        "BEGINLIST\nLeng\nm\nENDLIST\nBEGINLIST\nMass\nlb\nton\nENDLIST\nBEGINLIST\nOXBasisList\nMass\nVol\n"
+        "ENDLIST\nBEGINCLASSLIST\nOwn=\"Mass / Leng\", \"Own Class\"\nSame=Leng\nENDCLASSLIST\n"
+        "BEGINCOMMONLIST\nOwn\nlb/m\nENDCOMMONLIST\n"
+        "BEGINSLATE\nMetric\nLeng=m\nOwn=lb/m\nENDSLATE\nBEGINSLATE\nCurrent\nBasedOn=Metric\nENDSLATE\n";
+    failEachAllocation([&](int place, bool lasting, bool *reached) {
+        std::ofstream(path) << file;
+        int32_t status;
+        {
+            const FailingMemory memory(place, lasting);
+            status = startFile(path);
+            *reached = FailingMemory::reached();
+        }
+        // An allocation that only makes things faster may fail unseen.
+        ASSERT_TRUE(status == 11 || status == 0) << status;
+        EXPECT_EQ(status == 0, uomInitDone == 1);
+        if (status == 11) {
+            EXPECT_NE("", lastError());
+            ASSERT_EQ(0, uom_Init2(0, nullptr)) << lastError();
+        }
+        EXPECT_EQ(0, uoms_ValidateUOM("Own / Same", "lb/m m"));
+        EXPECT_EQ(0, uoms_ValidateUOM("Mass", "tons"));
+        char unit[16] = "";
+        uoms_GetClassDefault("metric", "Own", unit, sizeof unit);
+        EXPECT_STREQ("lb/m", unit);
+        stop();
+    });
+}
+
+} // namespace
