@@ -85,7 +85,8 @@ int32_t addRow(const char *name, const char *definition, int32_t definitionClass
     else
         setComponents(row, chain);
     const UomClassRow *listsOf = class_ValidRow(definitionClass);
-    if (!completeRow(row, name, definition, listsOf) || !tbl_PutRecord(uomClassTable, static_cast<uint32_t>(uomClassCount), row)) {
+    if (!completeRow(row, name, definition, listsOf) ||
+        !tbl_PutRecord(uomClassTable, static_cast<uint32_t>(uomClassCount), row)) {
         class_FreeRow(row);
         return CLASS_NO_MEMORY;
     }
