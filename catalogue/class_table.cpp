@@ -52,7 +52,7 @@ int32_t findToken(const char *text) {
     const UomClassRow *const *rows = tbl_Records<const UomClassRow>(uomClassTable);
     const int32_t count = static_cast<int32_t>(tbl_Count(uomClassTable));
     if (tokenIndex.places) {
-        const int32_t found = names_Find(tokenIndex, text, [=](int32_t i) { return hasToken(rows[i], text); });
+        const int32_t found = names_Find(tokenIndex, text, [=](int32_t i) { return rows && hasToken(rows[i], text); });
         if (found >= 0)
             return found;
     }

@@ -46,7 +46,7 @@ int32_t uom_GetSetType(const char *name) {
     if (!name || UOM_SET_MAX < 1)
         return -1;
     const UomSlate *const *slates = tbl_Records<const UomSlate>(uomSlateTable);
-    const auto bears = [=](int32_t i) { return slates[i] && str_EqualNoCase(slates[i]->name, name); };
+    const auto bears = [=](int32_t i) { return slates && slates[i] && str_EqualNoCase(slates[i]->name, name); };
     if (nameIndex.places)
         return names_Find(nameIndex, name, bears);
     for (int32_t i = 0; i < uom_GetSetCount(); ++i)

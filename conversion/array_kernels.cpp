@@ -2,11 +2,15 @@
 
 #include <cstdint>
 
-// One body, compiled for each width of vectors. An addition before a multiplication never fuses, so all
-// agree.
-#define LINEAR_LOOP(values, count, offset, factor)                                                                     \
-    for (size_t i = 0; i < (count); ++i)                                                                               \
-    (values)[i] = ((values)[i] + (offset)) * (factor)
+// One body, compiled for each width of vectors. An addition before a multiplication never fuses, so all agree.
+#if defined(__GNUC__)
+__attribute__((always_inline))
+#endif
+static inline void
+convert(double *values, size_t count, double offset, double factor) {
+    for (size_t i = 0; i < count; ++i)
+        values[i] = (values[i] + offset) * factor;
+}
 
 #if defined(__GNUC__) && defined(__x86_64__)
 
@@ -15,11 +19,11 @@ static constexpr size_t CACHE_LINE = 64;
 using Kernel = void (*)(double *, size_t, double, double);
 
 static void convertPlain(double *values, size_t count, double offset, double factor) {
-    LINEAR_LOOP(values, count, offset, factor);
+    convert(values, count, offset, factor);
 }
 
 __attribute__((target("avx2"))) static void convertAvx2(double *values, size_t count, double offset, double factor) {
-    LINEAR_LOOP(values, count, offset, factor);
+    convert(values, count, offset, factor);
 }
 
 #if defined(__clang__)
@@ -29,7 +33,7 @@ __attribute__((target("avx2"))) static void convertAvx2(double *values, size_t c
 #endif
 
 __attribute__((target(WIDEST))) static void convertAvx512(double *values, size_t count, double offset, double factor) {
-    LINEAR_LOOP(values, count, offset, factor);
+    convert(values, count, offset, factor);
 }
 
 static Kernel chooseKernel() {
@@ -50,7 +54,7 @@ void array_ConvertLinear(double *values, size_t count, double offset, double fac
 #else
 
 void array_ConvertLinear(double *values, size_t count, double offset, double factor) {
-    LINEAR_LOOP(values, count, offset, factor);
+    convert(values, count, offset, factor);
 }
 
 #endif
