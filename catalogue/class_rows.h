@@ -61,13 +61,6 @@ enum ClassNumber : int32_t {
     CLASS_CAKE_RES = 69
 };
 
-// The two first letters of a unit's name in small letters, as far as they are sure to stand in a text that names it:
-// behind a blank, which the text may leave out, nothing is. A scan compares these before it looks at a name.
-struct NameHead {
-    uint16_t letters;
-    uint16_t mask;
-};
-
 // In a compiled row the texts are literals but for listName and note; a custom row owns all but altToken. The
 // rows are writable: the data file attaches unit lists, start-up renames by mode, hosts narrow the choices.
 struct UomClassRow {
@@ -91,8 +84,8 @@ struct UomClassRow {
     int32_t baseExponent[COMPOSITE_SLOTS];
     int32_t *uomList;    // units that the class recognises, ended by 0; owned
     int32_t *uomChoices; // narrowed by the application, ended by 0; owned
-    NameHead *heads;     // of the units that the class recognises, derived by unit_IndexList; owned, null without
-    int32_t headCount;   // of the heads of tokens, behind which stand as many of keywords
+    uint64_t *starts;    // which of the units begin with a letter, derived by unit_IndexList; owned, null without
+    int32_t startWords;  // of a letter's bits
 };
 
 extern UomClassRow uomStaticRows[STATIC_CLASSES];

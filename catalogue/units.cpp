@@ -1,5 +1,6 @@
 #include "catalogue/units.h"
 
+#include <bit>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -10,23 +11,24 @@
 
 namespace {
 
-uint16_t headLetters(char first, char second) {
-    return static_cast<uint16_t>(static_cast<uint8_t>(str_Lower(first)) | static_cast<uint8_t>(str_Lower(second)) << 8);
+// A list's index by first letter: for each of 26 letters and for all else, a bit for each unit of the list whose token
+// begins with it, and the same again for keywords.
+constexpr size_t INITIALS = 27;
+constexpr size_t WORD_BITS = 64;
+
+size_t initialOf(char c) {
+    const char lower = str_Lower(c);
+    return lower >= 'a' && lower <= 'z' ? static_cast<size_t>(lower - 'a') : INITIALS - 1;
 }
 
-uint16_t headLetters(const char *text) {
-    return *text ? headLetters(text[0], text[1]) : uint16_t{0};
-}
-
-NameHead headOf(const char *name) {
-    if (!name || name[0] == ' ')
-        return {0, 0};
-    const uint16_t mask = name[0] == '\0' ? 0 : name[1] == '\0' || name[1] == ' ' ? 0x00FF : 0xFFFF;
-    return {static_cast<uint16_t>(headLetters(name) & mask), mask};
-}
-
-bool mayStandAt(NameHead head, uint16_t letters) {
-    return (letters & head.mask) == head.letters;
+// Enters the unit at this place of the list. A text may leave out a blank, so a name that begins with one may begin
+// with anything.
+void enterInitial(uint64_t *starts, size_t words, size_t place, const char *name) {
+    if (str_IsEmpty(name))
+        return;
+    for (size_t initial = 0; initial < INITIALS; ++initial)
+        if (*name == ' ' || initial == initialOf(*name))
+            starts[initial * words + place / WORD_BITS] |= uint64_t{1} << (place % WORD_BITS);
 }
 
 NameIndex tokenIndex;
@@ -127,25 +129,24 @@ void unit_DropIndex() {
     names_Free(tokenIndex);
 }
 
-// The heads of all tokens of the effective list, one that fits every text, and the same for the keywords.
 void unit_IndexList(UomClassRow *row) {
-    mem_Free(row->heads);
-    row->heads = nullptr;
+    mem_Free(row->starts);
+    row->starts = nullptr;
     const int32_t *units = row->uomChoices ? row->uomChoices : row->uomList;
     size_t count = 0;
     while (units && units[count] != UOM_NULL)
         ++count;
-    NameHead *heads = units ? mem_NewArray<NameHead>(2 * (count + 1)) : nullptr;
-    if (!heads)
-        return;
-    for (size_t i = 0; i < count; ++i) {
+    const size_t words = (count + WORD_BITS - 1) / WORD_BITS;
+    void *block = nullptr;
+    mem_Calloc(&block, 2 * INITIALS * words, sizeof(uint64_t));
+    uint64_t *starts = static_cast<uint64_t *>(block);
+    for (size_t i = 0; starts && i < count; ++i) {
         const UomUnit *unit = record(units[i]);
-        heads[i] = headOf(unit ? unit->token : nullptr);
-        heads[count + 1 + i] = headOf(unit ? unit->keyword : nullptr);
+        enterInitial(starts, words, i, unit ? unit->token : nullptr);
+        enterInitial(starts + INITIALS * words, words, i, unit ? unit->keyword : nullptr);
     }
-    heads[count] = heads[2 * count + 1] = headOf(nullptr);
-    row->heads = heads;
-    row->headCount = static_cast<int32_t>(count + 1);
+    row->starts = starts;
+    row->startWords = static_cast<int32_t>(words);
 }
 
 void unit_IndexTokens() {
@@ -171,31 +172,44 @@ static size_t matchUnit(const UomUnit *unit, const char *text, bool byKeyword) {
     return byKeyword ? matchWhole(name, text) : matchToken(name, text);
 }
 
+// The longest match so far; the first in the list wins among equals.
+struct LongestMatch {
+    const char *text;
+    bool byKeyword;
+    int32_t unit = UOM_NULL;
+    size_t length = 0;
+};
+
+static void tryUnit(LongestMatch &longest, int32_t unit) {
+    const size_t matched = matchUnit(record(unit), longest.text, longest.byKeyword);
+    if (matched == NO_MATCH || matched <= longest.length)
+        return;
+    longest.unit = unit;
+    longest.length = matched;
+}
+
+// Tries the units that begin like the text, in the order of the list.
+static void tryIndexed(LongestMatch &longest, const UomClassRow &row, const int32_t *units) {
+    const size_t words = static_cast<size_t>(row.startWords);
+    const size_t initial = initialOf(*longest.text) + (longest.byKeyword ? INITIALS : 0);
+    for (size_t word = 0; word < words; ++word)
+        for (uint64_t bits = row.starts[initial * words + word]; bits != 0; bits &= bits - 1)
+            tryUnit(longest, units[word * WORD_BITS + static_cast<size_t>(std::countr_zero(bits))]);
+}
+
 int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int32_t *length) {
     *length = 0;
     const int32_t *units = uom_GetClassUnits(classId);
     if (!units || !text)
         return UOM_NULL;
-    const uint16_t letters = headLetters(text);
-    const bool byKeyword = style == STYLE_KEYWORD;
+    LongestMatch longest = {text, style == STYLE_KEYWORD};
     const UomClassRow &row = *class_Row(classId);
-    const NameHead *heads = byKeyword && row.heads ? row.heads + row.headCount : row.heads;
-    int32_t best = UOM_NULL;
-    size_t bestLength = 0;
-    for (size_t i = 0;; ++i) {
-        // The last head fits every text.
-        while (heads && !mayStandAt(heads[i], letters))
-            ++i;
-        if (units[i] == UOM_NULL)
-            break;
-        const size_t matched = matchUnit(record(units[i]), text, byKeyword);
-        if (matched != NO_MATCH && matched > bestLength) {
-            best = units[i];
-            bestLength = matched;
-        }
-    }
-    *length = static_cast<int32_t>(bestLength);
-    return best;
+    if (row.starts)
+        tryIndexed(longest, row, units);
+    for (; !row.starts && *units != UOM_NULL; ++units)
+        tryUnit(longest, *units);
+    *length = static_cast<int32_t>(longest.length);
+    return longest.unit;
 }
 
 int32_t unit_CopyList(int32_t **out, const int32_t *units) {

@@ -118,11 +118,12 @@ void invertLinearGroup(Walk &walk, GroupLevel &level, int64_t times) {
 void repeatGroup(Walk &walk, const GroupLevel &level, const UomStructNode *close, int64_t times) {
     for (int64_t i = 0; i < times; ++i) {
         const double before = walk.value;
+        const bool pendingBefore = uomApiPending != 0;
         UomStruct from = level.from;
         UomStruct to = level.to;
         for (; from && to && from != close && from->next != close; from = from->next, to = to->next)
             walk.value = uom_FromBase(uom_ToBase(walk.value, from), to);
-        if (num_Same(before, walk.value) && !uomApiPending)
+        if (num_Same(before, walk.value) && !pendingBefore && !uomApiPending)
             break;
     }
 }

@@ -52,7 +52,7 @@ bool completeRow(UomClassRow *row, const char *name, const char *definition, con
     row->name = row->token = row->keyword = nullptr;
     row->definition = row->listName = row->note = nullptr;
     row->uomList = row->uomChoices = nullptr;
-    row->heads = nullptr;
+    row->starts = nullptr;
     const bool named = mem_ExchangeText(&row->name, name) == 0 && mem_ExchangeText(&row->token, name) == 0 &&
                        mem_ExchangeText(&row->definition, definition) == 0;
     if (!named || !listsOf)
@@ -145,7 +145,7 @@ void class_FreeRow(UomClassRow *row) {
     if (row->uomChoices != row->uomList)
         mem_Free(row->uomChoices);
     mem_Free(row->uomList);
-    mem_Free(row->heads);
+    mem_Free(row->starts);
     mem_Free(row);
 }
 

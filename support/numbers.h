@@ -2,6 +2,7 @@
 #ifndef UOM_SUPPORT_NUMBERS_H
 #define UOM_SUPPORT_NUMBERS_H
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -60,9 +61,9 @@ inline int32_t num_Add(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
 }
 
-// The same number, a NaN equal to itself: a repeated step that changes nothing changes nothing for ever.
+// The same number bit for bit: a repeated step that changes nothing changes nothing for ever.
 inline bool num_Same(double a, double b) {
-    return a == b || (a != a && b != b);
+    return std::bit_cast<uint64_t>(a) == std::bit_cast<uint64_t>(b);
 }
 
 // The magnitude, also of the smallest integer.
