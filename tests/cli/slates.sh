@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Classes, units, slates, display units, and slate definitions from files. Arguments: the tool, the source directory.
 set -u
-uom=$1 data=$2/data/uomdata.txt
+uom=$1
 failed=0
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -24,7 +24,7 @@ is "show in Current" "$("$uom" show Rate --slate English)" "$("$uom" show Rate)"
 is "unknown class" 'uom: Parsing UOM class string "Nope" but unable to identify the UOM class "Nope".status 1' \
     "$("$uom" show Nope 2>&1 | tr -d "\n"; echo "status ${PIPESTATUS[0]}")"
 is "mode" "StdLiqVol Liq. Vol." "$("$uom" --mode kesta units Basis | grep -o '^StdLiqVol') $("$uom" units Basis | grep -o '^Liq. Vol.')"
-is "molar" "Molar Mole" "$(for how in --molar --mole; do "$uom" --data "$data" units Quantity $how; done |
+is "molar" "Molar Mole" "$(for how in --molar --mole; do "$uom" units Quantity $how; done |
     sed -n 's/^Mol.* (\(.*\))$/\1/p' | xargs)"
 
 cat >plant.txt <<'TEXT'

@@ -25,6 +25,9 @@ Action addUnits(CLI::App &command);
 Action addSlates(CLI::App &command);
 Action addSlate(CLI::App &command);
 Action addShow(CLI::App &command);
+Action addRelated(CLI::App &command);
+Action addKeyword(CLI::App &command);
+Action addReport(CLI::App &command);
 Action addCheck(CLI::App &command);
 
 #endif

@@ -24,6 +24,9 @@ const Command commands[] = {
     {"slates", "List the slates", addSlates},
     {"slate", "Print the definition of a slate", addSlate},
     {"show", "Print the units that a quantity is shown in", addShow},
+    {"related", "Print the other forms of a class string, and its dimensions", addRelated},
+    {"keyword", "Write units as fixed-layout keyword text, or read one", addKeyword},
+    {"report", "Print the whole catalogue", addReport},
     {"check", "Report what is wrong with a data file", addCheck, false},
 };
 
@@ -36,6 +39,8 @@ constexpr const char *EXAMPLES =
     "  uom units Pres --slate Metric\n"
     "  uom show Density --slate English --style tokensuper\n"
     "  uom --define plant.txt slate Plant\n"
+    "  uom keyword Pres psia\n"
+    "  uom report --for enduser -o report.txt\n"
     "  uom check uomdata.txt\n";
 
 struct GlobalOptions {
@@ -45,15 +50,12 @@ struct GlobalOptions {
 };
 
 void addGlobalOptions(CLI::App &app, GlobalOptions &options) {
-    CLI::Option *data = app.add_option("--data", options.start.data, "Data file")->option_text("FILE");
+    app.add_option("--data", options.start.data, "Data file")->option_text("FILE");
     app.add_option("--mode", options.mode, "How start-up names units and bases: kesta, vel2go or orbex")
         ->check(CLI::IsMember({"kesta", "vel2go", "orbex"}))
         ->option_text("MODE");
     CLI::Option *mole = app.add_flag("--mole", options.mole, "Quantities count moles");
-    // The start that looks for the library's own file counts moles, and a later one can't take that back.
-    app.add_flag("--molar", options.molar, "Quantities count in the class Molar; needs --data")
-        ->excludes(mole)
-        ->needs(data);
+    app.add_flag("--molar", options.molar, "Quantities count in the class Molar")->excludes(mole);
     app.add_option("--define", options.start.definitions, "Read slate definitions; may be repeated")
         ->option_text("FILE")
         ->expected(1)

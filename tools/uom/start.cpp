@@ -1,6 +1,7 @@
 #include "start.h"
 
 #include "commands.h"
+#include "data_path.h"
 #include "library.h"
 
 static int start(const std::vector<std::string> &words) {
@@ -16,14 +17,10 @@ int startWithFile(const std::string &path, const std::vector<std::string> &words
     return start(all);
 }
 
-// Where the library finds its own data file only the start without words tells; a start with words and
-// without a path reads that file again.
+// With words the library does not look for a file. One start and not two: how a first one counts moles, a second can't
+// take back.
 static int startWithFoundFile(const std::vector<std::string> &words) {
-    const int status = uom_Init();
-    if (status != 0 || words.empty())
-        return status;
-    uom_Cleanup();
-    return start(words);
+    return words.empty() ? uom_Init() : startWithFile(foundDataFile(), words);
 }
 
 void startLibrary(const StartOptions &options) {

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# With option words the tool looks for the data file where the library itself does. Arguments: the tool, the source
+# directory.
+set -u
+uom=$1 data=$2/data/uomdata.txt
+failed=0
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+is() { # title, expected, actual
+    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
+}
+
+# An installed tree, with a data file in each place that one may be found in. A slate of each tells which was read.
+cd "$work" || exit 1
+places="lib share/uom bin here"
+for place in $places; do
+    mkdir -p "$place"
+    { cat "$data"; printf 'BEGINSLATE\nIn_%s\nENDSLATE\n' "$place"; } >"$place/uomdata.txt"
+done
+cp "$uom" bin/
+cp "$(ldd "$uom" | awk '$1 ~ /^libuom/ { print $3 }')" lib/
+export LD_LIBRARY_PATH=$work/lib
+cd here || exit 1
+for place in $places; do
+    for words in "" "--mole" "--molar" "--mode kesta"; do
+        # shellcheck disable=SC2086 # words
+        is "data file with the words \"$words\"" "In_$place" "$(../bin/uom $words slates 2>&1 | grep -o '^In_[^ ]*')"
+    done
+    rm "../$place/uomdata.txt"
+done
+is "no data file" 'uom: Unable to open the Unit of Measure data file "./uomdata.txt".' "$(../bin/uom --molar slates 2>&1)"
+exit $failed
