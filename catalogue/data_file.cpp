@@ -21,6 +21,8 @@ namespace {
 
 enum ReadStatus : int32_t { READ_DONE = 0, READ_CANNOT_OPEN = 1, READ_BAD_STRUCTURE = 2, READ_NO_MEMORY = 11 };
 
+constexpr size_t FILE_BUFFER = 1 << 16;
+
 enum SectionState {
     BETWEEN_SECTIONS,
     IN_CLASS_LIST,
@@ -332,6 +334,8 @@ int32_t readStages(Reader &reader) {
 int32_t uom_ReadDataFile(const char *path) {
     Reader reader(path);
     reader.lines.file = std::fopen(path, "r");
+    if (reader.lines.file)
+        std::setvbuf(reader.lines.file, nullptr, _IOFBF, FILE_BUFFER);
     const int32_t status = reader.lines.file ? readStages(reader) : READ_CANNOT_OPEN;
     // A directory opens, but does not read.
     const bool broken = !reader.lines.file || std::ferror(reader.lines.file);

@@ -8,22 +8,24 @@ static bool isComment(const char *text) {
     return std::strchr(text, ';') || std::strstr(text, "//");
 }
 
-static char *cutToken(DataLines &lines, char *from, const char *delimiters) {
-    char *token = str_NextToken(from, delimiters);
-    if (token)
-        lines.rest = str_BehindToken(token, std::strlen(token), lines.end);
-    return token;
+// Cuts trailing blanks, tabs and line feeds off the line and skips leading blanks and tabs; where the rest begins.
+static char *trim(DataLines &lines) {
+    size_t length = std::strlen(lines.text);
+    while (length > 0 && std::strchr(" \t\n", lines.text[length - 1]))
+        --length;
+    lines.text[length] = '\0';
+    char *start = lines.text + std::strspn(lines.text, " \t");
+    std::memcpy(lines.raw, start, static_cast<size_t>(lines.text + length - start) + 1);
+    return start;
 }
 
 bool data_NextLine(DataLines &lines) {
     while (std::fgets(lines.text, sizeof lines.text, lines.file)) {
         ++lines.number;
-        str_TrimLeft(str_TrimRight(lines.text));
-        if (!*lines.text || isComment(lines.text))
+        char *start = trim(lines);
+        if (!*start || isComment(start))
             continue;
-        lines.end = lines.text + std::strlen(lines.text);
-        std::memcpy(lines.raw, lines.text, sizeof lines.raw);
-        lines.first = cutToken(lines, lines.text, lines.delimiters);
+        lines.first = str_CutToken(start, lines.delimiters, &lines.rest);
         if (lines.first)
             return true;
     }
@@ -31,5 +33,5 @@ bool data_NextLine(DataLines &lines) {
 }
 
 char *data_NextToken(DataLines &lines) {
-    return cutToken(lines, lines.rest, DATA_DELIMITERS);
+    return str_CutToken(lines.rest, DATA_DELIMITERS, &lines.rest);
 }

@@ -19,7 +19,6 @@ struct DataLines {
     char text[DATA_LINE_SIZE]; // the line, cut
     char *first;               // its first token
     char *rest;                // where the next token is looked for
-    char *end;                 // the terminator of the line
 };
 
 constexpr const char *DATA_DELIMITERS = ", \t";

@@ -26,9 +26,11 @@ size_t initialOf(char c) {
 void enterInitial(uint64_t *starts, size_t words, size_t place, const char *name) {
     if (str_IsEmpty(name))
         return;
-    for (size_t initial = 0; initial < INITIALS; ++initial)
-        if (*name == ' ' || initial == initialOf(*name))
-            starts[initial * words + place / WORD_BITS] |= uint64_t{1} << (place % WORD_BITS);
+    const bool anything = *name == ' ';
+    const size_t first = anything ? 0 : initialOf(*name);
+    const size_t last = anything ? INITIALS - 1 : first;
+    for (size_t initial = first; initial <= last; ++initial)
+        starts[initial * words + place / WORD_BITS] |= uint64_t{1} << (place % WORD_BITS);
 }
 
 NameIndex tokenIndex;

@@ -21,23 +21,23 @@ namespace {
 
 enum DefaultStatus : int32_t { DEFAULT_DONE = 0, DEFAULT_REFUSED = 1, DEFAULT_NO_MEMORY = 11 };
 
-// Both text operations judge the slate and the class name alike. False with a message.
-bool acceptSlate(const char *slateName, const char *className) {
+// Both text operations judge the slate and the class name alike. The slate, or -1 with a message.
+int32_t acceptSlate(const char *slateName, const char *className) {
     error_Clear();
     if (str_IsEmpty(slateName)) {
         error_Set("Unit-of-Measure slate is missing or blank.");
-        return false;
+        return -1;
     }
     if (str_IsEmpty(className)) {
         error_Set("Unit-of-Measure class is missing or blank.");
-        return false;
+        return -1;
     }
     const int32_t slate = uom_GetSetType(slateName);
     if (slate < 1 || !slate_AnyRecord(slate)) {
         error_Set("Unrecognized Unit-of-Measure slate \"%s\".", slateName);
-        return false;
+        return -1;
     }
-    return true;
+    return slate;
 }
 
 bool statesAnything(const int32_t *units, int32_t count) {
@@ -114,7 +114,8 @@ int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units
 }
 
 int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value) {
-    if (!acceptSlate(slateName, className))
+    const int32_t slate = acceptSlate(slateName, className);
+    if (slate < 0)
         return DEFAULT_REFUSED;
     if (uoms_IsSetProperty(className))
         return uoms_PutSetProperty(slateName, className, value);
@@ -136,7 +137,7 @@ int32_t uoms_SetClassDefault(const char *slateName, const char *className, const
         uom_GetCurrentUnits(chain.chain, CHAIN_UNITS, units);
         uom_GetMultipliers(chain.chain, CHAIN_UNITS, multipliers);
     }
-    return uom_SetClassDefault(uom_GetSetType(slateName), classId, units, multipliers);
+    return uom_SetClassDefault(slate, classId, units, multipliers);
 }
 
 int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length) {
@@ -163,7 +164,8 @@ int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t l
 }
 
 int32_t uoms_GetClassDefault(const char *slateName, const char *className, char *out, int32_t length) {
-    if (!acceptSlate(slateName, className))
+    const int32_t slate = acceptSlate(slateName, className);
+    if (slate < 0)
         return DEFAULT_REFUSED;
     if (!out || length < 1) {
         error_Set("Output buffer for Unit-of-Measure is not specified.");
@@ -172,7 +174,7 @@ int32_t uoms_GetClassDefault(const char *slateName, const char *className, char 
     if (uoms_IsSetProperty(className))
         return uoms_GetSetProperty(slateName, className, length, out);
     const int32_t classId = class_Find(className, defaultScanClassStyle);
-    return uom_GetClassDefault(uom_GetSetType(slateName), classId, out, length);
+    return uom_GetClassDefault(slate, classId, out, length);
 }
 
 int32_t uoms_IsClassDefault(const char *className, const char *slateName, const char *text) {

@@ -107,13 +107,15 @@ struct Delimiters {
     }
 };
 
-char *str_NextToken(char *text, const char *delimiters) {
+char *str_CutToken(char *text, const char *delimiters, char **rest) {
+    *rest = text;
     if (!text || !*text || !delimiters || !*delimiters)
         return nullptr;
     const Delimiters between(delimiters);
     char *token = text;
     while (between.hold(*token))
         ++token;
+    *rest = token;
     if (!*token)
         return nullptr;
     const char quote[2] = {*token, '\0'};
@@ -124,8 +126,14 @@ char *str_NextToken(char *text, const char *delimiters) {
     char *end = token;
     while (*end && !behind.hold(*end))
         ++end;
+    *rest = *end ? end + 1 : end;
     *end = '\0';
     return token;
+}
+
+char *str_NextToken(char *text, const char *delimiters) {
+    char *rest;
+    return str_CutToken(text, delimiters, &rest);
 }
 
 bool str_EqualNoCase(std::string_view a, std::string_view b) {

@@ -44,11 +44,8 @@ char *str_TrimLeft(char *text);
 // which are not part of it; its end mark is overwritten by a terminator.
 char *str_NextToken(char *text, const char *delimiters);
 
-// The text behind a token that str_NextToken cut from a text ending at `end`: the place where to look for the
-// next.
-inline char *str_BehindToken(char *token, size_t length, char *end) {
-    return token + length < end ? token + length + 1 : end;
-}
+// The same, with the place to look for the next token: behind the end mark, or the end of the text.
+char *str_CutToken(char *text, const char *delimiters, char **rest);
 
 // Letters, digits and white space of ASCII alone.
 inline char str_Lower(char c) {

@@ -24,7 +24,6 @@ constexpr int32_t MAX_ENTRIES = 20;
 struct ClassStringParser {
     const char *source; // the caller's text, for messages
     char *rest;         // of the spaced text
-    char *end;
     int32_t style;
     int32_t count = 0;
     int32_t classes[MAX_ENTRIES] = {};
@@ -40,9 +39,7 @@ struct ClassStringParser {
 };
 
 char *nextToken(ClassStringParser &parser) {
-    char *token = str_NextToken(parser.rest, " ");
-    parser.rest = token ? str_BehindToken(token, std::strlen(token), parser.end) : parser.end;
-    return token;
+    return str_CutToken(parser.rest, " ", &parser.rest);
 }
 
 void addEntry(ClassStringParser &parser, int32_t classId, int32_t exponent) {
@@ -185,8 +182,7 @@ UomStruct uoms_New(const char *classString) {
         return nullptr;
     }
     uom_SpaceClassString(spaced.text, classString);
-    ClassStringParser parser = {classString, spaced.text, spaced.text + std::strlen(spaced.text),
-                                defaultScanClassStyle};
+    ClassStringParser parser = {classString, spaced.text, defaultScanClassStyle};
     parseTokens(parser);
     if (parser.tooLong)
         return nullptr;
