@@ -3,14 +3,14 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
-#include "tests/support_fixture.h"
+#include "tests/library_fixture.h"
 
 namespace {
 
 const std::string units = "BEGINUOMLIST\nnone NONE none 0 0 1\nm M Meter 0 0 1\nft FT Foot 0 0 0.3048\n"
                           "sec SEC Second 0 0 1\nENDUOMLIST\n"; // six lines
 
-class CatalogueDataFile : public UomFixture {
+class CatalogueDataFile : public LibraryTest {
 protected:
     // The units from the second on, as "[token,keyword,description,style,offset,factor]".
     static std::string unitTexts() {
@@ -23,11 +23,10 @@ protected:
         return all.str();
     }
     static std::string listOf(int32_t classId) {
-        UomTable *list = uom_GetUnitList(classId);
+        UomTable *const list = uom_GetUnitList(classId);
         std::string all;
-        for (uint32_t i = 0; list && i < list->count; ++i)
-            all += std::string(i ? " " : "") + tbl_GetText(list, i);
-        tbl_Free(list);
+        for (const std::string &token : list ? takeLines(list) : Lines())
+            all += (all.empty() ? "" : " ") + token;
         return all;
     }
 };
@@ -57,32 +56,6 @@ TEST_F(CatalogueDataFile, LinesBecomeUnits) {
     EXPECT_EQ("[m,M,M,0,0,1][x,X,x,0,0,1]", unitsOf({"m M" + filler + "M 0 0 1" + filler + "x X x 0 0 1"}));
     EXPECT_EQ(0, startWith("BEGINUOMLIST\nnone N n 0 0 1\nu U u 0 0 1")) << "a file may end in the unit list";
     EXPECT_EQ("[u,U,u,0,0,1]", unitTexts());
-}
-
-TEST_F(CatalogueDataFile, FilesWithoutUnits) {
-    for (const char *file : {"", "ENDUOMLIST\n", "m M Meter 0 0 1\n", "BEGINUOMLIST\r\nm M M 0 0 1\r\n",
-                             "ENDUOMLIST\nBEGINUOMLIST\nm M Meter 0 0 1\nENDSELECTLISTS"}) {
-        EXPECT_EQ(0, startWith(file)) << file;
-        EXPECT_EQ("0 0 0", joined(uomUnitCount, UOM_U_KPA, UOM_BASMASS)) << file;
-        stop();
-    }
-}
-
-TEST_F(CatalogueDataFile, WellKnownUnitsAreResolved) {
-    // tokens behind the placeholder: actual, liquid and vapor volume, kelvin
-    const char cases[] = R"(
-        Volume,StdLiqVol,StdVapVol,K | 1 2 3 4; Volume,Vol,Liq. Vol.,StdLiqVol,k,K | 2 3 0 5
-        VOL,vap. vol.,StdVapVol | 1 0 2 0; x | 0 0 0 0
-    )";
-    expectAnswers(cases, [&](const Cells &c) {
-        std::string file = "BEGINUOMLIST\nnone none none 0 0 1\n\"";
-        for (const char letter : c[0])
-            file += letter == ',' ? "\" X x 0 0 1\n\"" : std::string(1, letter);
-        EXPECT_EQ(0, startWith(file + "\" X x 0 0 1\n", {"kesta"}));
-        const std::string found = joined(UOM_BASACTV, UOM_BASLIQV, UOM_BASVAPV, UOM_U_K);
-        stop();
-        return found;
-    });
 }
 
 TEST_F(CatalogueDataFile, KeywordsInAWrongPlaceAreErrors) {
@@ -144,21 +117,6 @@ TEST_F(CatalogueDataFile, SelectLists) {
         stop();
         return list;
     });
-}
-
-TEST_F(CatalogueDataFile, ApplicationAndCommonListsStayText) {
-    ASSERT_EQ(0, startWith(units + "BEGINLIST\nOXTimeList\nold\nENDLIST\nBEGINLIST\nOXTimeList\nsec extra\n"
-                                   "nosuch\nENDLIST\nBEGINLIST\noxlengthlist\nm\nENDLIST\n"
-                                   "BEGINCOMMONLIST\n\"My List\" x\nm/sec\nnosuch\nENDCOMMONLIST\n"
-                                   "BEGINCOMMONLIST\nENDCOMMONLIST\n"));
-    UomTable *time = uomListTables[LIST_OX_TIME];
-    ASSERT_TRUE(time && time->count == 2);
-    EXPECT_EQ("sec nosuch", joined(tbl_GetText(time, 0), tbl_GetText(time, 1)));
-    EXPECT_FALSE(uomListTables[LIST_OX_LENGTH]);
-    ASSERT_TRUE(uomExtraTables && uomExtraTables->count == 2);
-    const UomTable *common = static_cast<UomTable *>(tbl_GetPointer(uomExtraTables, 0));
-    ASSERT_EQ(3u, common->count);
-    EXPECT_EQ("My List m/sec nosuch", joined(tbl_GetText(common, 0), tbl_GetText(common, 1), tbl_GetText(common, 2)));
 }
 
 TEST_F(CatalogueDataFile, ClassLines) {

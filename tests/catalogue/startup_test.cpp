@@ -1,22 +1,11 @@
 // Start-up words, modes and what they rename, what a clean-up leaves, starting again.
 #include "catalogue/startup.h"
 
-#include <climits>
-
-#include "catalogue/platform.h"
-#include "catalogue/units.h"
-#include "tests/support_fixture.h"
-
-// At the very end of a death test's process, behind the unloading of the library.
-static bool tellsAtExit = false;
-__attribute__((destructor(101))) static void tellWhatTheLibraryWrote() {
-    if (tellsAtExit)
-        std::fprintf(stderr, "%s started=%d", platform_DebugText(), uomInitDone);
-}
+#include "tests/library_fixture.h"
 
 namespace {
 
-class CatalogueStartup : public UomFixture {
+class CatalogueStartup : public LibraryTest {
 protected:
     // The words of a text, blanks between.
     struct SplitWords {
@@ -122,22 +111,6 @@ TEST_F(CatalogueStartup, RenamesByMode) {
     });
 }
 
-TEST_F(CatalogueStartup, FindsTheNamedSlates) {
-    ASSERT_EQ(0, startShipped());
-    const int32_t slates[] = {UOM_SET_ENGLISH,  UOM_SET_METRIC,     UOM_SET_SI,
-                              UOM_SET_INTERNAL, UOM_SET_OXINTERNAL, UOM_SET_CURRENT};
-    std::string names;
-    for (const int32_t slate : slates) {
-        char name[64] = "";
-        names += uom_GetBaseName2(slate, name, sizeof name) + std::string(" ");
-    }
-    EXPECT_EQ("English Metric SI Internal OXInternal Current ", names);
-    EXPECT_EQ(0, UOM_SET_NULL);
-    stop();
-    ASSERT_EQ(0, startWith("ENDUOMLIST\nBEGINSLATE\nmetric\nENDSLATE\n"));
-    EXPECT_EQ("-1 1 -1 2", joined(UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_CURRENT, UOM_SET_MAX)) << "in any case";
-}
-
 TEST_F(CatalogueStartup, WhatSurvivesACleanup) {
     ASSERT_EQ(0, startShipped({"kesta", "mole", "allowmult"}));
     EXPECT_EQ(0, startWith("ENDUOMLIST\n", {"orbex"})) << "does nothing";
@@ -187,75 +160,6 @@ TEST_F(CatalogueStartup, Init3StartsAnewForAnotherFileAlone) {
     EXPECT_EQ(1, init3("-f/no/such/file"));
     EXPECT_EQ(0, uomInitDone);
     EXPECT_EQ(0, init3("-f " + path));
-}
-
-TEST_F(CatalogueStartup, FindsTheFileBesideTheProgram) {
-    EXPECT_EQ(0, uom_Init()) << lastError();
-    char program[PATH_MAX] = "", expected[PATH_MAX], found[PATH_MAX];
-    ASSERT_LT(0, readlink("/proc/self/exe", program, sizeof program - 1));
-    const std::string directory = std::string(program).substr(0, std::string(program).rfind('/') + 1);
-    ASSERT_TRUE(realpath((directory + "uomdata.txt").c_str(), expected));
-    ASSERT_TRUE(realpath(uomDataFile, found));
-    EXPECT_STREQ(expected, found);
-    char cut[8];
-    platform_FindDataFile(cut, sizeof cut);
-    EXPECT_GT(sizeof cut, std::strlen(cut));
-}
-
-TEST_F(CatalogueStartup, InconsistentTablesAreReported) {
-    ASSERT_EQ(0, startShipped());
-    EXPECT_EQ(0, startup_CheckTables());
-    uomStaticRows[70].index = 7;
-    EXPECT_EQ(3, startup_CheckTables());
-    EXPECT_EQ("UOM Initialization: UOM Class table is inconsistent", lastError());
-    unit_Record(2)->index = 1;
-    EXPECT_EQ(4, startup_CheckTables());
-    EXPECT_EQ("UOM Initialization: UOM Unit table is inconsistent", lastError());
-    uom_Cleanup();
-    EXPECT_EQ(3, startShipped());
-    EXPECT_EQ(1, uomInitDone) << "not started all the same";
-}
-
-TEST_F(CatalogueStartup, LoadingAndReleasingAreTold) {
-    EXPECT_EQ(0, std::strncmp(platform_DebugText(), "-- Load dll QXUomLib\n", 21));
-    EXPECT_EXIT(
-        {
-            tellsAtExit = true;
-            std::exit(startShipped());
-        },
-        ::testing::ExitedWithCode(0), "-- Release dll QXUomLib\n started=0");
-}
-
-TEST_F(CatalogueStartup, EndsWithAResultWhenMemoryIsExhausted) {
-    const std::string file =
-        "UOMOPTION mole\nBEGINUOMLIST\nnone N N 0 0 1\nm M M 0 0 1\nlb LB P 1 0 1\nton T T 0 0 1\n"
-        "Mass W W 0 0 1\nVol V V 0 0 1\nVolume V V 0 0 1\nStdLiqVol L L 0 0 1\nENDUOMLIST\n"
-        "BEGINLIST\nLeng\nm\nENDLIST\nBEGINLIST\nMass\nlb\nton\nENDLIST\nBEGINLIST\nOXBasisList\nMass\nVol\n"
-        "ENDLIST\nBEGINCLASSLIST\nOwn=\"Mass / Leng\", \"Own Class\"\nSame=Leng\nENDCLASSLIST\n"
-        "BEGINCOMMONLIST\nOwn\nlb/m\nENDCOMMONLIST\n"
-        "BEGINSLATE\nMetric\nLeng=m\nOwn=lb/m\nENDSLATE\nBEGINSLATE\nCurrent\nBasedOn=Metric\nENDSLATE\n";
-    failEachAllocation([&](int place, bool lasting, bool *reached) {
-        std::ofstream(path) << file;
-        int32_t status;
-        {
-            const FailingMemory memory(place, lasting);
-            status = startFile(path);
-            *reached = FailingMemory::reached();
-        }
-        // An allocation that only makes things faster may fail unseen.
-        ASSERT_TRUE(status == 11 || status == 0) << status;
-        EXPECT_EQ(status == 0, uomInitDone == 1);
-        if (status == 11) {
-            EXPECT_NE("", lastError());
-            ASSERT_EQ(0, uom_Init2(0, nullptr)) << lastError();
-        }
-        EXPECT_EQ(0, uoms_ValidateUOM("Own / Same", "lb/m m"));
-        EXPECT_EQ(0, uoms_ValidateUOM("Mass", "tons"));
-        char unit[16] = "";
-        uoms_GetClassDefault("metric", "Own", unit, sizeof unit);
-        EXPECT_STREQ("lb/m", unit);
-        stop();
-    });
 }
 
 } // namespace

@@ -80,46 +80,6 @@ TEST_F(EngineTest, GravitiesAndGroups) {
         EXPECT_NEAR(uom_ConvertFromTo(35, from.head, to.head), c.expected, Near(c.expected));
         EXPECT_EQ(uomRunLinear, 0);
     }
-    // Inside a group the flag starts anew, and only the close clears the outer one.
-    const Chain plain("(Leng) 2", {"m"}), same("(Leng) 2", {"m"});
-    uom_ConvertFromTo(1, plain.head, same.head);
-    EXPECT_NE(uomRunLinear, 0);
-}
-
-TEST_F(EngineTest, GravityWhereTheFormulaHasNoPlace) {
-    const Chain api("PetroDensity", {"API"}), kg("PetroDensity", {"kg", "m3"});
-    EXPECT_NEAR(uom_ConvertFromTo(-131.5, api.head, kg.head), -131.5 * 999.016, 1e-6); // the plain pair
-    EXPECT_NE(uomRunLinear, 0);
-    EXPECT_EQ(uom_ConvertFromTo(0.0, kg.head, api.head), 0.0);
-    EXPECT_EQ(uomApiPending, 0);
-    EXPECT_EQ(uom_ConvertFromTo(141.5 / 131.5 * 999.016, kg.head, api.head), 0.0);
-    EXPECT_NEAR(uom_ConvertFromTo(999.016, kg.head, api.head), 10, 1e-11);
-    EXPECT_NEAR(uom_ConvertFromTo(1e4, kg.head, api.head), 141.5 * 999.016 / 1e4 - 131.5, 1e-10);
-}
-
-TEST_F(EngineTest, GravityWithAMultiplier) {
-    const double f = 0.000999016;
-    UomStructNode node = {};
-    node.classId = node.baseClass = ClassOf("PetroMass");
-    node.unit = uom_GetUnitType("API");
-    node.multiplier = 3;
-    const struct {
-        int32_t exponent;
-        double api, base;
-    } cases[] = {{1, 0.035, Gravity(35) * f}, {-1, 35000, Gravity(35) / f}};
-    for (const auto &c : cases) {
-        node.exponent = node.baseExponent = c.exponent;
-        EXPECT_NEAR(uom_ToBase(c.api, &node), c.base, Near(c.base));
-        EXPECT_NEAR(uom_FromBase(c.base, &node), Gravity(35), 1e-12); // the formula still waits
-        EXPECT_EQ(uomApiPending, 1);
-        EXPECT_EQ(uomApiExponent, c.exponent);
-        EXPECT_EQ(uomApiMultiplier, 3);
-        const UomStructNode meter = *Chain("Leng", "m").head;
-        EXPECT_NEAR(uom_FromBase(Gravity(35), &meter), c.api, Near(c.api));
-        EXPECT_EQ(uomApiPending + uomApiExponent + uomApiMultiplier, 0);
-        EXPECT_EQ(node.unit, uom_GetUnitType("API"));
-        EXPECT_EQ(node.multiplier, 3);
-    }
 }
 
 TEST_F(EngineTest, GravityAtTheEndWaitsForTheNextConversion) {
@@ -130,21 +90,16 @@ TEST_F(EngineTest, GravityAtTheEndWaitsForTheNextConversion) {
     EXPECT_EQ(uomApiPending, 1);
     EXPECT_NEAR(uom_ConvertFromTo(0.5, m.head, m.head), 283 - 131.5, 1e-12);
     EXPECT_NEAR(uom_ConvertFromTo(0.5, m.head, m.head), 0.5, 1e-12);
-    uom_ConvertFromTo(0.000999016, kg.head, api.head);
-    EXPECT_EQ(uom_ConvertFromTo(141.5 / 131.5, m.head, m.head), 0.0);
-    // A node without a unit completes it, too.
-    uom_ConvertFromTo(0.000999016, kg.head, api.head);
-    const Chain empty("Leng");
-    EXPECT_NEAR(uom_ConvertFromTo(0.5, m.head, empty.head), 283 - 131.5, 1e-12);
 }
 
-TEST_F(EngineTest, SpecificGravityOfAVaporTakesItsOwnFactor) {
-    const Chain spgr("VaporDensity", {"spgr"}), kg("VaporDensity", {"kg", "m3"});
-    EXPECT_NEAR(uom_ConvertFromTo(2, spgr.head, kg.head), 2.446, 1e-12);
-    EXPECT_NE(uomRunLinear, 0);
-    EXPECT_NEAR(uom_ConvertFromTo(2.446, kg.head, spgr.head), 2, 1e-12);
-    const Chain liquid("PetroDensity", {"spgr"}), density("PetroDensity", {"kg", "m3"});
-    EXPECT_NEAR(uom_ConvertFromTo(2, liquid.head, density.head), 1998.032, 1e-9);
+// A round over the group that leaves the value as it was is not the last while a gravity waits: this is what all
+// rounds give, worked out step by step.
+TEST_F(EngineTest, EveryRoundOfAGroupIsWalked) {
+    double value = 1.0;
+    ASSERT_EQ(0, uoms_ConvertArray(&value, 1, "Leng", "ft", "m")); // nothing waits any more
+    value = 10.0;
+    ASSERT_EQ(0, uoms_ConvertArray(&value, 1, "(PetroMass (VaporDensity)3)4", "(API (API)3)4", "(spgr (API)3)4"));
+    EXPECT_DOUBLE_EQ(1.0673817558164274, value);
 }
 
 TEST_F(EngineTest, NullValuesAndNullChains) {
@@ -154,9 +109,6 @@ TEST_F(EngineTest, NullValuesAndNullChains) {
     EXPECT_EQ(uom_ConvertFromTo(-1.0000001e35, m.head, cm.head), -1.0000001e35);
     EXPECT_EQ(uom_ConvertFromTo(3, nullptr, cm.head), 3);
     EXPECT_EQ(uom_ConvertFromTo(3, m.head, nullptr), 3);
-    EXPECT_EQ(uomRunFactor, 7);
-    EXPECT_EQ(uomRunOffset, 8);
-    EXPECT_EQ(uomRunLinear, 9);
     // A value that is turned into a null one on the way is converted no further.
     EXPECT_NEAR(uom_ConvertFromTo(-9e34, m.head, cm.head), -9e36, 1e24);
     EXPECT_NEAR(uom_ConvertFromTo(9e34, m.head, cm.head), 2.5e33, 1e21);
@@ -179,29 +131,6 @@ TEST_F(EngineTest, OffsetsOnTheWayBack) {
     EXPECT_NEAR(uom_ConvertFromTo(30, c.head, k.head), 40, 1e-12);
     EXPECT_NEAR(uom_ConvertFromTo(40, k.head, c.head), 20, 1e-12);
     EXPECT_NEAR((40 + uomRunOffset) * uomRunFactor, 30, 1e-12);
-}
-
-TEST_F(EngineTest, MissingUnitsAndShorterChains) {
-    const Chain m("Leng Mass", {"m", "kg"}), cm("Leng Mass", {"cm", "g"}), none("Leng Mass");
-    const Chain shorter("Leng", {"cm"});
-    EXPECT_NEAR(uom_ConvertFromTo(3, none.head, cm.head), 3e5, 1e-7);
-    EXPECT_NEAR(uom_ConvertFromTo(3e5, cm.head, none.head), 3, 1e-12);
-    EXPECT_EQ(uom_ConvertFromTo(3, none.head, none.head), 3);
-    EXPECT_NEAR(uom_ConvertFromTo(3, m.head, shorter.head), 300, 1e-10);
-    EXPECT_NEAR(uom_ConvertFromTo(300, shorter.head, m.head), 3, 1e-12);
-}
-
-// More groups in one another than the engine has levels for: no more is asked than that the process lives.
-TEST_F(EngineTest, SurvivesDeepGroups) {
-    std::vector<int32_t> classes(50, CLASS_OPEN), exponents(50, 0);
-    classes.push_back(ClassOf("Leng"));
-    exponents.push_back(1);
-    classes.insert(classes.end(), 50, CLASS_CLOSE);
-    exponents.insert(exponents.end(), 50, 1);
-    const Chain m(uom_BuildStruct(101, classes.data(), exponents.data(), nullptr));
-    uom_FindStructClass(m.head, ClassOf("Leng"))->unit = uom_GetUnitType("m");
-    uom_ConvertFromTo(3, m.head, m.head);
-    Display(m.head);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "support/text.h"
 
 #include "catalogue/state.h"
-#include "tests/support_fixture.h"
+#include "tests/library_fixture.h"
 
 namespace {
 
@@ -27,31 +27,6 @@ TEST(SupportText, WritesWithinTheSize) {
             all += "[" + std::string(out) + "]";
         }
         return all;
-    });
-    for (const size_t bad : {size_t{0}, size_t{0x80000000}}) {
-        char out[3][8] = {"keep", "keep", "keep"};
-        EXPECT_NE(0, str_CopyBounded(out[0], bad, "abc"));
-        EXPECT_NE(0, str_AppendBounded(out[1], bad, "abc"));
-        EXPECT_NE(0, str_FormatBounded(out[2], bad, "abc"));
-        for (const char *text : out)
-            EXPECT_STREQ(bad == 0 ? "keep" : "", text);
-    }
-    char out[8] = "abc";
-    EXPECT_NE(0, str_AppendBounded(out, 3, "x")); // no end within the size
-    EXPECT_STREQ("abc", out);
-    EXPECT_EQ(0, str_CopyBounded(out, 8, static_cast<const char *>(nullptr)));
-    EXPECT_STREQ("", out);
-    EXPECT_NE(0, str_CopyBounded(nullptr, 4, "abc"));
-}
-
-TEST(SupportText, WriterCountsWhatItWanted) {
-    expectAnswers("1 | 5; 2 | 5 a; 5 | 5 abcd; 6 | 5 abcde; 7 | 5 abcde\n", [](const Cells &c) {
-        char out[8] = "#######";
-        TextWriter writer(out, std::stoul(c[0]));
-        str_Write(writer, "abc");
-        str_Write(writer, 'd');
-        str_Write(writer, "e");
-        return joined(writer.wanted, out);
     });
 }
 
@@ -78,67 +53,15 @@ TEST(SupportText, CutsTokens) {
     expectAnswers(cases, [](const Cells &c) {
         char text[32];
         str_CopyBounded(text, sizeof text, c[0].c_str());
-        char *const end = text + std::strlen(text), *rest = text;
+        char *rest = text;
         std::string tokens;
-        while (char *token = str_NextToken(rest, c[1].c_str())) {
+        while (char *token = str_CutToken(rest, c[1].c_str(), &rest))
             tokens += "[" + std::string(token) + "]";
-            rest = str_BehindToken(token, std::strlen(token), end);
-        }
         return tokens;
     });
     EXPECT_FALSE(str_NextToken(nullptr, " "));
     char text[] = "a";
     EXPECT_FALSE(str_NextToken(text, nullptr));
-}
-
-TEST(SupportText, ComparesWithoutCase) {
-    EXPECT_TRUE(str_EqualNoCase("kPa", "KPA"));
-    EXPECT_FALSE(str_EqualNoCase("kPa", "kPag"));
-    EXPECT_FALSE(str_EqualNoCase("[", "{")); // neighbours of the letters
-    EXPECT_FALSE(str_EqualNoCase("@", "`"));
-    EXPECT_FALSE(str_EqualNoCase("\xC4", "\xE4")); // letters of ASCII alone
-    const char *none = nullptr;
-    EXPECT_FALSE(str_EqualNoCase(none, none));
-    EXPECT_TRUE(str_StartsNoCase("MMBTU/hr", "mmbtu"));
-    EXPECT_FALSE(str_StartsNoCase("MM", "MMB"));
-    char packed[8];
-    EXPECT_EQ(4u, str_RemoveBlanks(packed, sizeof packed, " in H g "));
-    EXPECT_EQ(1u, str_RemoveBlanks(packed, 2, "a b"));
-    EXPECT_STREQ("a", packed);
-}
-
-TEST(SupportText, MemoryHelpersCountAndReport) {
-    const MemoryCounters before = memCounters;
-    void *block = &block, *made;
-    EXPECT_EQ(0, mem_Calloc(&block, 0, 8));
-    EXPECT_FALSE(block);
-    EXPECT_EQ(1, mem_Calloc(&block, SIZE_MAX / 2, 4));
-    EXPECT_EQ(0, mem_Calloc(&block, 2, 4));
-    EXPECT_EQ(0, mem_Realloc(&block, 64)); // the slot was filled
-    EXPECT_EQ(before.allocations, memCounters.allocations);
-    mem_Free(block);
-    mem_Free(nullptr);
-    EXPECT_EQ(before.frees + 1, memCounters.frees);
-    block = nullptr;
-    EXPECT_EQ(0, mem_Realloc(&block, 8));
-    EXPECT_EQ(before.allocations + 1, memCounters.allocations);
-    char *text = nullptr;
-    EXPECT_EQ(0, mem_ReplaceText(&text, "inside"));
-    EXPECT_EQ(0, mem_ReplaceText(&text, text + 2)); // a part of what it replaces
-    EXPECT_STREQ("side", text);
-    {
-        const FailingMemory memory(0, true);
-        void *const old = block;
-        EXPECT_EQ(1, mem_Realloc(&block, 1000));
-        EXPECT_EQ(old, block);
-        EXPECT_EQ(1, mem_Malloc(&made, 8));
-        EXPECT_FALSE(made);
-        EXPECT_EQ(11, mem_ReplaceText(&text, "x"));
-        EXPECT_FALSE(text);
-        EXPECT_EQ(11, mem_DupText(&text, "x"));
-        EXPECT_EQ(0, mem_DupText(&text, nullptr));
-    }
-    mem_Free(block);
 }
 
 TEST(SupportText, MessagesAreCutAtTheirSize) {

@@ -1,11 +1,10 @@
 // Class-and-unit entry by whole words, and units related by their names.
-#include "tests/support_fixture.h"
-#include "uomstruct/chain.h"
+#include "tests/library_fixture.h"
 #include "uomstruct/related_unit.h"
 
 namespace {
 
-class ClassAndUnit : public ShippedFixture {};
+class ClassAndUnit : public ShippedTest {};
 
 TEST_F(ClassAndUnit, KeywordTexts) {
     const auto unitsOf = [](const Cells &c) {
@@ -45,55 +44,6 @@ TEST_F(ClassAndUnit, KeywordTexts) {
     });
 }
 
-TEST_F(ClassAndUnit, FillsAChainByWords) {
-    // class and text: the result, the units, the exponents of the nodes. The exponents are those of the text.
-    const char cases[] = R"(
-        7 | kPa | 0, 7:kPa, 1; 7 | in Hg~~ | 0, 7:in Hg, 1; 7 | xyz | 1, 7:-, 1; 7 | kPa2 | 1, 7:-, 1
-        58 | ft/sec | 0, 11:ft 10:sec, 1 -1; 58 | ft sec | 1, 11:- 10:-, 1 -1; 58 | | 0, 11:- 10:-, 1 -1
-        58 | ft/ | 0, 11:ft 10:-, 1 -1; 61 | BTU/F/lb | 0, 21:BTU 6:F 18:lb, 1 -1 -1; 59 | lb/ft | 0, 18:lb 11:ft, 1 -1
-        50 | kW | 0, 47:kW 10:-, 1 -1; 50 | kW/hr | 0, 47:kW 10:-, 1 -1; 57 | lb/hr | 0, 40:Mass 18:lb 10:hr, 1 1 -1
-        57 | lb | 0, 40:Mass 18:lb 10:-, 1 1 -1; 57 | xyz/hr | 1, 40:- 19:- 10:-, 1 1 -1
-        57 | lb/xyz | 1, 40:Mass 18:lb 10:-, 1 1 -1; 63 | Mole fraction | 0, 40:Mole 34:fraction, 1 1
-        63 | Vap. Vol. fraction | 0, 40:Vap. Vol. 34:fraction, 1 1; 63 | LIQ. VOL./ppm | 0, 40:Liq. Vol. 34:ppm, 1 -1
-        63 | vap. | 1, 40:- 34:-, 1 1; 63 | liq. aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa ppm | 1, 40:- 34:-, 1 1
-        58 | aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa/sec | 1, 11:- 10:-, 1 -1
-        57 | aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa/sec | 1, 40:- 19:- 10:-, 1 1 -1
-    )";
-    expectAnswers(cases, [](const Cells &c) {
-        const int32_t classId = std::stoi(c[0]);
-        UomStruct chain = chain_OfClass(classId);
-        std::string all = std::to_string(uom_FillStruct(chain, classId, c[1].c_str(), 1)) + ", ";
-        all += describeUnits(chain) + ",";
-        for (UomStruct node = chain; node; node = node->next)
-            all += " " + std::to_string(node->baseExponent);
-        uom_Free(&chain);
-        return all;
-    });
-    EXPECT_EQ(1, uom_FillStruct(nullptr, 7, "kPa", 1));
-    UomStruct chain = chain_OfClass(7);
-    EXPECT_EQ(1, uom_FillStruct(chain, 7, nullptr, 1));
-    uom_Free(&chain);
-}
-
-TEST_F(ClassAndUnit, MakesAndReplacesChains) {
-    UomStruct chain = uom_StringToStruct("xyz", 7, 1);
-    EXPECT_EQ("7:-", describeUnits(chain)) << "an unknown unit is not reported";
-    for (const int32_t bad : {0, -1, uom_GetUOMClassCount()})
-        EXPECT_FALSE(uom_StringToStruct("kPa", bad, 1));
-    const UomStruct kept = chain;
-    EXPECT_EQ(0, uom_SetClassandUnit(&chain, 7, "kPa", 1));
-    EXPECT_EQ(kept, chain);
-    EXPECT_EQ("7:kPa", describeUnits(chain));
-    EXPECT_EQ(0, uom_SetClassandUnit(&chain, 7, "xyz", 1));
-    EXPECT_EQ("7:kPa", describeUnits(chain));
-    EXPECT_EQ(0, uom_SetClassandUnit(&chain, 58, "ft/sec", 1));
-    EXPECT_EQ("11:ft 10:sec", describeUnits(chain));
-    EXPECT_EQ(1, uom_SetClassandUnit(&chain, 0, "ft", 1));
-    EXPECT_FALSE(chain);
-    EXPECT_EQ(1, uom_SetClassandUnit(nullptr, 7, "kPa", 1));
-    uom_Free(&chain);
-}
-
 TEST_F(ClassAndUnit, RelatedUnits) {
     const char cases[] = R"(
         11 | ft | 13 | 0 ft2; 11 | mile | 13 | 0 mile2; 11 | nmile | 13 | 1; 11 | ft | 15 | 0 ft3; 11 | ft | 16 | 0 ft3
@@ -111,24 +61,6 @@ TEST_F(ClassAndUnit, RelatedUnits) {
         uom_GetUnitText(related, token, sizeof token, 1);
         EXPECT_EQ(result == 1, related == UOM_NULL);
         return joined(result, token);
-    });
-}
-
-TEST_F(ClassAndUnit, EndsWithAResultWhenMemoryIsExhausted) {
-    failEachAllocation([](int place, bool lasting, bool *reached) {
-        UomStruct chain, other = nullptr;
-        {
-            const FailingMemory memory(place, lasting);
-            chain = uom_ClassAndUnitToStruct("GVRA M3/HR", 2);
-            uom_SetClassandUnit(&other, 52, "lb/ft3", 1);
-            *reached = FailingMemory::reached();
-        }
-        if (!*reached) {
-            EXPECT_EQ("40:Vap. Vol. 16:m3 10:hr", describeUnits(chain));
-            EXPECT_EQ("18:lb 15:ft3", describeUnits(other));
-        }
-        uom_Free(&chain);
-        uom_Free(&other);
     });
 }
 

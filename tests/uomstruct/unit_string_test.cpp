@@ -1,12 +1,11 @@
 // Unit strings: class string and unit string in, units or a message out.
 #include "uomstruct/unit_string.h"
 
-#include "tests/support_fixture.h"
-#include "uomstruct/chain.h"
+#include "tests/library_fixture.h"
 
 namespace {
 
-class UnitString : public ShippedFixture {
+class UnitString : public ShippedTest {
 protected:
     // The units of a class string filled from a unit string, or status and message.
     static std::string filled(const Cells &c, int32_t style) {
@@ -111,51 +110,11 @@ TEST_F(UnitString, FailsWithAMessage) {
         (Leng Mass) -2 | ft-2 M lb-2 | 7 UOM string "ft-2 M lb-2" at character 6: required parentheses are missing.
     )";
     expectAnswers(cases, byTokens);
-    UomStruct chain = uoms_New("Leng");
     EXPECT_EQ(1, uom_FillStructFromString(nullptr, "ft", 1));
     EXPECT_EQ("No UOM class specified in function uom_FillStructFromString().", lastError());
-    EXPECT_EQ(1, uom_FillStructFromString(chain, nullptr, 1));
+    const Chain chain("Leng");
+    EXPECT_EQ(1, uom_FillStructFromString(chain.head, nullptr, 1));
     EXPECT_EQ("No UOM string specified in function uom_FillStructFromString().", lastError());
-    uom_Free(&chain);
-    EXPECT_EQ(2, uoms_ValidateUOM("Leng", nullptr));
-}
-
-TEST_F(UnitString, FillsAChainAnew) {
-    UomStruct chain = uoms_New("Leng / Time Mass");
-    EXPECT_EQ(2, uom_FillStructFromString(chain, "M ft/hr xyz", 1));
-    EXPECT_EQ("11:3*ft 10:hr 18:-", describeUnits(chain)) << "what was filled before a failure stays";
-    EXPECT_EQ(0, uom_FillStructFromString(chain, "m/M hr kg", 1)) << lastError();
-    EXPECT_EQ("11:m 10:3*hr 18:kg", describeUnits(chain));
-    uom_Free(&chain);
-    chain = uoms_New("PetroDensity");
-    EXPECT_EQ(0, uom_FillStructFromString(chain, "lb/M BBL", 1));
-    EXPECT_EQ("46:lb 15:3*BBL", describeUnits(chain));
-    EXPECT_EQ("1 1", joined(chain->unitStyle, chain->next->unitStyle));
-    EXPECT_EQ(0, uom_FillStructFromString(chain, "API", 1));
-    EXPECT_EQ("46:API 15:-", describeUnits(chain));
-    EXPECT_EQ("0 0", joined(chain->unitStyle, chain->next->unitStyle));
-    // A slate is a text of units.
-    error_Set("kept");
-    EXPECT_EQ(0, uom_FillStructFromString(chain, "english", 1));
-    EXPECT_EQ("46:API 15:-", describeUnits(chain));
-    EXPECT_EQ(0, uom_FillStructFromString(chain, "SI", 1));
-    EXPECT_NE("46:API 15:-", describeUnits(chain));
-    EXPECT_EQ("kept", lastError());
-    EXPECT_EQ(3, uom_FillStructFromString(chain, "", 1)) << "the unnamed slate is none";
-    uom_Free(&chain);
-}
-
-TEST_F(UnitString, TheBasisFollowsTheMode) {
-    const char cases[] = R"(
-        kesta | mole | M BBL/day | 40:Vol 17:3*BBL 10:day; vel2go | mole | BBL/day | 40:Vol 17:BBL 10:day
-        kesta | molar | lb-mole/day | 40:Molar 20:lb-mol 10:day; kesta | mole | lb/day | 40:Mass 18:lb 10:day
-        orbex | molar | lb-mol/day | 40:Molar 20:lb-mol 10:day
-    )";
-    expectAnswers(cases, [&](const Cells &c) {
-        stop();
-        EXPECT_EQ(0, startShipped({c[0].c_str(), c[1].c_str()}));
-        return byTokens({"Rate", c[2]});
-    });
 }
 
 TEST_F(UnitString, StaysWithinItsBounds) {
@@ -170,15 +129,6 @@ TEST_F(UnitString, StaysWithinItsBounds) {
     EXPECT_EQ("2 UOM string \"" + std::string(499, 'x'), byTokens({"Leng", texts[0]}));
     EXPECT_EQ("11:ft", byTokens({"Leng", std::string(10000, ' ') + "ft" + std::string(9999, ' ')}));
     EXPECT_EQ("11:ft", byTokens({"Leng", std::string(30, '(') + "ft" + std::string(30, ')')}));
-    UomStruct chain = uoms_New("Density");
-    const std::string lengthy = "lb" + std::string(1000, ' ') + "/ft3";
-    {
-        const FailingMemory memory(0, true);
-        EXPECT_EQ(11, uom_FillStructFromString(chain, lengthy.c_str(), 1));
-    }
-    EXPECT_NE("", lastError());
-    EXPECT_EQ("18:- 15:-", describeUnits(chain));
-    uom_Free(&chain);
 }
 
 } // namespace

@@ -1,0 +1,258 @@
+// Exhausted memory at each allocation in turn: whatever is called does all of it or nothing, says which, and
+// leaks nothing.
+#include "slates/lists.h"
+#include "tests/library_fixture.h"
+
+namespace {
+
+int asked, failing, fresh; // allocations asked for, the number of the one that fails, blocks given
+bool forGood;              // all behind it fail as well
+
+class MemoryTest : public LibraryTest {
+protected:
+    void SetUp() override {
+        fresh = failing = 0;
+        freed = memCounters.frees;
+        memReallocate = [](void *block, size_t size) {
+            if (++asked == failing || (forGood && asked > failing))
+                return static_cast<void *>(nullptr);
+            void *given = std::realloc(block, size);
+            fresh += !block && given;
+            return given;
+        };
+        ASSERT_EQ(startSmall(), 0);
+    }
+
+    // Blocks that the library holds.
+    int32_t live() const { return fresh - (memCounters.frees - freed); }
+
+    // Runs again and again, each time with the next allocation failing, alone and with all behind it, until none is
+    // left to fail; what came of it is checked after each.
+    static void failEach(const std::string &what, const std::function<void()> &run,
+                         const std::function<void(bool failed)> &check) {
+        for (const bool others : {false, true}) {
+            bool failed = true;
+            for (int n = 1; failed && !HasFailure(); ++n) {
+                SCOPED_TRACE(what + ", allocation " + std::to_string(n) + (others ? " and all behind it" : ""));
+                asked = 0, failing = n, forGood = others;
+                run();
+                failed = asked >= n, failing = 0, forGood = false;
+                check(failed);
+            }
+        }
+    }
+
+    // All that can be seen of classes, lists and slates.
+    static std::string snapshot() {
+        std::string text = std::to_string(UOM_SET_MAX) + " " + std::to_string(uom_GetUOMClassCount()) + "\n";
+        const auto add = [&](UomTable *lines) {
+            for (const std::string &line : takeLines(lines))
+                text += line + "|";
+        };
+        for (int32_t c = 1; c < uom_GetUOMClassCount(); ++c) {
+            for (const int32_t style : {1, 2, 5}) {
+                char out[64];
+                uom_GetClassText(c, out, sizeof out, style);
+                text += std::string(out) + ",";
+            }
+            add(uom_GetUnitList(c));
+        }
+        for (int32_t slate = 1; slate < UOM_SET_MAX; ++slate) {
+            char name[64], parent[64];
+            uom_GetBaseName2(slate, name, sizeof name);
+            text += "\n" + joined(name, uom_GetSetBasedOn2(slate, parent, sizeof parent), uom_GetCurrentSet());
+            for (const int32_t format : {1, 2})
+                add(uoms_GetSetDefinition(name, format));
+        }
+        return text;
+    }
+
+    // Where two snapshots part, empty when they are equal.
+    static std::string difference(const std::string &is, const std::string &expected) {
+        const size_t shorter = std::min(is.size(), expected.size()); // the ends differ when one is a part of the other
+        const auto at = std::mismatch(is.begin(), is.begin() + static_cast<std::ptrdiff_t>(shorter), expected.begin());
+        const auto from = static_cast<size_t>(std::max<std::ptrdiff_t>(at.first - is.begin() - 30, 0));
+        return is == expected ? ""
+                              : "\"" + is.substr(from, 70) + "\" in place of \"" + expected.substr(from, 70) + "\"";
+    }
+
+    int32_t freed = 0;
+};
+
+TEST_F(MemoryTest, StartUp) {
+    const std::string whole = snapshot();
+    uom_Cleanup();
+    EXPECT_EQ(live(), 0);
+    int32_t status = -1;
+    const auto start = [&] { status = startSmall(); };
+    failEach("start-up", start, [&](bool) {
+        if (status == 0) { // an allocation that only makes things faster may fail unseen
+            EXPECT_EQ(difference(snapshot(), whole), "");
+            uom_Cleanup();
+        } else {
+            EXPECT_EQ(joined(status, uomInitDone), "11 0");
+            EXPECT_NE(lastError().find("emory"), std::string::npos) << lastError();
+        }
+        ASSERT_EQ(startSmall(), 0); // the next one mends it
+        EXPECT_EQ(resolved("Current", "Temp"), "F");
+        uom_Cleanup();
+        ASSERT_EQ(live(), 0);
+    });
+}
+
+TEST_F(MemoryTest, EachOperationDoesAllOrNothing) {
+    newSlate("Plant", "Metric");
+    ASSERT_TRUE(state("Plant", "MassRate", "lb/hr"));
+    ASSERT_TRUE(state("Plant", "GaugePresBasis", "90"));
+    ASSERT_EQ(uoms_NewClass("Flux", "Mass / Area"), 0);
+    ASSERT_EQ(uoms_NewClass("Load", "Mass"), 0);
+    ASSERT_TRUE(state("Plant", "Flux", "lb/m2"));
+    uoms_PutClassText("Load", "load", 2);
+    const auto put = [](const char *className, const char *value) {
+        return [=] { return uoms_SetClassDefault("Plant", className, value); };
+    };
+    const auto withdraw = [](const char *className) { return [=] { uoms_SetClassDefault("Plant", className, ""); }; };
+    const int32_t lb[] = {uom_GetUnitType("lb"), 0}, area[] = {lb[0], uom_GetUnitType("m2")}, none[] = {0, 0};
+    const int32_t plant = uom_GetSetType("Plant"), load = classOf("Load"), density = classOf("Density");
+    const struct {
+        const char *name;
+        std::function<int32_t()> run; // 0 when it says that it was done
+        std::function<void()> undo;   // back to what was before
+    } steps[] = {
+        {"slate", [] { return uoms_NewSet("New") < 0; }, [] { uoms_DeleteSet("New"); }},
+        {"parent", [] { return uoms_PutSetBasedOn("Plant", "SI") < 0; }, [] { uoms_PutSetBasedOn("Plant", "Metric"); }},
+        {"rename", [] { return uoms_RenameSet("Plant", "Works"), uom_GetSetType("Works") < 0; },
+         [] { uoms_RenameSet("Works", "Plant"); }},
+        {"late class", [=] { return uom_SetClassDefault(UOM_SET_SI, load, lb, none); },
+         [] { uoms_SetClassDefault("SI", "Load", ""); }},
+        {"composite", put("Density", "lb/m3"), withdraw("Density")},
+        {"by number", [=] { return uom_SetClassDefault(plant, density, area, none); }, withdraw("Density")},
+        {"rules", put("Temp", "F"), withdraw("Temp")},
+        {"withdrawn", put("MassRate", ""), [] { state("Plant", "MassRate", "lb/hr"); }},
+        {"gauge basis", put("GaugePresBasis", "95000"), [] { state("Plant", "GaugePresBasis", "90"); }},
+        {"base class", [] { return uoms_NewClass("Weight", "Mass"); }, [] { uoms_DeleteClass("Weight"); }},
+        {"composite class", [] { return uoms_NewClass("Feed", "MassRate"); }, [] { uoms_DeleteClass("Feed"); }},
+        {"keyword", [] { return uoms_PutClassText("Load", "LOAD", 2); }, [] { uoms_PutClassText("Load", "load", 2); }},
+        {"choices", [=] { return uom_SetUOMChoices(CLASS_MASS, lb); }, [] { uom_SetUOMChoices(CLASS_MASS, nullptr); }}};
+    for (const auto &step : steps) {
+        const std::string before = snapshot();
+        ASSERT_EQ(step.run(), 0) << step.name << ": " << lastError();
+        const std::string after = snapshot();
+        const int32_t held = live();
+        EXPECT_NE(difference(after, before), "") << step.name;
+        step.undo();
+        ASSERT_EQ(difference(snapshot(), before), "") << step.name;
+        int32_t status = -1;
+        failEach(
+            step.name, [&] { status = step.run(); },
+            [&](bool) {
+                EXPECT_EQ(difference(snapshot(), status == 0 ? after : before), "") << "status " << status;
+                EXPECT_TRUE(status == 0 || step.run() == 0) << lastError();
+                EXPECT_LE(live(), held); // fewer where an index for look-ups was given up
+                step.undo();
+            });
+    }
+    uom_Cleanup();
+    EXPECT_EQ(live(), 0);
+}
+
+// Whole scenarios that go on whatever fails; afterwards nothing of them is left, and nothing else has changed.
+TEST_F(MemoryTest, ScenariosLeaveNothingBehind) {
+    ASSERT_EQ(uoms_NewClass("First", "Mass"), 0); // the one that stays
+    const int32_t slates = UOM_SET_MAX;
+    const auto slateUsed = [] {
+        uoms_NewSet("Plant");
+        for (const auto &pair :
+             {std::pair("Temp", "F"), std::pair("MassRate", "lb/hr"), std::pair("GaugePresBasis", "9")})
+            uoms_SetClassDefault("Plant", pair.first, pair.second);
+        uoms_CopySet("Plant", "English");
+        resolved("Plant", "Pres/MassRate 2");
+        uoms_RenameSet("Plant", "Works");
+        for (const int32_t format : {0, 1, 2}) {
+            UomTable *lines = uoms_GetSetDefinition("Metric", format);
+            uoms_PutSetDefinition("Works", lines);
+            tbl_Free(lines);
+        }
+        uoms_DeleteSet("Plant");
+        uoms_DeleteSet("Works");
+    };
+    const auto classUsed = [] {
+        uoms_NewClass("Load", "Mass");
+        uoms_NewClass("Flux", "MassRate / Area");
+        uoms_SetClassDefault("Metric", "Flux", "lb/hr-m2");
+        double value = 1;
+        uoms_ConvertArray(&value, 1, "Flux / Load", "kg/hr-m2/kg", "lb/hr-m2/lb");
+        for (const char *name : {"Flux", "Load"})
+            uoms_DeleteClass(name);
+    };
+    for (const std::function<void()> &scenario : {std::function<void()>(slateUsed), std::function<void()>(classUsed)}) {
+        scenario();
+        std::string before = snapshot();
+        int32_t classes = uom_GetUOMClassCount();
+        const int32_t held = live();
+        failEach("scenario", scenario, [&](bool) {
+            while (UOM_SET_MAX > slates) // a table that could not shrink keeps an empty place
+                ASSERT_EQ(uom_DeleteSet(UOM_SET_MAX - 1), 0);
+            for (const char *name : {"Flux", "Load"}) // what could not be deleted then, can be now
+                EXPECT_TRUE(uom_GetClassType(name, 1) <= 0 || uoms_DeleteClass(name) == 0);
+            if (uom_GetUOMClassCount() > classes && !class_Row(classes)) {
+                classes = uom_GetUOMClassCount();
+                before = snapshot();
+            }
+            ASSERT_EQ(difference(snapshot(), before), "");
+            ASSERT_LE(live(), held);
+        });
+    }
+}
+
+// What gives something new gives all of it or nothing.
+TEST_F(MemoryTest, ResultsAreWholeOrNull) {
+    const auto array = [](char **(*make)(int32_t *)) {
+        int32_t count = 0;
+        char **texts = make(&count);
+        std::string text = texts ? "" : "null";
+        for (int32_t i = 0; texts && i < count; ++i)
+            text += std::string(texts[i] ? texts[i] : "?") + ";";
+        uoms_FreeArray(texts);
+        return text;
+    };
+    const auto table = [](UomTable *lines) {
+        std::string text;
+        for (const std::string &line : takeLines(lines))
+            text += line + ";";
+        return text == "null;" ? "null" : text;
+    };
+    const auto chain = [](UomStruct head) {
+        const std::string text = head ? describeUnits(head) : "null";
+        uom_Free(&head);
+        return text;
+    };
+    const std::string lengthy = "lb" + std::string(1000, ' ') + "/m3";
+    const std::function<std::string()> results[] = {
+        [&] { return table(uoms_GetSetDefinition("Metric", 0)); },
+        [&] { return table(uoms_GetSetDefinition("Metric", 2)); },
+        [&] { return table(uom_GetUnitList(CLASS_TEMP)); },
+        [&] { return array(uoms_GetSetNames); },
+        [&] { return array([](int32_t *n) { return uoms_GetUOMList("Mass", n); }); },
+        [&] { return chain(uoms_New("(Mass Leng) 2 / Rate")); },
+        [&] {
+            UomStruct filled = uoms_New("Density");
+            const int32_t status = filled ? uom_FillStructFromString(filled, lengthy.c_str(), 1) : 11;
+            const std::string text = chain(filled);
+            EXPECT_TRUE(status == 0 || (status == 11 && (text == "null" || text == "18:- 15:-"))) << text;
+            return status == 0 ? text : "null";
+        }};
+    for (const auto &result : results) {
+        const std::string whole = result();
+        const int32_t held = live();
+        std::string text;
+        failEach(
+            whole, [&] { text = result(); },
+            [&](bool failed) {
+                EXPECT_EQ(text, failed ? "null" : whole);
+                EXPECT_LE(live(), held);
+            });
+    }
+}
+
+} // namespace
