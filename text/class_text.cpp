@@ -74,7 +74,7 @@ void printClose(ClassPrinter &printer, const UomStructNode *node) {
     printer.atStart = false;
 }
 
-// "(Mass)" directly behind a class with a basis, which reads back as a basis specification.
+// "(Mass)" directly behind a class with a basis, which reads back as its basis.
 void printBasis(ClassPrinter &printer, UomStruct node) {
     const UomStructNode *basis = uom_FindStructClass(node, CLASS_BASIS);
     char unit[NAME_SIZE];

@@ -10,7 +10,7 @@
 void uom_SpaceClassString(char *out, const char *in);
 size_t uom_SpacedSize(const char *in);
 
-// A basis specification "(Mass)" at the head of a text, blanks before it included: `consumed` is its length
+// A basis in parentheses, "(Mass)", at the head of a text, blanks before it included: `consumed` is its length
 // through the ")" and `unit` the unit of the class Basis, or 0 and UOM_NULL when the text is none. Always 0.
 int32_t uom_ScanBasisSpec(const char *text, int32_t *consumed, int32_t style, int32_t *unit);
 
