@@ -45,7 +45,7 @@ void platform_FindDataFile(char *out, size_t size) {
 }
 
 #if !defined(UOM_STATIC)
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH)
         onLoad();
     else if (reason == DLL_PROCESS_DETACH)

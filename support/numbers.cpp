@@ -121,18 +121,25 @@ Symbol symbolOf(char c) {
 
 // The "C" locale for the life of a block, so that a host with a decimal comma reads and prints the same.
 struct ScopedCLocale {
+    ScopedCLocale(const ScopedCLocale &) = delete;
+    ScopedCLocale &operator=(const ScopedCLocale &) = delete;
 #if defined(_WIN32)
-    _locale_t c = _create_locale(LC_ALL, "C");
+    _locale_t c;
+    ScopedCLocale() : c(_create_locale(LC_ALL, "C")) {}
     ~ScopedCLocale() {
         _free_locale(c);
     }
     double read(const char *text, char **end) const {
         return _strtod_l(text, end, c);
     }
+    void print(char *out, size_t size, const char *format, double value) const {
+        _snprintf_l(out, size, format, c, value);
+        out[size - 1] = '\0';
+    }
 #else
-    locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
-    locale_t saved = uselocale(c);
-    ScopedCLocale() = default;
+    locale_t c;
+    locale_t saved;
+    ScopedCLocale() : c(newlocale(LC_ALL_MASK, "C", nullptr)), saved(uselocale(c)) {}
     ~ScopedCLocale() {
         uselocale(saved);
         freelocale(c);
@@ -140,9 +147,10 @@ struct ScopedCLocale {
     static double read(const char *text, char **end) {
         return std::strtod(text, end);
     }
+    static void print(char *out, size_t size, const char *format, double value) {
+        std::snprintf(out, size, format, value);
+    }
 #endif
-    ScopedCLocale(const ScopedCLocale &) = delete;
-    ScopedCLocale &operator=(const ScopedCLocale &) = delete;
 };
 
 } // namespace
@@ -236,5 +244,5 @@ int32_t num_LeadingInt(const char *text) {
 
 void num_FormatDouble(char *out, size_t size, const char *format, double value) {
     const ScopedCLocale locale;
-    std::snprintf(out, size, format, value);
+    locale.print(out, size, format, value);
 }
