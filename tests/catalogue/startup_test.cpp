@@ -7,12 +7,13 @@ namespace {
 
 class CatalogueStartup : public LibraryTest {
 protected:
-    // The words of a text, blanks between.
+    // The words of a text, blanks between, or "|" where they are paths that may hold blanks.
     struct SplitWords {
-        explicit SplitWords(const std::string &text) {
+        explicit SplitWords(const std::string &text, char separator = ' ') {
             std::istringstream stream(text);
-            for (std::string word; stream >> word;)
-                kept.push_back(word);
+            for (std::string word; std::getline(stream, word, separator);)
+                if (!word.empty())
+                    kept.push_back(word);
             for (const std::string &word : kept)
                 words.push_back(word.c_str());
         }
@@ -21,7 +22,7 @@ protected:
         Words words;
     };
     static int32_t init3(const std::string &text) {
-        const SplitWords words(text);
+        const SplitWords words(text, '|');
         return uom_Init3(words.count(), words.words.data());
     }
     static std::string textOf(int32_t unit, int32_t style) {
@@ -147,19 +148,19 @@ TEST_F(CatalogueStartup, Init3StartsAnewForAnotherFileAlone) {
     const std::string shipped = UOM_TEST_DATA;
     std::string upper = shipped;
     std::transform(upper.begin(), upper.end(), upper.begin(), str_Upper);
-    EXPECT_EQ(0, init3("-f " + shipped));
+    EXPECT_EQ(0, init3("-f|" + shipped));
     const int32_t units = uomUnitCount;
     std::ofstream(path) << "BEGINUOMLIST\nnone N N 0 0 1\nkg KG KG 0 0 1\nENDUOMLIST\n";
     for (const std::string &words :
-         {std::string(), std::string("kesta"), std::string("-f"), "-f " + shipped + " -f", "kesta -f" + upper}) {
+         {std::string(), std::string("kesta"), std::string("-f"), "-f|" + shipped + "|-f", "kesta|-f" + upper}) {
         EXPECT_EQ(0, init3(words));
         EXPECT_EQ(joined(units, 0), joined(uomUnitCount, uomModeKesta)) << words;
     }
-    EXPECT_EQ(0, init3("kesta -f " + path));
+    EXPECT_EQ(0, init3("kesta|-f|" + path));
     EXPECT_EQ("2 1", joined(uomUnitCount, uomModeKesta));
     EXPECT_EQ(1, init3("-f/no/such/file"));
     EXPECT_EQ(0, uomInitDone);
-    EXPECT_EQ(0, init3("-f " + path));
+    EXPECT_EQ(0, init3("-f|" + path));
 }
 
 } // namespace

@@ -19,7 +19,7 @@ for place in $places; do
     { cat "$data"; printf 'BEGINSLATE\nIn_%s\nENDSLATE\n' "$place"; } >"$place/uomdata.txt"
 done
 cp "$uom" bin/
-cp "$(ldd "$uom" | awk '$1 ~ /^libuom/ { print $3 }')" lib/
+cp "$(ldd "$uom" | sed -n 's/^[[:space:]]*libuom[^ ]* => \(.*\) (0x[0-9a-f]*)$/\1/p')" lib/
 export LD_LIBRARY_PATH=$work/lib
 cd here || exit 1
 for place in $places; do
