@@ -17,6 +17,8 @@ struct UomUnit {
     double factor;
 };
 
+constexpr double STANDARD_ATMOSPHERE = 101.325; // kPa
+
 // A named set of default units. Its number is its place in the slate table.
 struct UomSlate {
     char *name;

@@ -49,24 +49,12 @@ bool startsLikeOption(const char *word) {
     return *word == '-' || *word == '/';
 }
 
-bool applyOptionWord(const char *word) {
-    const char *bare = startsLikeOption(word) ? word + 1 : word;
-    for (const OptionWord &option : optionWords) {
-        if (!str_EqualNoCase(bare, option.word))
-            continue;
-        if (!option.firstWins || *option.flag < 0)
-            *option.flag = option.value;
-        return true;
-    }
-    return false;
-}
-
-bool isOptionWord(const char *word) {
+const OptionWord *findOption(const char *word) {
     const char *bare = startsLikeOption(word) ? word + 1 : word;
     for (const OptionWord &option : optionWords)
         if (str_EqualNoCase(bare, option.word))
-            return true;
-    return false;
+            return &option;
+    return nullptr;
 }
 
 bool isPathWord(const char *word) {
@@ -78,7 +66,7 @@ bool isPathWord(const char *word) {
 void readPath(int32_t count, const char *const *words, char *path, bool clears) {
     for (int32_t i = 0; words && i < count; ++i) {
         const char *word = words[i];
-        if (!word || isOptionWord(word) || !isPathWord(word))
+        if (!word || findOption(word) || !isPathWord(word))
             continue;
         const char *value = word + 2;
         if (!*value) {
@@ -94,7 +82,10 @@ void readPath(int32_t count, const char *const *words, char *path, bool clears) 
 void readOptions(int32_t count, const char *const *words) {
     for (int32_t i = 0; words && i < count; ++i) {
         const char *word = words[i];
-        if (!word || applyOptionWord(word))
+        const OptionWord *option = word ? findOption(word) : nullptr;
+        if (option && (!option->firstWins || *option->flag < 0))
+            *option->flag = option->value;
+        if (!word || option)
             continue;
         // The word behind a bare path option is a path, whatever it looks like.
         if (isPathWord(word) && !word[2])

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr double STANDARD_ATMOSPHERE = 101.325; // kPa
-
 // The gauge units that follow the basis; the others keep the offsets of the data file.
 const int32_t *const gaugeUnits[] = {&UOM_U_KPAG, &UOM_U_BARG, &UOM_U_ATE, &UOM_U_PSIG, &UOM_U_KG_CM2G, &UOM_U_MBARG};
 

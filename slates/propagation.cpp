@@ -9,6 +9,7 @@
 #include "support/text.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/related_unit.h"
+#include "uomstruct/unit_string.h"
 
 namespace {
 
@@ -44,10 +45,7 @@ struct ResolvedText {
     char text[TEXT_SIZE];
     ResolvedText(const Trigger &trigger, const char *token) {
         const ScopedChain chain(uoms_New(token));
-        if (trigger.slate == UOM_SET_CURRENT)
-            uom_InitializeCurrentUnits(chain.chain);
-        else
-            uom_InitializeUnits(chain.chain, trigger.slate);
+        chain_TakeSlate(chain.chain, trigger.slate);
         uom_GetDisplayUnits(chain.chain, text, sizeof text, STYLE_TOKEN);
     }
 };

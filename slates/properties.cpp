@@ -22,8 +22,7 @@ enum PropertyStatus : int32_t {
     PROPERTY_NO_MEMORY = 11
 };
 
-constexpr double STANDARD_ATMOSPHERE = 101.325; // kPa
-constexpr double PASCAL_RATIO = 500.0;          // to the atmosphere, from which a basis is taken to be in Pa
+constexpr double PASCAL_RATIO = 500.0; // to the atmosphere, from which a basis is taken to be in Pa
 constexpr double INHERITED_BASIS = -1.0;
 constexpr size_t BASIS_TEXT_SIZE = 100;
 

@@ -32,7 +32,7 @@ UomSlate *makeSlate(const char *name) {
     UomSlate *slate = mem_New<UomSlate>();
     if (!slate)
         return nullptr;
-    slate->gaugePresBasis = 101.325;
+    slate->gaugePresBasis = STANDARD_ATMOSPHERE;
     slate->allowDelete = slate->allowModify = 1;
     const uint32_t classes = static_cast<uint32_t>(uomClassCount);
     const bool named = mem_DupText(&slate->name, name) == 0 && mem_DupText(&slate->basedOn, name) == 0;

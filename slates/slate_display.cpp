@@ -1,18 +1,9 @@
 // Display units of a class as a slate has them.
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
 #include "slates/properties.h"
 #include "slates/registry.h"
 #include "uomstruct/chain.h"
-
-// The text of a chain in the units of a slate.
-static void printInSlate(UomStruct chain, int32_t slate, char *out, int32_t size, int32_t style) {
-    if (slate == UOM_SET_CURRENT)
-        uom_InitializeCurrentUnits(chain);
-    else
-        uom_InitializeUnits(chain, slate);
-    uom_GetDisplayUnits(chain, out, size, style);
-}
+#include "uomstruct/unit_string.h"
 
 char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *out, int32_t size, int32_t style) {
     const ScopedChain chain(chain_OfClass(classId));
@@ -32,7 +23,8 @@ char *uoms_GetDisplayUnits(const char *classString, const char *slateName, char 
         return uoms_GetInheritedSetProperty(classString, slateName, out, size);
     const ScopedChain chain(uoms_New(classString));
     const int32_t slate = uom_GetSetType(slateName);
-    if (chain.chain && slate_IsValid(slate))
-        printInSlate(chain.chain, slate, out, size, style);
-    return out;
+    if (!chain.chain || !slate_IsValid(slate))
+        return out;
+    chain_TakeSlate(chain.chain, slate);
+    return uom_GetDisplayUnits(chain.chain, out, size, style);
 }

@@ -17,13 +17,6 @@ constexpr size_t CLASS_SIZE = 64;
 constexpr size_t UNIT_SIZE = 256;
 constexpr size_t PAIR_SIZE = 328;
 
-bool openOutput(char *out, int32_t size) {
-    if (!out || size < 1)
-        return false;
-    *out = '\0';
-    return true;
-}
-
 void formatPair(char *pair, UomStruct node) {
     char className[CLASS_SIZE];
     char multiplier[8];
@@ -135,7 +128,7 @@ char **uoms_GetClassUnitPairs(const char *classString, const char *unitString, i
 
 int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs, const char *styleName, int32_t size,
                                char *out) {
-    if (!openOutput(out, size) || str_IsEmpty(classString) || !pairs)
+    if (!str_Open(out, size) || str_IsEmpty(classString) || !pairs)
         return 1;
     const ScopedChain chain(uoms_New(classString));
     if (!chain.chain)
@@ -154,7 +147,7 @@ int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs
 }
 
 int32_t uoms_GetClassWithBasis(const char *classString, const char *basis, int32_t size, char *out) {
-    if (!classString || !openOutput(out, size))
+    if (!classString || !str_Open(out, size))
         return 1;
     str_CopyBounded(out, static_cast<size_t>(size), classString);
     int32_t count;
@@ -181,7 +174,7 @@ int32_t uoms_GetClassWithBasis(const char *classString, const char *basis, int32
 }
 
 int32_t uoms_GetBasisWord(const char *classString, const char *unitString, int32_t size, char *out) {
-    if (!openOutput(out, size))
+    if (!str_Open(out, size))
         return UOM_NULL;
     const int32_t basis = uoms_GetBasis(classString, unitString);
     uom_GetUnitText(basis, out, size, STYLE_TOKEN);
@@ -192,7 +185,7 @@ int32_t uoms_GetBasisWord(const char *classString, const char *unitString, int32
 }
 
 int32_t uoms_FormatUnits(const char *classString, const char *text, const char *styleName, int32_t size, char *out) {
-    if (!openOutput(out, size) || str_IsEmpty(classString) || str_IsEmpty(text))
+    if (!str_Open(out, size) || str_IsEmpty(classString) || str_IsEmpty(text))
         return 1;
     const int32_t style = uom_StyleFromName(styleName, nullptr);
     if (uom_GetSetType(text) >= 1) {

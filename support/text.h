@@ -14,6 +14,14 @@
 int32_t str_CopyBounded(char *out, size_t size, const char *source);
 int32_t str_CopyBounded(char *out, size_t size, std::string_view source);
 
+// Empties an output buffer of a caller; false when there is none.
+inline bool str_Open(char *out, int32_t size) {
+    if (!out || size < 1)
+        return false;
+    *out = '\0';
+    return true;
+}
+
 // Copies behind what the destination holds. 1, and nothing changed, when it holds no terminator within size.
 int32_t str_AppendBounded(char *out, size_t size, const char *source);
 
@@ -88,12 +96,6 @@ inline bool str_IsEmpty(const char *text) {
 
 // Copies the text without its blanks; returns the length of the result.
 size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
-
-// The view behind `count` characters, empty past the end.
-inline std::string_view str_Behind(std::string_view text, size_t count) {
-    text.remove_prefix(count < text.size() ? count : text.size());
-    return text;
-}
 
 // The first `count` characters.
 inline std::string_view str_Head(std::string_view text, size_t count) {

@@ -104,14 +104,6 @@ void printClass(ClassPrinter &printer, UomStruct node) {
     printer.atStart = false;
 }
 
-// An output buffer that can be written, emptied.
-bool openOutput(char *out, int32_t size) {
-    if (!out || size < 1)
-        return false;
-    *out = '\0';
-    return true;
-}
-
 const UomClassRow *tokenRow(const char *classText) {
     return class_ValidRow(class_Find(classText, STYLE_TOKEN));
 }
@@ -141,7 +133,7 @@ void chain_ToComponents(UomStruct chain) {
 }
 
 int32_t uoms_GetComponentClass(const char *classString, int32_t size, char *out) {
-    openOutput(out, size);
+    str_Open(out, size);
     const ScopedChain chain(uoms_New(classString));
     if (!chain.chain)
         return 2;
@@ -154,7 +146,7 @@ int32_t uoms_GetComponentClass(const char *classString, int32_t size, char *out)
 }
 
 int32_t uoms_GetClassStringInStyle(const char *classString, const char *styleName, int32_t size, char *out) {
-    if (!openOutput(out, size) || str_IsEmpty(classString) || str_IsEmpty(styleName))
+    if (!str_Open(out, size) || str_IsEmpty(classString) || str_IsEmpty(styleName))
         return 1;
     const ScopedChain chain(uoms_New(classString));
     if (!chain.chain)
@@ -189,7 +181,7 @@ char **uoms_GetClassTextList(const char *styleName, int32_t *count) {
 }
 
 int32_t uoms_GetClassListName(const char *classText, int32_t size, char *out) {
-    const UomClassRow *row = openOutput(out, size) ? tokenRow(classText) : nullptr;
+    const UomClassRow *row = str_Open(out, size) ? tokenRow(classText) : nullptr;
     if (!row)
         return 1;
     str_CopyBounded(out, static_cast<size_t>(size), str_IsEmpty(row->listName) ? classText : row->listName);
@@ -197,7 +189,7 @@ int32_t uoms_GetClassListName(const char *classText, int32_t size, char *out) {
 }
 
 int32_t uoms_GetClassNote(const char *classText, int32_t size, char *out) {
-    const UomClassRow *row = openOutput(out, size) ? tokenRow(classText) : nullptr;
+    const UomClassRow *row = str_Open(out, size) ? tokenRow(classText) : nullptr;
     if (!row)
         return 1;
     str_CopyBounded(out, static_cast<size_t>(size), row->note);
@@ -205,7 +197,7 @@ int32_t uoms_GetClassNote(const char *classText, int32_t size, char *out) {
 }
 
 int32_t uoms_GetClassDefinition(const char *classString, int32_t size, char *out) {
-    openOutput(out, size);
+    str_Open(out, size);
     const ScopedChain chain(uoms_New(classString));
     if (!chain.chain)
         return 1;

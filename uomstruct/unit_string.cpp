@@ -361,6 +361,13 @@ const char *uom_SkipToUnit(SignStack &signs, const char *text, int32_t maxOpen, 
     return text;
 }
 
+void chain_TakeSlate(UomStruct chain, int32_t slate) {
+    if (slate == UOM_SET_CURRENT)
+        uom_InitializeCurrentUnits(chain);
+    else
+        uom_InitializeUnits(chain, slate);
+}
+
 int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style) {
     if (!chain) {
         error_Set("No UOM class specified in function uom_FillStructFromString().");
@@ -372,10 +379,7 @@ int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t
     }
     const int32_t slate = uom_GetSetType(uomString);
     if (slate > UOM_SET_NULL && slate < UOM_SET_MAX) {
-        if (slate == UOM_SET_CURRENT)
-            uom_InitializeCurrentUnits(chain);
-        else
-            uom_InitializeUnits(chain, slate);
+        chain_TakeSlate(chain, slate);
         return FILL_DONE;
     }
     const ScratchText normal(std::strlen(uomString) + 1);
