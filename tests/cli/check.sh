@@ -3,14 +3,10 @@
 # Arguments: the tool, the source directory.
 set -u
 uom=$1 data=$2/data/uomdata.txt
-failed=0
+. "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
-
-is() { # title, expected, actual
-    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
-}
 
 is "shipped file" "status 0" "$("$uom" check "$data" 2>&1; echo "status $?")"
 is "no file" 'uom: Unable to open the Unit of Measure data file "none.txt".; status 1' \

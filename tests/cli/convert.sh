@@ -2,17 +2,7 @@
 # uom convert and uom constants: results, input, errors and their statuses. Arguments: the tool, the source directory.
 set -u
 uom=$1
-failed=0
-
-is() { # title, expected, actual
-    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
-}
-run() { # arguments of the tool; prints its output, then its messages, then its status
-    local status
-    "$uom" "$@" 2>&1
-    status=$?
-    echo "status $status"
-}
+. "$(dirname "$0")/checks.bash"
 
 is "class string" $'4.845733787e-08\n8.076222979e-08\nstatus 0' \
     "$(run convert --format %.10g "Pres/VolRate 2" "kpa/(m3/sec)2" "psi/(ft3/min)2" 1.5 2.5)"

@@ -2,14 +2,10 @@
 # Classes, units, slates, display units, and slate definitions from files. Arguments: the tool, the source directory.
 set -u
 uom=$1
-failed=0
+. "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
-
-is() { # title, expected, actual
-    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
-}
 
 is "class" "7 Pres Pressure PRES" "$("$uom" classes | awk '$1 == 7 { print $1, $2, $3, $4 }')"
 is "composite class" "Mass / Leng Time 2" "$("$uom" classes | sed -n 's/.* RhoVV .*  //p')"

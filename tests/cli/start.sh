@@ -3,13 +3,9 @@
 # directory.
 set -u
 uom=$1 data=$2/data/uomdata.txt
-failed=0
+. "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-
-is() { # title, expected, actual
-    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
-}
 
 # An installed tree, with a data file in each place that one may be found in. A slate of each tells which was read.
 cd "$work" || exit 1

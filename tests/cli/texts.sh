@@ -2,20 +2,10 @@
 # uom related, uom keyword and uom report. Arguments: the tool, the source directory.
 set -u
 uom=$1
-failed=0
+. "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
-
-is() { # title, expected, actual
-    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
-}
-run() { # arguments of the tool; prints its output, then its messages, then its status
-    local status
-    "$uom" "$@" 2>&1
-    status=$?
-    echo "status $status"
-}
 
 is "related" 'Class       PresDiff / (VolRate Temp)2
 Absolute    PresAbs / (VolRate TempAbs)2

@@ -1,0 +1,13 @@
+# What the scripts beside it share. Sourced behind `uom=TOOL`.
+failed=0
+
+is() { # title, expected, actual
+    [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }
+}
+
+run() { # arguments of the tool; prints its output, then its messages, then its status
+    local status
+    "$uom" "$@" 2>&1
+    status=$?
+    echo "status $status"
+}
