@@ -1,7 +1,6 @@
 #include "catalogue/state.h"
 
 #include <cstdarg>
-#include <cstdio>
 
 #include "support/text.h"
 
@@ -60,13 +59,25 @@ int32_t UOM_SET_MAX = 0;
 #include "catalogue/well_known_units.def"
 #undef WELL_KNOWN
 
+// Not printf: that would walk the whole of a text of any length to count what it cuts.
 void error_Set(const char *format, ...) {
     char text[LAST_ERROR_SIZE];
+    TextWriter writer(text, sizeof text);
     va_list arguments;
     va_start(arguments, format);
-    const int written = std::vsnprintf(text, sizeof text, format, arguments);
+    for (const char *c = format; *c; ++c) {
+        if (*c != '%') {
+            str_Write(writer, *c);
+        } else if (*++c == 's') {
+            str_WriteBounded(writer, va_arg(arguments, const char *));
+        } else {
+            char number[16];
+            str_FormatBounded(number, sizeof number, "%d", va_arg(arguments, int));
+            str_Write(writer, number);
+        }
+    }
     va_end(arguments);
-    str_CopyBounded(uomLastError, sizeof uomLastError, written < 0 ? "" : text);
+    str_CopyBounded(uomLastError, sizeof uomLastError, text);
 }
 
 void error_Clear() {

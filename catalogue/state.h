@@ -65,7 +65,8 @@ extern int32_t UOM_BASMOLAR;
 #include "catalogue/well_known_units.def"
 #undef WELL_KNOWN
 
-// Writes the last-error text. The arguments may point into the text that stands there.
+// Writes the last-error text, from a format that knows "%s" and "%d" alone. The arguments may point into the text that
+// stands there.
 #if defined(__GNUC__)
 __attribute__((format(printf, 1, 2)))
 #endif

@@ -255,11 +255,17 @@ int32_t uom_GetUnitType(const char *text) {
 }
 
 int32_t uom_GetUnitFromString(int32_t classId, char *text, int32_t mode) {
-    const int32_t *units = uom_GetClassUnits(classId);
-    if (!units || !text)
+    if (!text || !uom_GetClassUnits(classId))
         return UOM_NULL;
-    str_TrimRight(text);
-    const bool byKeyword = mode == STYLE_KEYWORD;
+    return unit_FindByName(classId, str_TrimRight(text), mode);
+}
+
+int32_t unit_FindByName(int32_t classId, std::string_view text, int32_t style) {
+    const int32_t *units = uom_GetClassUnits(classId);
+    if (!units)
+        return UOM_NULL;
+    text = str_Head(text, text.find_last_not_of(" \t\n") + 1);
+    const bool byKeyword = style == STYLE_KEYWORD;
     for (; *units != UOM_NULL; ++units) {
         const UomUnit *unit = record(*units);
         if (unit && equalsName(byKeyword ? unit->keyword : unit->token, text, !byKeyword))

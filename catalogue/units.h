@@ -23,6 +23,10 @@ int32_t unit_FindToken(std::string_view token);
 // The first unit whose token is the two texts joined, at most 127 characters.
 int32_t unit_FindJoined(std::string_view head, std::string_view tail);
 
+// The unit of the class whose token (style 2: keyword) is the text but for blanks, tabs and line feeds at its end. A
+// token may be written without its blanks. UOM_NULL when there is none.
+int32_t unit_FindByName(int32_t classId, std::string_view text, int32_t style);
+
 // A unit of the class at the head of the text: the one with the longest token (style 2: keyword), the first
 // in the list among equals. `length` is what it takes of the text, shorter than the token when the text
 // leaves out its blanks. UOM_NULL and 0 when there is none.

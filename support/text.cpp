@@ -53,6 +53,10 @@ int32_t str_FormatBounded(char *out, size_t size, const char *format, ...) {
     return 0;
 }
 
+bool str_IsTooLong(const char *text) {
+    return std::memchr(text, '\0', STR_MAX_LENGTH + 1) == nullptr;
+}
+
 TextWriter::TextWriter(char *buffer, size_t bufferSize) : out(buffer), size(bufferSize) {
     str_CopyBounded(out, size, std::string_view());
 }
@@ -65,6 +69,12 @@ void str_Write(TextWriter &writer, std::string_view piece) {
 
 void str_Write(TextWriter &writer, char c) {
     str_Write(writer, std::string_view(&c, 1));
+}
+
+void str_WriteBounded(TextWriter &writer, const char *text) {
+    const size_t room = writer.wanted < writer.size ? writer.size - writer.wanted : 0;
+    const void *end = std::memchr(text, '\0', room);
+    str_Write(writer, std::string_view(text, end ? static_cast<size_t>(static_cast<const char *>(end) - text) : room));
 }
 
 char *str_TrimRight(char *text) {

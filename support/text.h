@@ -14,6 +14,10 @@
 int32_t str_CopyBounded(char *out, size_t size, const char *source);
 int32_t str_CopyBounded(char *out, size_t size, std::string_view source);
 
+// Class and unit strings of more bytes than this are refused before anything else is done with them.
+constexpr size_t STR_MAX_LENGTH = 65535;
+bool str_IsTooLong(const char *text);
+
 // Empties an output buffer of a caller; false when there is none.
 inline bool str_Open(char *out, int32_t size) {
     if (!out || size < 1)
@@ -41,6 +45,9 @@ struct TextWriter {
 };
 void str_Write(TextWriter &writer, std::string_view piece);
 void str_Write(TextWriter &writer, char c);
+
+// A text of any length, of which nothing is looked at behind what fits.
+void str_WriteBounded(TextWriter &writer, const char *text);
 
 // Cuts trailing blanks, tabs and line feeds (not carriage returns) in place.
 char *str_TrimRight(char *text);

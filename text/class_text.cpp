@@ -21,6 +21,7 @@ constexpr size_t NAME_SIZE = 256;
 struct ClassPrinter {
     TextWriter writer;
     int32_t style;
+    ClosingNodes closings;
     bool atStart = true;
     int32_t lastExponent = 1;
     int32_t saved[MAX_GROUPS] = {};
@@ -51,7 +52,7 @@ void writeSign(ClassPrinter &printer, int32_t exponent) {
 }
 
 void printOpen(ClassPrinter &printer, UomStruct node) {
-    const UomStructNode *close = chain_MatchingClose(node);
+    const UomStructNode *close = printer.closings.take(node);
     writeSign(printer, close ? close->exponent : 1);
     if (printer.depth < MAX_GROUPS)
         printer.saved[printer.depth] = printer.lastExponent;
@@ -113,7 +114,7 @@ const UomClassRow *tokenRow(const char *classText) {
 void uom_BuildClassString(UomStruct chain, char *out, int32_t size, int32_t style) {
     if (!out || size < 2)
         return;
-    ClassPrinter printer = {TextWriter(out, static_cast<size_t>(size)), style_Effective(style)};
+    ClassPrinter printer = {TextWriter(out, static_cast<size_t>(size)), style_Effective(style), ClosingNodes(chain)};
     for (UomStruct node = chain; node; node = node->next) {
         if (node->classId == CLASS_OPEN)
             printOpen(printer, node);

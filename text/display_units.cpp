@@ -31,6 +31,7 @@ struct UnitPrinter {
     char *out;
     size_t size;
     int32_t style;
+    ClosingNodes closings;
     size_t written = 0;
     bool atStart = true;      // nothing to separate from: at the start, and behind "(" and "/"
     int32_t lastExponent = 1; // a "/" is due when the next has the other sign
@@ -81,7 +82,7 @@ void addExponent(UnitPrinter &printer, int32_t exponent) {
 // --- parenthesis nodes
 
 void printOpen(UnitPrinter &printer, UomStruct node) {
-    const UomStructNode *close = chain_MatchingClose(node);
+    const UomStructNode *close = printer.closings.take(node);
     const int32_t exponent = close ? close->exponent : 1;
     if (changesSign(exponent, printer.lastExponent)) {
         printer.lastExponent = exponent;
@@ -230,7 +231,7 @@ char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t styl
     if (!out || size < 1)
         return out;
     std::memset(out, 0, static_cast<size_t>(size));
-    UnitPrinter printer = {out, static_cast<size_t>(size), style_Effective(style)};
+    UnitPrinter printer = {out, static_cast<size_t>(size), style_Effective(style), ClosingNodes(chain)};
     for (UomStruct node = chain; node && printer.written + 1 < printer.size; node = node->next) {
         printNode(printer, node);
         if (node->classId != CLASS_OPEN && node->classId != CLASS_CLOSE)

@@ -90,8 +90,20 @@ UomStruct before(UomStruct chain, UomStruct node) {
     return chain;
 }
 
+// Where the chain that was appended to last ends, so that a chain made node by node costs no walk for each. Forgotten
+// as soon as any chain is freed or linked anew.
+struct KnownEnd {
+    UomStruct head = nullptr;
+    UomStruct tail = nullptr;
+};
+KnownEnd knownEnd;
+
+void forgetEnd() {
+    knownEnd = {};
+}
+
 UomStruct last(UomStruct chain) {
-    return before(chain, nullptr);
+    return before(chain == knownEnd.head ? knownEnd.tail : chain, nullptr);
 }
 
 } // namespace
@@ -126,7 +138,9 @@ bool chain_IsVolumeBasis(int32_t basis) {
 
 UomStruct chain_OfClass(int32_t classId) {
     const int32_t exponent = 1;
-    return uom_BuildStruct(1, &classId, &exponent, nullptr);
+    UomStruct chain;
+    chain_Build(&chain, 1, &classId, &exponent, nullptr);
+    return chain;
 }
 
 UomStruct chain_MatchingClose(UomStruct open) {
@@ -138,6 +152,32 @@ UomStruct chain_MatchingClose(UomStruct open) {
             return node;
     }
     return nullptr;
+}
+
+ClosingNodes::ClosingNodes(UomStruct chain) {
+    for (const UomStructNode *node = chain; node; node = node->next)
+        count += node->classId == CLASS_OPEN;
+    if (count > LOCAL)
+        groups = mem_NewArray<Group>(count);
+    size_t place = 0;
+    size_t innermost = NONE;
+    for (const UomStructNode *node = chain; groups && node; node = node->next) {
+        if (node->classId == CLASS_OPEN) {
+            groups[place] = {node, nullptr, innermost};
+            innermost = place++;
+        } else if (node->classId == CLASS_CLOSE && innermost != NONE) {
+            groups[innermost].close = node;
+            innermost = groups[innermost].around;
+        }
+    }
+}
+
+const UomStructNode *ClosingNodes::take(UomStruct open) {
+    if (!groups)
+        return chain_MatchingClose(open);
+    while (groups[next].open != open)
+        ++next;
+    return groups[next].close;
 }
 
 void chain_SetUnit(UomStruct node, int32_t unit) {
@@ -175,7 +215,8 @@ bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const in
 UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *units) {
     if (!class_IsValid(classId))
         return nullptr;
-    UomStruct chain = uom_BuildStruct(1, &classId, &exponent, nullptr);
+    UomStruct chain;
+    chain_Build(&chain, 1, &classId, &exponent, nullptr);
     const int32_t rowLength = uom_GetUnitMax(classId);
     for (int32_t slate = 0; units && slate < 3 && slate <= UOM_SET_SI - UOM_SET_ENGLISH; ++slate) {
         UomStruct node = chain;
@@ -216,6 +257,7 @@ UomStruct uom_Copy(UomStruct chain) {
 void uom_Free(UomStruct *chain) {
     if (!chain)
         return;
+    forgetEnd();
     for (UomStruct node = *chain; node;) {
         UomStruct next = node->next;
         mem_Free(node);
@@ -226,8 +268,10 @@ void uom_Free(UomStruct *chain) {
 
 UomStruct uom_AddNewStruct(UomStruct *chain) {
     UomStruct node = mem_New<UomStructNode>();
-    if (node && chain)
-        *chain = uom_LinkStruct(*chain, node);
+    if (!node || !chain)
+        return node;
+    *chain = uom_LinkStruct(*chain, node);
+    knownEnd = {*chain, node};
     return node;
 }
 
@@ -235,12 +279,14 @@ UomStruct uom_LinkStruct(UomStruct a, UomStruct b) {
     if (!a)
         return b;
     last(a)->next = b;
+    forgetEnd();
     return a;
 }
 
 UomStruct uom_UnlinkStruct(UomStruct chain, UomStruct node) {
     if (!node || !chain)
         return chain;
+    forgetEnd();
     if (chain == node) {
         UomStruct head = node->next;
         node->next = nullptr;
@@ -259,6 +305,7 @@ UomStruct uom_InsertBeforeStruct(UomStruct chain, UomStruct insert, UomStruct no
         return chain;
     if (!chain)
         return insert;
+    forgetEnd();
     const bool first = chain == node;
     UomStruct previous = first ? nullptr : before(chain, node);
     if (!first && !previous)
@@ -273,6 +320,7 @@ UomStruct uom_InsertBeforeStruct(UomStruct chain, UomStruct insert, UomStruct no
 UomStruct uom_RemoveStruct(UomStruct *chain, int32_t classId) {
     if (!chain || !*chain || classId < 1 || classId >= STATIC_CLASSES)
         return nullptr;
+    forgetEnd();
     UomStruct head = *chain;
     UomStruct end = head;
     for (int32_t i = 1; end->next && i < uom_GetUnitMax(classId); ++i)

@@ -5,8 +5,10 @@
 #ifndef UOM_UOMSTRUCT_CHAIN_H
 #define UOM_UOMSTRUCT_CHAIN_H
 
+#include <cstddef>
 #include <cstdint>
 
+#include "support/memory.h"
 #include "uom/uom.h"
 
 constexpr int32_t TAG_COMPONENT = 100; // of a composite class's first node; 101 and 102 follow
@@ -26,11 +28,36 @@ struct ScopedChain {
 // uom_BuildStruct for those who need the whole chain: false, and a null chain, when memory is exhausted.
 bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const int32_t *exponents, const int32_t *units);
 
-// A new chain of one class with exponent 1.
+// A new chain of one class with exponent 1; null when memory is exhausted.
 UomStruct chain_OfClass(int32_t classId);
 
 // The node that closes the group which `open` opens, null when it stays open.
 UomStruct chain_MatchingClose(UomStruct open);
+
+// The same for a walk that asks at opening nodes of a chain in their order: all are matched in one pass. Few groups
+// take no memory; for want of memory each question walks by itself.
+struct ClosingNodes {
+    explicit ClosingNodes(UomStruct chain);
+    ~ClosingNodes() { mem_Free(groups != local ? groups : nullptr); }
+    ClosingNodes(const ClosingNodes &) = delete;
+    ClosingNodes &operator=(const ClosingNodes &) = delete;
+
+    // The node that closes the group, null when it stays open.
+    // REQUIRES: `open` is an opening node of the chain, and none in front of it is asked for later.
+    const UomStructNode *take(UomStruct open);
+
+private:
+    struct Group {
+        const UomStructNode *open, *close;
+        size_t around; // place of the group around it, NONE for an outer one
+    };
+    static constexpr size_t LOCAL = 16;
+    static constexpr size_t NONE = SIZE_MAX;
+    Group local[LOCAL];
+    Group *groups = local; // in the order in which they open; null without memory
+    size_t count = 0;
+    size_t next = 0;
+};
 
 // A basis unit and the class that it gives the node behind it.
 struct BasisClass {

@@ -1,5 +1,4 @@
-// Class-and-unit entry. Words are cut at "/", a unit is found by a whole-word compare within its class, and
-// the first
+// Class-and-unit entry. Words are cut at "/", a unit is found by a whole-word compare within its class, and the first
 // "/" turns all exponents behind it to -1.
 #include <cstring>
 #include <string_view>
@@ -48,11 +47,11 @@ bool chooseBasis(UomStruct basisNode, const char *text, int32_t style) {
     const BasisClass mass = {&UOM_BASMASS, CLASS_MASS};
     const BasisClass &moles = chain_MoleBasis();
     const BasisClass *chosen = nullptr;
-    if (uom_GetUnitFromString(CLASS_MASS, word, style) != UOM_NULL)
+    if (unit_FindByName(CLASS_MASS, word, style) != UOM_NULL)
         chosen = &mass;
-    else if (uom_GetUnitFromString(moles.classId, word, style) != UOM_NULL)
+    else if (unit_FindByName(moles.classId, word, style) != UOM_NULL)
         chosen = &moles;
-    else if (uom_GetUnitFromString(CLASS_LIQ_VOL, word, style) != UOM_NULL)
+    else if (unit_FindByName(CLASS_LIQ_VOL, word, style) != UOM_NULL)
         chosen = &chain_VolumeBasis();
     if (!chosen)
         return false;
@@ -64,10 +63,7 @@ bool chooseBasis(UomStruct basisNode, const char *text, int32_t style) {
 }
 
 int32_t fillSimple(UomStruct node, int32_t classId, const char *text, int32_t style) {
-    const size_t size = std::strlen(text) + 1;
-    const ScratchText whole(size); // the look-up cuts trailing blanks in place
-    str_CopyBounded(whole.text, size, text);
-    const int32_t unit = uom_GetUnitFromString(classId, whole.text, style);
+    const int32_t unit = unit_FindByName(classId, text, style);
     if (unit == UOM_NULL)
         return 1;
     chain_SetUnit(node, unit);
@@ -84,7 +80,7 @@ int32_t fillComponents(UomStruct node, int32_t classId, const char *text, int32_
             return 1;
         if (node->baseClass == CLASS_BASIS && (str_EqualNoCase(word, "vap.") || str_EqualNoCase(word, "liq.")))
             joinNextWord(word, &text);
-        const int32_t unit = uom_GetUnitFromString(node->baseClass, word, style);
+        const int32_t unit = unit_FindByName(node->baseClass, word, style);
         if (unit == UOM_NULL)
             return 1;
         chain_SetUnit(node, unit);
@@ -155,7 +151,7 @@ void applyRateKeyword(UomStruct chain, const char *keyword) {
 } // namespace
 
 int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style) {
-    if (!chain || !text)
+    if (!chain || !text || str_IsTooLong(text))
         return 1;
     const UomClassRow *row = class_ValidRow(classId);
     if (!row || !class_IsComposite(*row))
@@ -171,7 +167,8 @@ UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style) {
     if (!class_IsValid(classId))
         return nullptr;
     UomStruct chain = chain_OfClass(classId);
-    uom_FillStruct(chain, classId, text, style);
+    if (chain)
+        uom_FillStruct(chain, classId, text, style);
     return chain;
 }
 
@@ -190,7 +187,7 @@ int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const char *text,
 
 UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style) {
     char copy[80];
-    if (!text || std::strlen(text) < KEYWORD_LENGTH + 2)
+    if (!text || std::memchr(text, '\0', KEYWORD_LENGTH + 2))
         return nullptr;
     str_CopyBounded(copy, sizeof copy, text);
     copy[KEYWORD_LENGTH] = '\0';

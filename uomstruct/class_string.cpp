@@ -176,6 +176,11 @@ int32_t uom_ScanBasisSpec(const char *text, int32_t *consumed, int32_t style, in
 UomStruct uoms_New(const char *classString) {
     if (!classString)
         return nullptr;
+    if (str_IsTooLong(classString)) {
+        error_Set("UOM class string \"%s\" contains more than %d characters.", classString,
+                  static_cast<int>(STR_MAX_LENGTH));
+        return nullptr;
+    }
     const ScratchText spaced(uom_SpacedSize(classString));
     if (!spaced.text) {
         noMemory(classString);

@@ -135,17 +135,25 @@ void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *te
     error_Set("UOM string \"%s\": unidentified UOM for UOM class \"%s\".", text, token);
 }
 
+void unit_RefuseLength(const char *text) {
+    error_Set("UOM string \"%s\" contains more than %d characters.", text, static_cast<int>(STR_MAX_LENGTH));
+}
+
 int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed, int32_t *multiplier,
                                int32_t *unit) {
     const char *source = text ? text : "";
-    const FoundUnit found = unit_FindAtHead(classId, source, style);
+    const bool overlong = str_IsTooLong(source);
+    const FoundUnit found =
+        overlong ? FoundUnit{FILL_OVERLONG, 0, 0, UOM_NULL} : unit_FindAtHead(classId, source, style);
     if (consumed)
         *consumed = found.consumed;
     if (multiplier)
         *multiplier = found.multiplier;
     if (unit)
         *unit = found.unit;
-    if (found.status == FILL_DONE)
+    if (overlong)
+        unit_RefuseLength(source);
+    else if (found.status == FILL_DONE)
         error_Clear();
     else
         unit_ExplainFailure(found, classId, source);

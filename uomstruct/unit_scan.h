@@ -25,6 +25,7 @@ enum FillStatus : int32_t {
     FILL_BAD_EXPONENT = 6,
     FILL_NEEDS_PARENTHESES = 7,
     FILL_TOO_DEEP = 8,
+    FILL_OVERLONG = 9,
     FILL_NO_MEMORY = 11
 };
 
@@ -41,6 +42,9 @@ FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style);
 
 // Writes the message of a failed unit_FindAtHead, as uom_FindUnitFromString does.
 void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *text);
+
+// The message of a unit string that is longer than STR_MAX_LENGTH.
+void unit_RefuseLength(const char *text);
 
 // Digits behind optional white space, a "-" directly in front of them included. 1 with the value and the
 // characters from `text` to the end of the digits; 0 with the value 1 when there are none. A value too large

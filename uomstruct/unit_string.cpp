@@ -34,8 +34,9 @@ struct UnitStringParser {
     int32_t groupExponent = 1;
     UomStruct compositeEnd = nullptr; // last node of the composite class being read
     int32_t opened = 0;               // a "(" was passed on the way to the unit in hand
-    UnitStringParser(const char *normalForm, int32_t scanStyle)
-        : start(normalForm), text(normalForm), style(scanStyle) {}
+    ClosingNodes closings;            // of the chain's groups
+    UnitStringParser(const char *normalForm, int32_t scanStyle, UomStruct chain)
+        : start(normalForm), text(normalForm), style(scanStyle), closings(chain) {}
 };
 
 // The character of the normal form where a place is, from 1.
@@ -95,7 +96,7 @@ FillStatus missingUnit(const UnitStringParser &parser, int32_t classId) {
 void readOpen(UnitStringParser &parser, UomStruct node) {
     int32_t exponent, open, close;
     const bool written = uom_FindParenGroup(parser.text, &exponent, &open, &close) != 0;
-    const UomStructNode *closing = chain_MatchingClose(node);
+    const UomStructNode *closing = parser.closings.take(node);
     if (!closing)
         return;
     parser.groupExponent = closing->exponent;
@@ -115,30 +116,18 @@ void readClose(UnitStringParser &parser) {
 
 // --- plain classes
 
-int32_t countOpenAhead(const char *text) {
-    int32_t count = 0;
-    for (; *text && !unit_IsNameStart(*text); ++text)
-        count += *text == '(';
-    return count;
-}
-
-// Finds the unit with as few parentheses passed as possible, since a unit's name may begin with one.
+// Finds the unit with as few parentheses passed as possible, since a unit's name may begin with one. Each try goes on
+// from the "(" where the last one stopped.
 FoundUnit findPlainUnit(UnitStringParser &parser, int32_t classId) {
-    const char *const from = parser.text;
-    const int32_t openAhead = countOpenAhead(from);
-    if (openAhead == 0) {
-        skipToUnit(parser, 0);
-        return unit_FindAtHead(classId, parser.text, parser.style);
-    }
-    const SignStack signs = parser.signs;
-    FoundUnit found = {};
-    for (int32_t passed = 0; passed <= openAhead; ++passed) {
-        parser.text = from;
-        parser.signs = signs;
-        skipToUnit(parser, passed);
+    skipToUnit(parser, 0);
+    FoundUnit found = unit_FindAtHead(classId, parser.text, parser.style);
+    while (found.status != FILL_DONE && *parser.text == '(' && !parser.signs.tooDeep) {
+        push(parser.signs);
+        ++parser.text;
+        if (!parser.signs.tooDeep)
+            skipToUnit(parser, 0);
+        parser.opened = 1;
         found = unit_FindAtHead(classId, parser.text, parser.style);
-        if (found.status == FILL_DONE || parser.signs.tooDeep)
-            break;
     }
     return found;
 }
@@ -377,6 +366,10 @@ int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t
         error_Set("No UOM string specified in function uom_FillStructFromString().");
         return FILL_BAD_ARGUMENT;
     }
+    if (str_IsTooLong(uomString)) {
+        unit_RefuseLength(uomString);
+        return FILL_OVERLONG;
+    }
     const int32_t slate = uom_GetSetType(uomString);
     if (slate > UOM_SET_NULL && slate < UOM_SET_MAX) {
         chain_TakeSlate(chain, slate);
@@ -388,7 +381,7 @@ int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t
         return FILL_NO_MEMORY;
     }
     unit_Normalize(normal.text, uomString);
-    UnitStringParser parser(normal.text, style);
+    UnitStringParser parser(normal.text, style, chain);
     const FillStatus status = readChain(parser, chain);
     if (status == FILL_TOO_DEEP)
         error_Set("UOM string \"%s\" at character %d: more than %d open parentheses.", parser.start,
