@@ -30,9 +30,9 @@ UomStructNode asSpecificGravity(const UomStructNode &node) {
     return copy;
 }
 
-bool scaleOf(const UomStructNode &node, double *offset, double *factor) {
+bool scaleOf(const UomStructNode &node, double *offset, double *factor, Rounds &rounds) {
     if (uom_UnitScale(node.classId, node.exponent, node.baseClass, node.unit, node.baseExponent, node.multiplier,
-                      offset, factor) != 0)
+                      offset, factor, rounds) != 0)
         return false;
     if (node.unit == UOM_U_SPGR && node.next && node.next->baseClass == CLASS_VAP_VOL)
         *factor = VAPOR_GRAVITY_FACTOR;
@@ -59,6 +59,7 @@ struct GroupLevel {
 
 struct Walk {
     double value;
+    Rounds rounds;
     GroupLevel levels[MAX_OPEN_GROUPS];
     int32_t depth = 0; // more than the levels hold: the groups beyond are walked, and their powers ignored
 };
@@ -88,7 +89,7 @@ bool isSame(const Triple &a, const Triple &b) {
 // The value has passed through the group once. The level is folded one time less than the power says, kept:
 // the array path reproduces the running pair as it stands.
 void raiseLinearGroup(Walk &walk, GroupLevel &level, int64_t times) {
-    for (int64_t i = 0; i < times; ++i) {
+    for (; times > 0 && walk.rounds.take(); --times) {
         const Triple before = tripleOf(walk, level);
         walk.value = (walk.value + uomRunOffset) * uomRunFactor;
         if (level.linear) {
@@ -102,7 +103,7 @@ void raiseLinearGroup(Walk &walk, GroupLevel &level, int64_t times) {
 
 // Undoes the forward pass and then applies the inverse.
 void invertLinearGroup(Walk &walk, GroupLevel &level, int64_t times) {
-    for (int64_t i = 0; i < times; ++i) {
+    for (; times > 0 && walk.rounds.take(); --times) {
         const Triple before = tripleOf(walk, level);
         walk.value = walk.value / uomRunFactor - uomRunOffset;
         if (level.linear) {
@@ -114,16 +115,21 @@ void invertLinearGroup(Walk &walk, GroupLevel &level, int64_t times) {
     }
 }
 
+void convertNode(Walk &walk, const UomStructNode *from, const UomStructNode *to) {
+    if (walk.rounds.take())
+        walk.value = uom_FromBase(uom_ToBase(walk.value, from, walk.rounds), to, walk.rounds);
+}
+
 // Walks the inside of a group again, all but its last node, kept.
 void repeatGroup(Walk &walk, const GroupLevel &level, const UomStructNode *close, int64_t times) {
-    for (int64_t i = 0; i < times; ++i) {
+    for (; times > 0; --times) {
         const double before = walk.value;
         const bool pendingBefore = uomApiPending != 0;
         UomStruct from = level.from;
         UomStruct to = level.to;
         for (; from && to && from != close && from->next != close; from = from->next, to = to->next)
-            walk.value = uom_FromBase(uom_ToBase(walk.value, from), to);
-        if (num_Same(before, walk.value) && !pendingBefore && !uomApiPending)
+            convertNode(walk, from, to);
+        if ((num_Same(before, walk.value) && !pendingBefore && !uomApiPending) || walk.rounds.exhausted)
             break;
     }
 }
@@ -153,7 +159,7 @@ void closeGroup(Walk &walk, const UomStructNode *close) {
 
 } // namespace
 
-double uom_ToBase(double value, const UomStructNode *node) {
+double uom_ToBase(double value, const UomStructNode *node, Rounds &rounds) {
     if (num_IsNull(value))
         return value;
     if (isGravity(*node) && !num_Equal(value, -GRAVITY_SHIFT)) {
@@ -162,12 +168,12 @@ double uom_ToBase(double value, const UomStructNode *node) {
             value = node->baseExponent < 0 ? value / power : value * power;
         }
         const UomStructNode relative = asSpecificGravity(*node);
-        const double base = uom_ToBase(GRAVITY_SCALE / (value + GRAVITY_SHIFT), &relative);
+        const double base = uom_ToBase(GRAVITY_SCALE / (value + GRAVITY_SHIFT), &relative, rounds);
         uomRunLinear = 0;
         return base;
     }
     double offset, factor;
-    if (!scaleOf(*node, &offset, &factor))
+    if (!scaleOf(*node, &offset, &factor, rounds))
         return value;
     if (uomRunLinear) {
         uomRunOffset += offset / uomRunFactor;
@@ -176,12 +182,12 @@ double uom_ToBase(double value, const UomStructNode *node) {
     return (value + offset) * factor;
 }
 
-double uom_FromBase(double value, const UomStructNode *node) {
+double uom_FromBase(double value, const UomStructNode *node, Rounds &rounds) {
     if (num_IsNull(value))
         return value;
     if (isGravity(*node) && !num_Equal(value, 0.0)) {
         const UomStructNode relative = asSpecificGravity(*node);
-        value = uom_FromBase(value, &relative);
+        value = uom_FromBase(value, &relative, rounds);
         uomApiExponent = node->baseExponent;
         uomApiMultiplier = node->multiplier;
         uomApiPending = 1;
@@ -189,7 +195,7 @@ double uom_FromBase(double value, const UomStructNode *node) {
         return value;
     }
     double offset, factor;
-    if (scaleOf(*node, &offset, &factor)) {
+    if (scaleOf(*node, &offset, &factor, rounds)) {
         value = value / factor;
         // An offset of zero or below is not taken off, kept; the running pair takes every offset.
         if (offset > 0.0)
@@ -219,7 +225,10 @@ double uom_ConvertFromTo(double value, UomStruct from, UomStruct to) {
         else if (from->classId == CLASS_CLOSE)
             closeGroup(walk, from);
         else
-            walk.value = uom_FromBase(uom_ToBase(walk.value, from), to);
+            convertNode(walk, from, to);
     }
-    return walk.value;
+    if (!walk.rounds.exhausted)
+        return walk.value;
+    uomRunLinear = 0;
+    return numNullDouble;
 }

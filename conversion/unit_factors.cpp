@@ -12,33 +12,49 @@ struct Scale {
     bool hasOffset;
 };
 
+// As num_PowInt.
+double power(double x, int64_t n, Rounds &rounds) {
+    double product = 1.0;
+    for (; n > 0 && rounds.take(); --n) {
+        const double next = product * x;
+        if (num_Same(next, product))
+            return next;
+        product = next;
+    }
+    return product;
+}
+
 // With an offset the factor comes out to the power n + 2, kept: a squared temperature or pressure has no
 // other defined meaning.
-void raise(Scale &scale, int64_t n) {
+void raise(Scale &scale, int64_t n, Rounds &rounds) {
     if (n <= 1)
         return;
     if (!scale.hasOffset) {
-        scale.factor = num_PowInt(scale.factor, static_cast<int32_t>(n < INT32_MAX ? n : INT32_MAX));
+        scale.factor = power(scale.factor, n, rounds);
         return;
     }
-    double power = 1.0;
+    double product = 1.0;
     double sum = 1.0;
-    for (int64_t i = 0; i < n; ++i) {
-        const double next = power * scale.factor;
+    if (scale.factor == 1.0) {
+        sum += static_cast<double>(n); // as the rounds would: whole numbers add up exactly
+        n = 0;
+    }
+    for (; n > 0 && rounds.take(); --n) {
+        const double next = product * scale.factor;
         const double nextSum = sum + next;
-        if (next == power && nextSum == sum)
+        if (next == product && nextSum == sum)
             break;
-        power = next;
+        product = next;
         sum = nextSum;
     }
-    scale.offset = sum / power * scale.offset;
-    scale.factor = scale.factor * power * scale.factor;
+    scale.offset = sum / product * scale.offset;
+    scale.factor = scale.factor * product * scale.factor;
 }
 
 } // namespace
 
 int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit, int32_t baseExponent,
-                      int32_t multiplier, double *offset, double *factor) {
+                      int32_t multiplier, double *offset, double *factor, Rounds &rounds) {
     *offset = 0.0;
     *factor = 1.0;
     const UomClassRow *row = class_ValidRow(classId);
@@ -54,14 +70,14 @@ int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int3
     // it.
     const bool split = multiplier != 0 && class_IsComposite(*row) && exponent != 0;
     const int64_t inner = split ? int64_t{baseExponent} / exponent : baseExponent;
-    raise(scale, inner < 0 ? -inner : inner);
+    raise(scale, inner < 0 ? -inner : inner, rounds);
     if (multiplier != 0) {
-        const double power = num_PowInt(10.0, multiplier);
-        scale.factor = scale.factor * power;
-        scale.offset = scale.offset / power;
+        const double thousands = num_PowInt(10.0, multiplier);
+        scale.factor = scale.factor * thousands;
+        scale.offset = scale.offset / thousands;
     }
     if (split)
-        raise(scale, num_Magnitude(exponent));
+        raise(scale, num_Magnitude(exponent), rounds);
     if (baseExponent < 0) {
         scale.factor = 1.0 / scale.factor;
         scale.offset = 0.0 - scale.offset;
