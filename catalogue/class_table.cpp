@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "catalogue/state.h"
+#include "support/memory.h"
 #include "support/name_index.h"
 #include "support/text.h"
 
@@ -41,54 +42,90 @@ int32_t findKeyword(const char *text) {
     return CLASS_NONE;
 }
 
-NameIndex tokenIndex;
+NameIndex tokenIndex; // tokens and alternative tokens
+NameIndex nameIndex;  // long names
 
-bool hasToken(const UomClassRow *row, const char *text) {
+bool hasToken(int32_t classId, const char *text) {
+    const UomClassRow *row = class_Row(classId);
     return row && (str_EqualNoCase(row->token, text) || str_EqualNoCase(row->altToken, text));
+}
+
+bool hasName(int32_t classId, const char *text) {
+    const UomClassRow *row = class_Row(classId);
+    return row && str_EqualNoCase(row->name, text);
 }
 
 // Tokens of all rows go before the first long name.
 int32_t findToken(const char *text) {
-    const UomClassRow *const *rows = tbl_Records<const UomClassRow>(uomClassTable);
     const int32_t count = static_cast<int32_t>(tbl_Count(uomClassTable));
-    if (tokenIndex.places) {
-        const int32_t found = names_Find(tokenIndex, text, [=](int32_t i) { return rows && hasToken(rows[i], text); });
-        if (found >= 0)
-            return found;
-    }
-    for (int32_t i = 0; !tokenIndex.places && i < count; ++i)
-        if (hasToken(rows[i], text))
-            return i;
-    for (int32_t i = 0; i < count; ++i)
-        if (rows[i] && str_EqualNoCase(rows[i]->name, text))
-            return i;
-    return CLASS_NONE;
+    int32_t found = names_Find(tokenIndex, text, count, [=](int32_t i) { return hasToken(i, text); });
+    if (found < 0)
+        found = names_Find(nameIndex, text, count, [=](int32_t i) { return hasName(i, text); });
+    return found < 0 ? CLASS_NONE : found;
+}
+
+using HasText = bool (*)(int32_t classId, const char *text);
+
+bool indexText(NameIndex &index, const char *text, int32_t classId, HasText has) {
+    return str_IsEmpty(text) || names_Add(index, text, classId, [=](int32_t other) { return has(other, text); });
+}
+
+bool indexRow(int32_t classId) {
+    const UomClassRow *row = class_Row(classId);
+    return !row || (indexText(tokenIndex, row->token, classId, hasToken) &&
+                    indexText(tokenIndex, row->altToken, classId, hasToken) &&
+                    indexText(nameIndex, row->name, classId, hasName));
+}
+
+void unindexText(NameIndex &index, const char *text, int32_t classId) {
+    if (!str_IsEmpty(text))
+        names_Remove(index, text, classId);
+}
+
+int32_t lastRow() {
+    return static_cast<int32_t>(tbl_Count(uomClassTable)) - 1;
 }
 
 } // namespace
 
 void class_DropIndex() {
     names_Free(tokenIndex);
+    names_Free(nameIndex);
 }
 
-static bool indexRow(uint32_t place) {
-    const UomClassRow *row = class_Row(static_cast<int32_t>(place));
-    for (const char *token : {row ? row->token : nullptr, row ? row->altToken : nullptr})
-        if (!str_IsEmpty(token) && !names_Add(tokenIndex, token, static_cast<int32_t>(place)))
-            return false;
-    return true;
-}
-
-void class_IndexTokens() {
+void class_IndexTexts() {
     const uint32_t count = tbl_Count(uomClassTable);
-    names_Reset(tokenIndex, 2 * count);
-    for (uint32_t i = 0; tokenIndex.places && i < count; ++i)
+    if (!names_Reset(tokenIndex, 2 * count) || !names_Reset(nameIndex, count))
+        return class_DropIndex();
+    for (int32_t i = 0; i <= lastRow(); ++i)
         indexRow(i);
 }
 
 void class_IndexLastRow() {
-    if (!indexRow(tbl_Count(uomClassTable) - 1))
-        class_IndexTokens();
+    if (!indexRow(lastRow()))
+        class_IndexTexts();
+}
+
+void class_UnindexLastRow() {
+    const UomClassRow *row = class_Row(lastRow());
+    if (!row)
+        return;
+    unindexText(tokenIndex, row->token, lastRow());
+    unindexText(tokenIndex, row->altToken, lastRow());
+    unindexText(nameIndex, row->name, lastRow());
+}
+
+int32_t class_SetName(int32_t classId, const char *name) {
+    UomClassRow *row = class_Row(classId);
+    const bool last = classId == lastRow();
+    if (last)
+        class_UnindexLastRow();
+    const int32_t status = mem_ExchangeText(&row->name, name);
+    if (last)
+        class_IndexLastRow();
+    else
+        class_IndexTexts();
+    return status;
 }
 
 bool class_IsValid(int32_t classId) {

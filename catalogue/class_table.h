@@ -28,11 +28,17 @@ UomClassRow *class_ValidRow(int32_t classId);
 // tokens and then at long names.
 int32_t class_Find(const char *text, int32_t style);
 
-// The fast way of class_Find to a token. Built with the class table and after each change of a row or a
-// token; without it (or without the memory for it) a look-up walks the table.
-void class_IndexTokens();
-void class_IndexLastRow(); // when a row was added
+// The fast way of class_Find to tokens and long names. Built with the class table and after each change of these texts,
+// continued for a new last row, and cut back in front of its deletion; without it (or without the memory for it) a
+// look-up walks the table.
+void class_IndexTexts();
+void class_IndexLastRow();
+void class_UnindexLastRow();
 void class_DropIndex();
+
+// Replaces the long name of a custom class. 0, or 11 with the old name kept when memory is exhausted.
+// REQUIRES: the row exists and owns its texts.
+int32_t class_SetName(int32_t classId, const char *name);
 
 // Whether the class is expanded into components: its first or second slot is used.
 bool class_IsComposite(const UomClassRow &row);

@@ -167,6 +167,9 @@ int32_t readUnitStage(Reader &reader, bool *ended) {
 // Makes the custom class of the line; a refused one leaves its message and is passed over.
 int32_t readClassLine(Reader &reader) {
     const char *name = reader.lines.first;
+    // The "=" directly behind a quoted name belongs to it, as it ends a plain one.
+    if (reader.lines.firstQuoted && *reader.lines.rest == '=')
+        ++reader.lines.rest;
     const char *definition = data_NextToken(reader.lines);
     const char *longName = data_NextToken(reader.lines);
     if (uoms_NewClass(name, definition) == READ_NO_MEMORY)
@@ -174,8 +177,7 @@ int32_t readClassLine(Reader &reader) {
     if (str_IsEmpty(longName))
         return READ_DONE;
     const int32_t classId = class_Find(name, defaultScanClassStyle);
-    UomClassRow *row = classId >= STATIC_CLASSES ? class_Row(classId) : nullptr;
-    return row && mem_ExchangeText(&row->name, longName) != 0 ? READ_NO_MEMORY : READ_DONE;
+    return classId >= STATIC_CLASSES ? class_SetName(classId, longName) : READ_DONE;
 }
 
 int32_t applicationListOf(std::string_view name) {

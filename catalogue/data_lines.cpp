@@ -25,6 +25,8 @@ bool data_NextLine(DataLines &lines) {
         char *start = trim(lines);
         if (!*start || isComment(start))
             continue;
+        const char mark = start[std::strspn(start, lines.delimiters)];
+        lines.firstQuoted = mark == '"' || mark == '\'';
         lines.first = str_CutToken(start, lines.delimiters, &lines.rest);
         if (lines.first)
             return true;

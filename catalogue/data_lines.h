@@ -18,6 +18,7 @@ struct DataLines {
     char raw[DATA_LINE_SIZE];  // the line as it was before it was cut into tokens
     char text[DATA_LINE_SIZE]; // the line, cut
     char *first;               // its first token
+    bool firstQuoted;          // which stood in quotes
     char *rest;                // where the next token is looked for
 };
 

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "catalogue/startup.h"
 #include "support/numbers.h"
 #include "support/text.h"
 #include "uom/uom.h"
@@ -17,6 +18,7 @@ static void onLoad() {
 static void onUnload() {
     platform_Debug("-- Release dll QXUomLib\n");
     uom_Cleanup();
+    startup_FreeAll();
 }
 
 #if defined(_WIN32)

@@ -7,9 +7,15 @@
 
 static NameIndex nameIndex;
 
+static bool isNamed(int32_t slate, const char *name) {
+    const UomSlate *record = slate_AnyRecord(slate);
+    return record && str_EqualNoCase(record->name, name);
+}
+
 static bool indexSlate(int32_t place) {
     const UomSlate *slate = slate_AnyRecord(place);
-    return !slate || !slate->name || names_Add(nameIndex, slate->name, place);
+    return !slate || !slate->name ||
+           names_Add(nameIndex, slate->name, place, [=](int32_t i) { return isNamed(i, slate->name); });
 }
 
 void slate_IndexNames() {
@@ -24,6 +30,13 @@ void slate_IndexNames() {
 void slate_IndexLast() {
     if (!indexSlate(uom_GetSetCount() - 1))
         slate_IndexNames();
+}
+
+void slate_UnindexLast() {
+    const int32_t last = uom_GetSetCount() - 1;
+    const UomSlate *slate = slate_AnyRecord(last);
+    if (slate && slate->name)
+        names_Remove(nameIndex, slate->name, last);
 }
 
 bool slate_IsValid(int32_t slate) {
@@ -45,14 +58,7 @@ int32_t uom_GetSetCount() {
 int32_t uom_GetSetType(const char *name) {
     if (!name || UOM_SET_MAX < 1)
         return -1;
-    const UomSlate *const *slates = tbl_Records<const UomSlate>(uomSlateTable);
-    const auto bears = [=](int32_t i) { return slates && slates[i] && str_EqualNoCase(slates[i]->name, name); };
-    if (nameIndex.places)
-        return names_Find(nameIndex, name, bears);
-    for (int32_t i = 0; i < uom_GetSetCount(); ++i)
-        if (bears(i))
-            return i;
-    return -1;
+    return names_Find(nameIndex, name, uom_GetSetCount(), [=](int32_t i) { return isNamed(i, name); });
 }
 
 int32_t slate_Parent(const UomSlate &slate) {

@@ -14,10 +14,11 @@ UomSlate *slate_Record(int32_t slate);
 // The record of any slate, the unnamed one included, null past the ends.
 UomSlate *slate_AnyRecord(int32_t slate);
 
-// The fast way of uom_GetSetType. Built anew by whoever deletes or renames a slate, and continued for a new
-// one; without it (or without the memory for it) a look-up walks the table.
+// The fast way of uom_GetSetType. Built anew by whoever deletes or renames a slate, continued for a new one, and cut
+// back in front of the deletion of the last; without it (or without the memory for it) a look-up walks the table.
 void slate_IndexNames();
 void slate_IndexLast();
+void slate_UnindexLast();
 
 // The number of records in the table.
 int32_t uom_GetSetCount();

@@ -123,12 +123,6 @@ void freeClassTable() {
     class_DropIndex();
 }
 
-// A failed start left its tables; the class and unit tables are made anew and would be lost.
-void freeFailedStart() {
-    freeClassTable();
-    freeUnitTable();
-}
-
 bool enterClassRows() {
     uomClassTable = tbl_Create(STATIC_CLASSES, TABLE_INT64);
     uomClassCount = 0;
@@ -136,7 +130,7 @@ bool enterClassRows() {
         tbl_PutRecord(uomClassTable, i, &uomStaticRows[i]);
         ++uomClassCount;
     }
-    class_IndexTokens();
+    class_IndexTexts();
     return uomClassTable != nullptr;
 }
 
@@ -211,7 +205,7 @@ bool renameByMode() {
     }
     uomStaticRows[CLASS_LIQ_VOL].altToken = "Vol";
     unit_IndexTokens();
-    class_IndexTokens();
+    class_IndexTexts();
     return done;
 }
 
@@ -258,6 +252,10 @@ void freeAll() {
 
 } // namespace
 
+void startup_FreeAll() {
+    freeAll();
+}
+
 int32_t startup_CheckTables() {
     int32_t status = START_DONE;
     for (int32_t i = 0; i < STATIC_CLASSES; ++i) {
@@ -286,7 +284,7 @@ int32_t uom_Init(void) {
 
 // The sequence of start-up, from the words to the gauge pressure.
 static int32_t start(int32_t count, const char *const *words) {
-    freeFailedStart();
+    freeAll(); // what a failed start left
     resetOptions();
     readOptions(count, words);
     readPath(count, words, uomDataFile, true);

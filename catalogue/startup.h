@@ -8,4 +8,7 @@
 // for the class table, 4 for the unit table (also when both are at fault), with a message.
 int32_t startup_CheckTables();
 
+// Frees the catalogue, also the one that a failed start left behind. For the unloading of the library.
+void startup_FreeAll();
+
 #endif

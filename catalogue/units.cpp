@@ -108,15 +108,9 @@ const char *unit_Token(int32_t unit) {
 }
 
 int32_t unit_FindToken(std::string_view token) {
-    if (tokenIndex.places) {
-        const int32_t found = names_Find(tokenIndex, token, [=](int32_t i) { return hasToken(record(i), token); });
-        return found < 0 ? UOM_NULL : found;
-    }
     const int32_t count = static_cast<int32_t>(tbl_Count(uomUnitTable));
-    for (int32_t i = 0; i < count; ++i)
-        if (hasToken(record(i), token))
-            return i;
-    return UOM_NULL;
+    const int32_t found = names_Find(tokenIndex, token, count, [=](int32_t i) { return hasToken(record(i), token); });
+    return found < 0 ? UOM_NULL : found;
 }
 
 int32_t unit_FindJoined(std::string_view head, std::string_view tail) {
@@ -162,7 +156,8 @@ void unit_IndexTokens() {
     for (uint32_t i = 0; i < count; ++i) {
         const UomUnit *unit = record(static_cast<int32_t>(i));
         if (unit && unit->token)
-            names_Add(tokenIndex, unit->token, static_cast<int32_t>(i));
+            names_Add(tokenIndex, unit->token, static_cast<int32_t>(i),
+                      [=](int32_t other) { return hasToken(record(other), unit->token); });
     }
 }
 

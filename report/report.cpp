@@ -37,11 +37,26 @@ FILE *openOutput(const char *path, int32_t *failure) {
     return out;
 }
 
+// The status of the last flush, EOF also when an earlier write failed.
 int32_t closeOutput(FILE *out) {
-    const int32_t status = std::fflush(out);
+    int32_t status = std::fflush(out);
+    if (std::ferror(out))
+        status = EOF;
     if (out != stdout)
         std::fclose(out);
     return status;
+}
+
+// Writes a document to the file of the path; a document that memory did not suffice for is not whole.
+template <class Write> int32_t writeOutput(const char *path, Write write) {
+    int32_t failure;
+    FILE *out = openOutput(path, &failure);
+    if (!out)
+        return failure;
+    const MemoryWatch memory;
+    write(out);
+    const int32_t status = closeOutput(out);
+    return memory.exhausted() ? ENOMEM : status;
 }
 
 void writeSections(const Report &report) {
@@ -76,8 +91,9 @@ void writeDefinitions(FILE *out) {
             std::fputs("\n", out);
         writeDefinition(out, *slate);
     }
+    // By name: a host may have made it where the data file had none.
     std::fputs("\n", out);
-    if (const UomSlate *current = slate_Record(UOM_SET_CURRENT))
+    if (const UomSlate *current = slate_Record(uom_GetSetType("Current")))
         writeDefinition(out, *current);
 }
 
@@ -106,12 +122,8 @@ int32_t uom_Dump(int32_t options, const char *path) {
         cleanPath(clean.text, size, path);
         return uom_DumpSlates(clean.text);
     }
-    int32_t failure;
-    FILE *out = openOutput(path, &failure);
-    if (!out)
-        return failure;
-    writeSections({out, options == 0 ? int32_t{REPORT_DEFAULT} : options});
-    return closeOutput(out);
+    const int32_t chosen = options == 0 ? int32_t{REPORT_DEFAULT} : options;
+    return writeOutput(path, [=](FILE *out) { writeSections({out, chosen}); });
 }
 
 int32_t uom_DumpByName(const char *word, const char *path) {
@@ -124,10 +136,5 @@ int32_t uom_DumpByName(const char *word, const char *path) {
 }
 
 int32_t uom_DumpSlates(const char *path) {
-    int32_t failure;
-    FILE *out = openOutput(path, &failure);
-    if (!out)
-        return failure;
-    writeDefinitions(out);
-    return closeOutput(out);
+    return writeOutput(path, writeDefinitions);
 }

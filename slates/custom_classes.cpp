@@ -3,7 +3,8 @@
 // up to three classes.
 #include "slates/custom_classes.h"
 
-#include <cstring>
+#include <algorithm>
+#include <iterator>
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
@@ -125,14 +126,38 @@ void forgetInSlate(int32_t slate, int32_t classId) {
     tbl_Remove(record->compositeDefaults, place, 1);
 }
 
+// Whether a custom class is made of this one.
+bool isComponent(int32_t classId) {
+    for (int32_t i = STATIC_CLASSES; i < uomClassCount; ++i) {
+        const UomClassRow *row = class_Row(i);
+        if (row && std::find(std::begin(row->baseClass), std::end(row->baseClass), classId) != std::end(row->baseClass))
+            return true;
+    }
+    return false;
+}
+
+// The components of custom classes keep their classes when one in front of those is gone.
+void renumberComponents(int32_t gone) {
+    for (int32_t i = STATIC_CLASSES; i < uomClassCount; ++i)
+        if (UomClassRow *row = class_Row(i))
+            for (int32_t &component : row->baseClass)
+                component -= component > gone;
+}
+
 // Takes a custom class out of the slates and the table.
 void removeClass(int32_t classId) {
     for (int32_t slate = UOM_SET_NULL + 1; slate < UOM_SET_MAX; ++slate)
         forgetInSlate(slate, classId);
+    const bool last = classId + 1 == uomClassCount;
+    if (last)
+        class_UnindexLastRow();
     class_FreeRow(class_Row(classId));
     tbl_Remove(uomClassTable, static_cast<uint32_t>(classId), 1);
     --uomClassCount;
-    class_IndexTokens();
+    if (last)
+        return;
+    renumberComponents(classId);
+    class_IndexTexts();
 }
 
 } // namespace
@@ -187,7 +212,7 @@ int32_t uoms_DeleteClass(const char *name) {
     if (!name)
         return CLASS_BAD_ARGUMENT;
     const int32_t classId = class_Find(name, STYLE_TOKEN);
-    if (classId < FIRST_DELETABLE)
+    if (classId < FIRST_DELETABLE || isComponent(classId))
         return CLASS_EXISTS;
     const MemoryWatch memory;
     const int32_t oldCount = uomClassCount;
@@ -214,7 +239,7 @@ int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t st
     if (style == STYLE_KEYWORD)
         return mem_ExchangeText(&row->keyword, newText);
     if (style == STYLE_LONG_NAME)
-        return mem_ExchangeText(&row->name, newText);
+        return class_SetName(classId, newText);
     return 4;
 }
 

@@ -40,6 +40,11 @@ int32_t acceptSlate(const char *slateName, const char *className) {
     return slate;
 }
 
+int32_t noMemory(const char *className) {
+    error_Set("The default of the Unit-of-Measure class \"%s\" was not set: memory is exhausted.", className);
+    return DEFAULT_NO_MEMORY;
+}
+
 bool statesAnything(const int32_t *units, int32_t count) {
     for (int32_t i = 0; units && i < count; ++i)
         if (units[i] > UOM_NULL)
@@ -117,13 +122,15 @@ int32_t uoms_SetClassDefault(const char *slateName, const char *className, const
     const int32_t slate = acceptSlate(slateName, className);
     if (slate < 0)
         return DEFAULT_REFUSED;
-    if (uoms_IsSetProperty(className))
-        return uoms_PutSetProperty(slateName, className, value);
+    if (uoms_IsSetProperty(className)) {
+        const int32_t status = uoms_PutSetProperty(slateName, className, value);
+        return status == DEFAULT_NO_MEMORY ? noMemory(className) : status;
+    }
     const int32_t classId = class_Find(className, defaultScanClassStyle);
     const MemoryWatch memory;
     const ScopedChain chain(classId < 1 ? nullptr : uoms_New(className));
     if (memory.exhausted())
-        return DEFAULT_NO_MEMORY;
+        return noMemory(className);
     if (!chain.chain) {
         error_Set("Unrecognized Unit-of-Measure class \"%s\".", className);
         return DEFAULT_REFUSED;
@@ -137,7 +144,8 @@ int32_t uoms_SetClassDefault(const char *slateName, const char *className, const
         uom_GetCurrentUnits(chain.chain, CHAIN_UNITS, units);
         uom_GetMultipliers(chain.chain, CHAIN_UNITS, multipliers);
     }
-    return uom_SetClassDefault(slate, classId, units, multipliers);
+    const int32_t status = uom_SetClassDefault(slate, classId, units, multipliers);
+    return memory.exhausted() ? noMemory(className) : status;
 }
 
 int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length) {

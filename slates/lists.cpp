@@ -76,7 +76,7 @@ void replaceList(UomClassRow *row, ListField field, ListField other, int32_t *un
 int32_t setFromTokens(const char *classText, const UomTable *tokens, ListField field, ListField other) {
     const int32_t classId = class_Find(classText, STYLE_TOKEN);
     UomClassRow *row = classId < 1 ? nullptr : class_Row(classId);
-    if (!row)
+    if (!row || (tokens && tokens->kind != TABLE_TEXT))
         return 1;
     int32_t *units = nullptr;
     if (tbl_Count(tokens) > 0 && unit_ResolveList(&units, tokens) != 0)

@@ -220,10 +220,14 @@ int32_t uoms_CopySet(const char *destination, const char *source) {
 int32_t uom_DeleteSet(int32_t slate) {
     const bool exists = slate >= 0 && slate < uom_GetSetCount();
     if (exists) {
+        const bool last = slate + 1 == uom_GetSetCount();
+        if (last)
+            slate_UnindexLast();
         if (UomSlate *record = slate_AnyRecord(slate))
             freeSlate(record);
         tbl_Remove(uomSlateTable, static_cast<uint32_t>(slate), 1);
-        slate_IndexNames();
+        if (!last || uom_GetSetCount() == 0)
+            slate_IndexNames();
     }
     refreshSlateCount();
     return exists ? 0 : 1;

@@ -50,7 +50,7 @@ void readUnit(PairWalk &walk, UomStruct node, const char *text) {
         return;
     }
     int32_t consumed, multiplier, unit;
-    walk.status = uom_FindUnitFromString(node->baseClass, text, defaultScanUOMStyle, &consumed, &multiplier, &unit);
+    walk.status = uom_FindUnitFromString(node->baseClass, text, STYLE_TOKEN, &consumed, &multiplier, &unit);
     if (walk.status != 0)
         return;
     chain_SetUnit(node, unit);
@@ -149,6 +149,7 @@ int32_t uoms_PutClassUnitPairs(const char *classString, const char *const *pairs
 int32_t uoms_GetClassWithBasis(const char *classString, const char *basis, int32_t size, char *out) {
     if (!classString || !str_Open(out, size))
         return 1;
+    std::memset(out, 0, static_cast<size_t>(size));
     str_CopyBounded(out, static_cast<size_t>(size), classString);
     int32_t count;
     char **pairs = uoms_GetClassUnitPairs(classString, "Current", &count);

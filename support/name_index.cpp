@@ -1,6 +1,6 @@
 #include "support/name_index.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include "support/memory.h"
 #include "support/text.h"
@@ -14,7 +14,7 @@ bool names_Reset(NameIndex &index, uint32_t names) {
     index.mask = size - 1;
     index.count = 0;
     if (index.places)
-        std::memset(index.places, -1, size * sizeof *index.places);
+        std::fill_n(index.places, size, PLACE_FREE);
     return index.places != nullptr;
 }
 
@@ -30,14 +30,10 @@ uint32_t names_Hash(std::string_view name) {
     return hash;
 }
 
-bool names_Add(NameIndex &index, std::string_view name, int32_t number) {
-    // Half of the places stay free, so that every search ends soon.
-    if (!index.places || 2 * index.count > index.mask)
-        return false;
-    uint32_t place = names_Hash(name) & index.mask;
-    while (index.places[place] >= 0)
-        place = (place + 1) & index.mask;
-    index.places[place] = number;
-    ++index.count;
-    return true;
+void names_Remove(NameIndex &index, std::string_view name, int32_t number) {
+    if (!index.places)
+        return;
+    int32_t &place = index.places[names_Search(index, name, [=](int32_t other) { return other == number; })];
+    if (place != PLACE_FREE)
+        place = PLACE_LEFT;
 }

@@ -264,7 +264,10 @@ void tbl_Remove(UomTable *table, uint32_t index, uint32_t n) {
                      static_cast<size_t>(kept - index) * table->width);
     // What moved down or was freed stands no second time, also when the block cannot shrink.
     std::memset(element(table, kept), 0, static_cast<size_t>(n) * table->width);
-    tbl_Resize(table, kept);
+    if (kept == 0)
+        emptyTable(table);
+    else if (mem_Realloc(&table->data, static_cast<size_t>(kept) * table->width) == 0)
+        table->count = kept;
 }
 
 void tbl_Insert(UomTable *table, uint32_t index, uint32_t n) {

@@ -1,7 +1,6 @@
-// The text of a filled chain, "kPa/(m3/sec)2", in any style. Each node gives one piece; a few running values
-// decide on
-// "/", "-", a blank, a leading "1" and parentheses. A "/" stands at each change of sign of the exponents, so
-// that the text reads back to the same chain.
+// The text of a filled chain, "kPa/(m3/sec)2", in any style. Each node gives one piece; a few running values decide on
+// "/", "-", a blank, a leading "1" and parentheses. A "/" stands at each change of sign of the exponents, so that the
+// text reads back to the same chain.
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -28,11 +27,9 @@ struct Level {
 
 // The running values of one call.
 struct UnitPrinter {
-    char *out;
-    size_t size;
+    TextWriter writer;
     int32_t style;
     ClosingNodes closings;
-    size_t written = 0;
     bool atStart = true;      // nothing to separate from: at the start, and behind "(" and "/"
     int32_t lastExponent = 1; // a "/" is due when the next has the other sign
     int32_t previousBaseClass = 0;
@@ -40,9 +37,8 @@ struct UnitPrinter {
     int32_t depth = 0; // beyond the levels, groups are printed without their powers' memory
 };
 
-void add(UnitPrinter &printer, const char *piece) {
-    str_AppendBounded(printer.out, printer.size, piece);
-    printer.written += std::strlen(piece);
+void add(UnitPrinter &printer, std::string_view piece) {
+    str_Write(printer.writer, piece);
 }
 
 bool changesSign(int32_t a, int32_t b) {
@@ -88,8 +84,8 @@ void printOpen(UnitPrinter &printer, UomStruct node) {
         printer.lastExponent = exponent;
         if (printer.atStart) {
             // Replaces all that stands there, kept.
-            str_CopyBounded(printer.out, printer.size, "1");
-            printer.written = 1;
+            printer.writer.wanted = 0;
+            add(printer, "1");
         }
         add(printer, "/");
     }
@@ -231,8 +227,8 @@ char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t styl
     if (!out || size < 1)
         return out;
     std::memset(out, 0, static_cast<size_t>(size));
-    UnitPrinter printer = {out, static_cast<size_t>(size), style_Effective(style), ClosingNodes(chain)};
-    for (UomStruct node = chain; node && printer.written + 1 < printer.size; node = node->next) {
+    UnitPrinter printer = {TextWriter(out, static_cast<size_t>(size)), style_Effective(style), ClosingNodes(chain)};
+    for (UomStruct node = chain; node && printer.writer.wanted + 1 < printer.writer.size; node = node->next) {
         printNode(printer, node);
         if (node->classId != CLASS_OPEN && node->classId != CLASS_CLOSE)
             printer.previousBaseClass = node->baseClass;
