@@ -103,18 +103,21 @@ UOM_API int32_t uom_Init(void);
  *   count, words  option words, any case, each also with "-" or "/" in front; unknown words are skipped:
  *                 "kesta", "vel2go", "orbex"  the mode (orbex wins over kesta, kesta over vel2go; none is orbex)
  *                 "allowmult"                 unit multipliers are allowed (always so in kesta and vel2go)
- *                 "qx71"                      uom_GetClassType answers in the older numbering
+ *                 "qx71"                      uom_GetClassType answers in the older numbering, see there
  *                 "mole", "molar"             how a Quantity counts moles; the first of the two wins, default mole
  *                 "-f" or "/f", then a path   the data file; "-fPATH" in one word does the same. Without it the file
  *                                             of the last start-up is read
  *                 null words or a count below 1 mean no words
- * Returns 0; 1 the data file cannot be opened, 2 it has a section keyword in a wrong place, 11 memory is exhausted,
- * each with a message and the library not started; or 3 (class table), 4 (unit table) inconsistent, with a message
- * and the library started. A next uom_Init2 after a failed one reads its own file over what the failed one left:
- * slates, common lists and lists of classes that it had made stay until they are replaced. */
+ * UOMOPTION lines of the file add to the words; of "mole" and "molar" the words go first.
+ * Returns 0; 1 the data file cannot be opened, is no regular file or has a path of more than 519 bytes, 2 it has a
+ * section keyword in a wrong place, 11 memory is exhausted, each with a message and the library not started; or 3
+ * (class table), 4 (unit table) inconsistent, with a message and the library started. A file with carriage returns
+ * starts with 0 and an empty catalogue on Linux. What a failed start has built stays until the next start or the
+ * unloading, which free it; the next start begins with an empty catalogue. */
 UOM_API int32_t uom_Init2(int32_t count, const char *const *words);
 
-/* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. */
+/* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. Paths that
+ * differ in the case of letters alone are the same to it. */
 UOM_API int32_t uom_Init3(int32_t count, const char *const *words);
 
 /* Ends the library and frees all that it holds; chains and tables of the host stay the host's. Does nothing on a
@@ -130,7 +133,8 @@ UOM_API const char *uom_GetLastErrorMessage(void);
  *
  * Kinds: 0, 1 signed and unsigned 8-bit integers; 2 text, each element the table's own copy; 3, 4 16-bit; 5, 6
  * 32-bit; 7, 8 64-bit integers or borrowed pointers; 9, 10 floats of 32 and 64 bits; 11 pointers that the table
- * frees. Elements are read and written as doubles; kinds 1 and 4 read back signed.
+ * frees. Elements are read and written as doubles, texts and pointers as their addresses; kinds 1, 4, 6 and 8 read back
+ * signed, and 64-bit integers beyond 2 to the power 53 are rounded.
  */
 
 UOM_API UomTable *tbl_Create(uint32_t count, int32_t kind);       /* zeroed elements; null for a bad kind */
@@ -155,11 +159,12 @@ UOM_API void tbl_Remove(UomTable *table, uint32_t index, uint32_t n);
  * elements up to it. */
 UOM_API void tbl_Insert(UomTable *table, uint32_t index, uint32_t n);
 
-UOM_API int32_t tbl_Find(const UomTable *table, double value); /* first equal element, or -1 */
-
-/* -1, 0 or 1, by the kind of the table; texts byte by byte, floats equal within the library's tolerance. */
+/* -1, 0 or 1, by the kind of the table: 1 and 4 unsigned; of 5 to 8 and 11 the low 32 bits alone, 5 and 7 signed, 6, 8
+ * and 11 unsigned; texts byte by byte, null in front of all; floats are equal within one part in a million, and any two
+ * below 1e-15 (kind 9: 1e-6) in size are. 0 for a null table. */
 UOM_API int32_t tbl_Compare(const UomTable *table, double a, double b);
-UOM_API void tbl_Sort(UomTable *table); /* ascending */
+UOM_API int32_t tbl_Find(const UomTable *table, double value); /* first element that compares equal, or -1 */
+UOM_API void tbl_Sort(UomTable *table);                        /* ascending, by the same comparison */
 
 /* A new null-terminated array of new copies of the texts, null for another kind or an empty table; freed by
  * tbl_FreeTextArray. */
@@ -168,11 +173,16 @@ UOM_API void tbl_FreeTextArray(char **texts);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Classes. A class number is in range when it is at least 1 and below uom_GetUOMClassCount().
+ *
+ * Texts of classes, units and slates are ASCII and the Latin-1 bytes 178 and 179, superscript 2 and 3, which read as
+ * digits. Any other byte stands for itself. The case of letters is ignored for those of ASCII alone.
  */
 
 /* The number of a class, 0 when there is none. Mode 2 looks at keywords ("PRES"); any other mode at tokens ("Pres"),
  * alternative tokens and then long names ("Pressure"). Keywords of a rate of any basis answer Rate. Under "qx71" the
- * answer is the number in the older numbering. */
+ * answer is the number in the older numbering, for hosts that keep such numbers (MassRate is 61 there and not 64): 0
+ * for classes that it lacks, and the number of this interface for keywords of rates and fractions. No operation accepts
+ * an older number as a class. */
 UOM_API int32_t uom_GetClassType(const char *text, int32_t mode);
 UOM_API int32_t uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty */
 
@@ -220,10 +230,12 @@ UOM_API int32_t uom_GetUnitTextLen(int32_t unit); /* length of the token, 0 for 
 UOM_API void uom_GetUnitDescription(int32_t unit, char *out, int32_t size);
 
 /* The constants of a unit, (x + offset) * factor being the value in base units; 0.0 and 1.0, and 1 returned, for a
- * bad unit. The offset of a gauge unit is the atmospheric pressure in force, in that unit. */
+ * bad unit. The offset of kPag, barg, ate, psig, kg/cm2g and mbarg is the atmospheric pressure in force, in that unit;
+ * the other gauge units keep the offsets of the data file. */
 UOM_API int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor);
 
-/* Changes the constants of a unit for all later conversions, until the next start-up. 1 for a bad unit. */
+/* Changes the constants of a unit for all later conversions, until the next start-up; the offsets of those six until an
+ * atmospheric pressure is put in force. 1 for a bad unit. */
 UOM_API int32_t uom_SetConvConstants(int32_t unit, double offset, double factor);
 
 /* Text styles by default: style 0 of all printing operations. Set answers the style that held before, and ignores
@@ -236,13 +248,15 @@ UOM_API void uom_SetAllowUOMMultipliers(int32_t allow);
 UOM_API int32_t uom_GetAllowUOMMultipliers(void);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Chains. A chain argument may be null. Arrays run parallel to the nodes, in chain order.
+ * Chains. A chain argument may be null. Arrays run parallel to the nodes, in chain order. Nodes are made and linked by
+ * these operations alone: a host writes no `next`, since appending remembers where the last chain ended.
  */
 
 /* A new chain for a class string, its units still empty; null with a message when a class is unknown, the
- * parentheses do not balance, there are more than 20 classes and parentheses or memory is exhausted, and null without
- * one for a blank or null text. "Pres/VolRate 2", "(Leng Mass) 2 / Time", "Rate (Mass)": numbers are exponents, a
- * class name that holds blanks stands in quotes, a basis unit may follow a class that has a basis. */
+ * parentheses do not balance, there are more than 20 classes and parentheses, the text has more than 65,535 bytes or
+ * memory is exhausted, and null without one for a blank or null text. "Pres/VolRate 2", "(Leng Mass) 2 / Time",
+ * "Rate (Mass)": numbers are exponents, a class name that holds blanks stands in quotes, a basis unit may follow a
+ * class that has a basis. */
 UOM_API UomStruct uoms_New(const char *classString);
 
 /* 1 when uoms_New would give a chain, else 0. */
@@ -256,12 +270,14 @@ UOM_API int32_t uoms_ValidateUOM(const char *classString, const char *uomString)
 UOM_API int32_t uoms_GetDimensions(const char *classString, int32_t *dimensions);
 
 /* A new chain from `count` classes with exponents. `units` may be null; it gives the units of simple classes, and
- * the basis unit of composite ones, which decides the class of the node behind the basis. Null for a count below 1. */
+ * the basis unit of composite ones, which decides the class of the node behind the basis. Null for a count below 1.
+ * When memory is exhausted the chain lacks nodes, or is null. */
 UOM_API UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents,
                                   const int32_t *units);
 
 /* A new chain of one class, units empty, whose slateUnit fields are filled from `units`: three rows, one for each of
- * English, Metric and SI, each of uom_GetUnitMax(classId) entries; null leaves them empty. Null for a bad class. */
+ * English, Metric and SI, each of uom_GetUnitMax(classId) entries; null leaves them empty. Null for a bad class and
+ * when memory is exhausted. */
 UOM_API UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *units);
 
 /* The reverse of uom_BuildStruct: entry i belongs to node i, zero for the later nodes of a composite class. */
@@ -307,14 +323,15 @@ UOM_API void uom_SetMultipliers(UomStruct chain, int32_t n, const int32_t *multi
  * "k*m3", "M*m3", in these letters.
  * Returns 0 with the last-error text cleared (left as it is for a slate), or a status with a message: 1 null
  * argument, 2 no such unit, 3 text too short, 4 text left over, 5 bad multiplier, 6 wrong exponent, 7 a multiplier
- * under a power needs parentheses, 8 parentheses nested deeper than 32, 11 memory is exhausted. Nodes filled before
- * a failure stay filled. */
+ * under a power needs parentheses, 8 parentheses nested deeper than 32, 9 text of more than 65,535 bytes, 11 memory is
+ * exhausted. Nodes filled before a failure stay filled. */
 UOM_API int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style);
 
 /* The unit of a class at the head of a text, with its multiplier.
  *   consumed    out: characters used, multiplier included
  *   multiplier  out: 0, 3 or 6
- * Returns 0 with the last-error text cleared, or 2 no such unit, 5 unknown multiplier, with a message. */
+ * Returns 0 with the last-error text cleared, or 2 no such unit, 5 unknown multiplier, 9 text of more than 65,535
+ * bytes, with a message. */
 UOM_API int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed,
                                        int32_t *multiplier, int32_t *unit);
 
@@ -338,21 +355,26 @@ UOM_API int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format
 
 /* A new chain from fixed-layout text: a class keyword in characters 1 to 4, a separator, units from character 6 on,
  * e.g. "PRES PSIA", "MRAT LB/HR" (a rate in pound moles), "GVRA M3/HR" (in vapour volume). Null for a null or
- * shorter text or an unknown class; units that are not found stay empty. */
+ * shorter text, an unknown class and when memory is exhausted; units that are not found stay empty. */
 UOM_API UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style);
 
-/* A new chain of one class filled from the units; null for a bad class. Units that are not found stay empty. */
+/* A new chain of one class filled from the units; null for a bad class and when memory is exhausted. Units that are not
+ * found stay empty. */
 UOM_API UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style);
 
 /* Fills the nodes of one class. 0, or 1 when a word is not found or an argument is null. */
 UOM_API int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style);
 
-/* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class, with an empty chain. */
+/* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class and when memory is
+ * exhausted, with an empty chain. */
 UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const char *text, int32_t style);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Conversion. A value below -1e35 means no value (-1.5e35 is written for it) and passes unchanged, but in arrays
  * behind the first element of a linear conversion, where it is a number like any other.
+ *
+ * A power is made by repeated multiplication. The conversion of one value does at most ten million such rounds; where
+ * the exponents want more it gives -1.5e35, and is not linear.
  */
 
 /* Converts `count` values in place.
@@ -367,7 +389,7 @@ UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *cla
                                   const char *toUnits);
 
 /* The constants of a conversion: y = (x + offset) * factor. Returns 0; 1 to 4 as uoms_ConvertArray; 5 when the
- * conversion is not linear (API gravity). Unless it returns 0 the outputs mean nothing. */
+ * conversion is not linear (API gravity, too many rounds). Unless it returns 0 the outputs mean nothing. */
 UOM_API int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits, const char *toUnits,
                                             double *factor, double *offset);
 
@@ -379,7 +401,8 @@ UOM_API int32_t uom_ConvertArray(double *values, int32_t count, UomStruct from, 
  * through. An API gravity at the very end of a target chain is completed by the next conversion. */
 UOM_API double uom_ConvertFromTo(double value, UomStruct from, UomStruct to);
 
-/* One value between two slates, in the class of the chain. UOM_SET_CURRENT stands for the chain's own units. */
+/* One value between two slates, in the class of the chain. UOM_SET_CURRENT stands for the chain's own units. When
+ * memory is exhausted this and the next three give the value unconverted, and nothing tells. */
 UOM_API double uom_Convert(double value, UomStruct chain, int32_t fromSlate, int32_t toSlate);
 UOM_API double uom_ConvertFromCurrent(double value, UomStruct chain); /* own units to the slate Internal */
 UOM_API double uom_ConvertToCurrent(double value, UomStruct chain);   /* the slate Internal to own units */
@@ -394,7 +417,9 @@ UOM_API double uom_ConvertValue(int32_t classId, int32_t *units, int32_t fromSla
  */
 
 /* Puts a basis of mass into a chain that has none, in front of its first mass node (of the first Petro Mass node
- * when the chain is a PetroDensity), and changes it to `basis`; the new head. */
+ * when the chain is a PetroDensity), and changes it to `basis`; the new head. The chain stays as it is when it has a
+ * basis already or no such node, when memory is exhausted, and for a `basis` that is not, as a number, from UOM_BASMOLE
+ * to UOM_BASVAPV: the data file lists all bases in this range. */
 UOM_API UomStruct uom_AddBasisStruct(UomStruct chain, int32_t basis);
 UOM_API UomStruct uom_RemoveBasisStruct(UomStruct chain); /* back to mass, without the basis node; the new head */
 
@@ -408,8 +433,10 @@ UOM_API int32_t uom_IsBasisEqual(UomStruct a, UomStruct b);
 /* The basis that a class string has when filled from a unit string, or UOM_NULL. */
 UOM_API int32_t uoms_GetBasis(const char *classString, const char *unitString);
 
-/* Makes a slate's atmospheric pressure (its own, an ancestor's, else 101.325 kPa) the zero of the units kPag, barg,
- * ate, psig, kg/cm2g and mbarg, for all conversions. 1 for a bad slate, else 0. */
+/* Makes a slate's atmospheric pressure the zero of the units kPag, barg, ate, psig, kg/cm2g and mbarg, for all
+ * conversions: its own, else that of the nearest ancestor that has one, else 101.325 kPa. A new slate has 101.325 kPa
+ * of its own, which ends the search; it asks its parent once its "GaugePresBasis" was set and then blanked
+ * (uoms_SetClassDefault). 1 for a bad slate, else 0. */
 UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -542,14 +569,16 @@ UOM_API char *uom_StructToOXString(UomStruct chain, char *out, int32_t size);
  */
 
 /* States the default of a class: units and multipliers, one entry a node of the class. UOM_NULL withdraws it. 1 for a
- * bad slate, class or (base class) null array; 11 when memory is exhausted. */
+ * bad slate, class or (base class) null array; when memory is exhausted 11 for a base class, 1 for a composite one. */
 UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers);
 
 /* The same by text: value is a unit string ("MM BBL/day"), empty or null to withdraw the default. The class name may
  * be one of the slate's properties "GaugePresBasis" (atmospheric pressure, in kPa, or in Pa from 50662.5 up),
- * "isSystem", "isHidden", "allowDelete", "allowModify" (0 or 1).
+ * "isSystem", "isHidden", "allowDelete", "allowModify" (0 or 1). A property takes no null: 1, without a message.
+ * An empty "GaugePresBasis" makes a slate that had a text of its own ask its parent from then on (the value is -1
+ * inside), and gives 101.325 kPa to one that had none, as after a second blanking.
  * Clears the last-error text. Returns 0; 1 unknown slate or class, with a message; or the status and message of
- * uom_FillStructFromString; or 11 when memory is exhausted. The slate is then as it was. */
+ * uom_FillStructFromString; or 11 when memory is exhausted, with a message. The slate is then as it was. */
 UOM_API int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value);
 
 /* The text of what the slate itself states. A base class inherits nothing here; slots that a stated composite class
@@ -575,11 +604,15 @@ UOM_API UomTable *uoms_GetSetDefinition(const char *name, int32_t format);
 
 /* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in place, so a
  * table cannot be read twice. 1 for null or an empty table, 11 when memory was exhausted on the way, else 0: what
- * single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as "BasedOn". */
+ * single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as
+ * "BasedOn". */
 UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Custom classes. They take the numbers from 71 up; deleting one moves later ones down.
+ *
+ * Name them by letters. Digits are exponents in class strings, so a name with one never reads there, in quotes or not
+ * ("E6" is the exception: a 6 directly behind an e belongs to the name), nor does it take a default by text.
  */
 
 /* A new class: a copy of a compiled base class ("Leng"), or a composite of at most three components given as a class
@@ -588,8 +621,9 @@ UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
  * with a message. */
 UOM_API int32_t uoms_NewClass(const char *name, const char *definition);
 
-/* 0; 1 for null; 2 for an unknown class, a compiled one and number 71, the first custom class; 11 when memory was
- * exhausted on the way. */
+/* Deletes a custom class. Classes behind it are renumbered, also as components of other custom classes, but not in
+ * chains of the host. 0; 1 for null; 2 for an unknown class, a compiled one, number 71 (the first custom class) and a
+ * class that another custom class is made of, all of which stay; 11 when memory was exhausted on the way. */
 UOM_API int32_t uoms_DeleteClass(const char *name);
 
 /* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such class,
@@ -601,14 +635,18 @@ UOM_API int32_t uoms_PutClassText(const char *classText, const char *newText, in
  */
 
 /* From a table of unit tokens, unknown ones left out; null, empty, or all unknown restores the full list. 1 for an
- * unknown class, 11 when memory is exhausted, else 0. */
+ * unknown class and for a table that is not of text, 11 when memory is exhausted, else 0. */
 UOM_API int32_t uoms_SetUOMChoices(const char *classText, const UomTable *tokens);
 
 /* The same from an array of units ended by UOM_NULL. */
 UOM_API int32_t uom_SetUOMChoices(int32_t classId, const int32_t *units);
 
-/* Puts the data file's short lists for the class of the first node in force, and takes them away. UOM_NULL and 0. */
+/* Puts the data file's short lists for the class of the first node in force: they become the choices of the classes
+ * that it is made of (the Time, Mass, Mole and volumes of a Rate). UOM_NULL. */
 UOM_API int32_t uom_LoadApplicationList(UomStruct chain);
+
+/* Restores the full lists of the same classes, and so takes away choices that the host has set for them, too. What Cake
+ * Resistance (69) narrows, Mass and Leng, is left as it is. 0. */
 UOM_API int32_t uom_LoadNormalList(UomStruct chain);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -619,8 +657,9 @@ UOM_API int32_t uom_LoadNormalList(UomStruct chain);
  *   options  sum of 1 classes and slates, 2 the same and the definitions of composite classes, 4 units and common
  *            lists, 8 sample conversions, 256 for end users (leaves out what is internal), 512 multiplier columns,
  *            1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified, and
- *            of Current; 0 means 15
- * Returns 0, the error number of the system when the file cannot be made, or the result of the last flush. */
+ *            at the end of the slate named Current, also of one that a host made after a start without; 0 means 15
+ * Returns 0; the error number of the system when the file cannot be made; ENOMEM, as the system numbers it, when memory
+ * failed on the way; -1 when the output could not be written. */
 UOM_API int32_t uom_Dump(int32_t options, const char *path);
 
 #ifdef __cplusplus
