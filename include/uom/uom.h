@@ -159,12 +159,13 @@ UOM_API void tbl_Remove(UomTable *table, uint32_t index, uint32_t n);
  * elements up to it. */
 UOM_API void tbl_Insert(UomTable *table, uint32_t index, uint32_t n);
 
+UOM_API int32_t tbl_Find(const UomTable *table, double value); /* first element that compares equal, or -1 */
+
 /* -1, 0 or 1, by the kind of the table: 1 and 4 unsigned; of 5 to 8 and 11 the low 32 bits alone, 5 and 7 signed, 6, 8
  * and 11 unsigned; texts byte by byte, null in front of all; floats are equal within one part in a million, and any two
  * below 1e-15 (kind 9: 1e-6) in size are. 0 for a null table. */
 UOM_API int32_t tbl_Compare(const UomTable *table, double a, double b);
-UOM_API int32_t tbl_Find(const UomTable *table, double value); /* first element that compares equal, or -1 */
-UOM_API void tbl_Sort(UomTable *table);                        /* ascending, by the same comparison */
+UOM_API void tbl_Sort(UomTable *table); /* ascending, by the same comparison */
 
 /* A new null-terminated array of new copies of the texts, null for another kind or an empty table; freed by
  * tbl_FreeTextArray. */
@@ -231,7 +232,8 @@ UOM_API void uom_GetUnitDescription(int32_t unit, char *out, int32_t size);
 
 /* The constants of a unit, (x + offset) * factor being the value in base units; 0.0 and 1.0, and 1 returned, for a
  * bad unit. The offset of kPag, barg, ate, psig, kg/cm2g and mbarg is the atmospheric pressure in force, in that unit;
- * the other gauge units keep the offsets of the data file. */
+ * the other gauge units keep the offsets of the data file. In front of a StdVapVol, conversions take spgr as relative
+ * to air, 1.223 kg/m3, whatever its constants are. */
 UOM_API int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor);
 
 /* Changes the constants of a unit for all later conversions, until the next start-up; the offsets of those six until an
@@ -248,8 +250,8 @@ UOM_API void uom_SetAllowUOMMultipliers(int32_t allow);
 UOM_API int32_t uom_GetAllowUOMMultipliers(void);
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Chains. A chain argument may be null. Arrays run parallel to the nodes, in chain order. Nodes are made and linked by
- * these operations alone: a host writes no `next`, since appending remembers where the last chain ended.
+ * Chains. A chain argument may be null. Arrays run parallel to the nodes, in chain order. Nodes are made, linked and
+ * freed by these operations alone: a host writes no `next`, since appending remembers where the last chain ended.
  */
 
 /* A new chain for a class string, its units still empty; null with a message when a class is unknown, the
@@ -362,7 +364,8 @@ UOM_API UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style);
  * found stay empty. */
 UOM_API UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style);
 
-/* Fills the nodes of one class. 0, or 1 when a word is not found or an argument is null. */
+/* Fills the nodes of one class. 0, or 1 when a word is not found, an argument is null or the text has more than 65,535
+ * bytes. */
 UOM_API int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style);
 
 /* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class and when memory is
@@ -603,9 +606,9 @@ UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *classNam
 UOM_API UomTable *uoms_GetSetDefinition(const char *name, int32_t format);
 
 /* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in place, so a
- * table cannot be read twice. 1 for null or an empty table, 11 when memory was exhausted on the way, else 0: what
- * single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate" copies a slate, "Parent" is as
- * "BasedOn". */
+ * table cannot be read twice. 1 for null, for an empty table and for one that is not of text, 11 when memory was
+ * exhausted on the way, else 0: what single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate"
+ * copies a slate, "Parent" is as "BasedOn". */
 UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 
 /* ---------------------------------------------------------------------------------------------------------------
