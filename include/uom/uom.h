@@ -111,9 +111,9 @@ UOM_API int32_t uom_Init(void);
  * UOMOPTION lines of the file add to the words; of "mole" and "molar" the words go first.
  * Returns 0; 1 the data file cannot be opened, is no regular file or has a path of more than 519 bytes, 2 it has a
  * section keyword in a wrong place, 11 memory is exhausted, each with a message and the library not started; or 3
- * (class table), 4 (unit table) inconsistent, with a message and the library started. A file with carriage returns
- * starts with 0 and an empty catalogue on Linux. What a failed start has built stays until the next start or the
- * unloading, which free it; the next start begins with an empty catalogue. */
+ * (class table), 4 (unit table) inconsistent, with a message and the library started. On Linux a file whose lines end
+ * with carriage returns starts with 0, and an empty catalogue. What a failed start has built stays until the next start
+ * or the unloading, which free it; the next start begins with an empty catalogue. */
 UOM_API int32_t uom_Init2(int32_t count, const char *const *words);
 
 /* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. Paths that
@@ -176,7 +176,8 @@ UOM_API void tbl_FreeTextArray(char **texts);
  * Classes. A class number is in range when it is at least 1 and below uom_GetUOMClassCount().
  *
  * Texts of classes, units and slates are ASCII and the Latin-1 bytes 178 and 179, superscript 2 and 3, which read as
- * digits. Any other byte stands for itself. The case of letters is ignored for those of ASCII alone.
+ * digits (in a class string behind a blank). Any other byte stands for itself. The case of letters is ignored for
+ * those of ASCII alone.
  */
 
 /* The number of a class, 0 when there is none. Mode 2 looks at keywords ("PRES"); any other mode at tokens ("Pres"),
@@ -376,8 +377,8 @@ UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const cha
  * Conversion. A value below -1e35 means no value (-1.5e35 is written for it) and passes unchanged, but in arrays
  * behind the first element of a linear conversion, where it is a number like any other.
  *
- * A power is made by repeated multiplication. The conversion of one value does at most ten million such rounds; where
- * the exponents want more it gives -1.5e35, and is not linear.
+ * A power is made by repeated multiplication, up to where the product no longer changes (0, infinity). The conversion
+ * of one value does at most ten million such rounds; one that would take more gives -1.5e35, and is not linear.
  */
 
 /* Converts `count` values in place.
