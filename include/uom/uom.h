@@ -627,7 +627,8 @@ UOM_API int32_t uoms_NewClass(const char *name, const char *definition);
 
 /* Deletes a custom class. Classes behind it are renumbered, also as components of other custom classes, but not in
  * chains of the host. 0; 1 for null; 2 for an unknown class, a compiled one, number 71 (the first custom class) and a
- * class that another custom class is made of, all of which stay; 11 when memory was exhausted on the way. */
+ * class that another custom class has as a component, all of which stay; 11 when memory was exhausted on the way. (A
+ * composite class is no component: definitions take its components in its place.) */
 UOM_API int32_t uoms_DeleteClass(const char *name);
 
 /* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such class,
