@@ -16,6 +16,7 @@ int32_t str_CopyBounded(char *out, size_t size, std::string_view source);
 
 // Class and unit strings of more bytes than this are refused before anything else is done with them.
 constexpr size_t STR_MAX_LENGTH = 65535;
+constexpr size_t STR_SHOWN_SIZE = 65; // of what the message shows of such a text
 bool str_IsTooLong(const char *text);
 
 // Empties an output buffer of a caller; false when there is none.

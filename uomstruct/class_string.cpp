@@ -177,7 +177,9 @@ UomStruct uoms_New(const char *classString) {
     if (!classString)
         return nullptr;
     if (str_IsTooLong(classString)) {
-        error_Set("UOM class string \"%s\" contains more than %d characters.", classString,
+        char head[STR_SHOWN_SIZE];
+        str_CopyBounded(head, sizeof head, std::string_view(classString, STR_SHOWN_SIZE - 1));
+        error_Set("UOM class string \"%s...\" contains more than %d characters.", head,
                   static_cast<int>(STR_MAX_LENGTH));
         return nullptr;
     }

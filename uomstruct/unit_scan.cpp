@@ -136,7 +136,9 @@ void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *te
 }
 
 void unit_RefuseLength(const char *text) {
-    error_Set("UOM string \"%s\" contains more than %d characters.", text, static_cast<int>(STR_MAX_LENGTH));
+    char head[STR_SHOWN_SIZE];
+    str_CopyBounded(head, sizeof head, std::string_view(text, STR_SHOWN_SIZE - 1));
+    error_Set("UOM string \"%s...\" contains more than %d characters.", head, static_cast<int>(STR_MAX_LENGTH));
 }
 
 int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed, int32_t *multiplier,

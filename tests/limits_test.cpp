@@ -1,0 +1,182 @@
+// Texts, exponents, chains and tables of any size: answered, and in time that grows with them.
+#include <cmath>
+
+#include "support/name_index.h"
+#include "tests/library_fixture.h"
+
+namespace {
+
+class LimitsTest : public ShippedTest {
+protected:
+    static std::string repeated(const std::string &piece, size_t length) {
+        std::string text;
+        while (text.size() < length)
+            text += piece;
+        return text.substr(0, length);
+    }
+    static int32_t filled(const char *classString, const std::string &units) {
+        return uom_FillStructFromString(Chain(classString).head, units.c_str(), 1);
+    }
+};
+
+constexpr size_t LONGEST = 65535;
+
+TEST_F(LimitsTest, LongTexts) {
+    const std::string blanks = repeated(" ", LONGEST - 1);
+    EXPECT_EQ(filled("Leng", blanks + "m"), 0);
+    EXPECT_EQ(filled("Leng", repeated("()", LONGEST - 1) + "m"), 0); // each "(" is a new try for a unit
+    EXPECT_NE(filled("Leng", repeated("()", LONGEST)), 0);
+    EXPECT_NE(filled("(Leng Mass) 2", repeated("(m", LONGEST)), 0);
+    EXPECT_NE(filled("Density", repeated("/)", LONGEST)), 0);
+    EXPECT_EQ(Chain("Leng" + blanks.substr(4) + "2").head->exponent, 2);
+    const std::string units = blanks + " m", shown = repeated(" ", 64);
+    const std::string complaint = "UOM string \"" + shown + "...\" contains more than 65535 characters.";
+    error_Clear();
+    EXPECT_EQ(filled("Leng", units), 9);
+    EXPECT_EQ(lastError(), complaint);
+    error_Clear();
+    int32_t consumed = 7, multiplier = 7, unit = 7;
+    EXPECT_EQ(uom_FindUnitFromString(CLASS_LENG, units.c_str(), 1, &consumed, &multiplier, &unit), 9);
+    EXPECT_EQ(joined(lastError(), consumed, multiplier, unit), complaint + " 0 0 0");
+    EXPECT_EQ(uoms_New((blanks + "  Leng").c_str()), nullptr);
+    EXPECT_EQ(lastError(), "UOM class string \"" + shown + "...\" contains more than 65535 characters.");
+    EXPECT_EQ(uom_FillStruct(Chain("Leng").head, CLASS_LENG, ("m" + blanks + "  ").c_str(), 1), 1);
+    EXPECT_EQ(uom_FillStruct(Chain("Leng").head, CLASS_LENG, ("m" + blanks).c_str(), 1), 0);
+}
+
+TEST_F(LimitsTest, GreatExponents) {
+    // A factor of 1 makes a sum that is known at once: C has the offset 273.15 and the factor 1.
+    const int32_t most = INT32_MAX;
+    const Chain c("Temp 2147483647"), k("Temp 2147483647"), group("(Temp) 2147483647"), groupK("(Temp) 2147483647");
+    for (const Chain *chain : {&c, &group})
+        chain_SetUnit(chain->head->next ? chain->head->next : chain->head, unitOf("C"));
+    for (const Chain *chain : {&k, &groupK})
+        chain_SetUnit(chain->head->next ? chain->head->next : chain->head, unitOf("K"));
+    EXPECT_DOUBLE_EQ(uom_ConvertFromTo(1, c.head, k.head), 1 + (1.0 + most) * 273.15);
+    EXPECT_EQ(uomRunLinear, 1);
+    // What would take more than ten million rounds is no value.
+    EXPECT_EQ(uom_ConvertFromTo(1, group.head, groupK.head), -1.5e35);
+    EXPECT_EQ(uomRunLinear, 0);
+    ASSERT_EQ(uom_SetConvConstants(unitOf("ft"), 0, 1 + 1e-9), 0);
+    double value = 1, factor, offset;
+    EXPECT_EQ(uoms_ConvertArray(&value, 1, "Leng 9999000", "ft9999000", "m9999000"), 0);
+    EXPECT_NEAR(value, std::exp(0.009999), 1e-9);
+    EXPECT_EQ(uoms_ConvertArray(&value, 1, "Leng 10001000", "ft10001000", "m10001000"), 0);
+    EXPECT_EQ(value, -1.5e35);
+    EXPECT_EQ(uoms_CalculateConvConstants("Leng 10001000", "ft10001000", "m10001000", &factor, &offset), 5);
+    value = 1;
+    EXPECT_EQ(uoms_ConvertArray(&value, 1, "Leng 2147483647", "km2147483647", "m2147483647"), 0);
+    EXPECT_TRUE(std::isinf(value)); // soon no product changes any more
+}
+
+// Nodes one by one, with groups in one another and side by side, deeper and more than any table holds.
+TEST_F(LimitsTest, LongChains) {
+    constexpr int groups = 30000;
+    UomStruct chain = nullptr;
+    const auto add = [&](int32_t classId, int32_t exponent) {
+        UomStruct node = uom_AddNewStruct(&chain);
+        node->classId = node->baseClass = classId;
+        node->exponent = exponent;
+    };
+    for (int i = 0; i < groups; ++i)
+        add(CLASS_OPEN, 0);
+    for (int i = 0; i < groups; ++i)
+        add(CLASS_CLOSE, 2);
+    for (int i = 0; i < groups; ++i) {
+        add(CLASS_OPEN, 0);
+        add(CLASS_CLOSE, i % 2 ? -3 : 1);
+    }
+    add(CLASS_OPEN, 0); // stays open
+    std::string text(20 * groups, '#'), units = text;
+    uom_BuildClassString(chain, text.data(), static_cast<int32_t>(text.size()), 1);
+    EXPECT_EQ(text.substr(groups - 1, 8), "()2)2)2)");
+    EXPECT_EQ(std::string(text.c_str()).substr(3 * groups), ([] {
+                  std::string expected;
+                  for (int i = 0; i < groups; ++i)
+                      expected += i % 2 ? " / ()3" : i ? " / ()" : " ()";
+                  return expected + " / (";
+              }()));
+    uom_GetDisplayUnits(chain, units.data(), static_cast<int32_t>(units.size()), 1);
+    EXPECT_EQ(std::string(units.c_str()).substr(3 * groups, 14), "()/()3/()/()3/");
+    uom_Free(&chain);
+}
+
+// Where a chain ends is remembered between two appendings, and forgotten when chains change.
+TEST_F(LimitsTest, AppendingGoesOnAtTheEnd) {
+    UomStruct chain = nullptr;
+    std::vector<UomStruct> nodes;
+    for (int i = 0; i < 5; ++i)
+        nodes.push_back(uom_AddNewStruct(&chain));
+    EXPECT_EQ(chain, nodes[0]);
+    chain = uom_UnlinkStruct(chain, nodes[4]); // the end
+    UomStruct next = uom_AddNewStruct(&chain);
+    EXPECT_EQ(nodes[3]->next, next);
+    EXPECT_EQ(uom_LinkStruct(chain, nodes[4]), chain);
+    EXPECT_EQ(next->next, nodes[4]);
+    UomStruct other = uom_AddNewStruct(nullptr), last = uom_AddNewStruct(&chain);
+    EXPECT_EQ(nodes[4]->next, last);
+    chain = uom_InsertBeforeStruct(chain, other, nodes[0]);
+    EXPECT_EQ(uom_AddNewStruct(&chain), last->next);
+    UomStruct cut = uom_RemoveStruct(&chain, CLASS_LENG); // the head alone
+    EXPECT_EQ(joined(cut == other, chain == nodes[0], uom_GetUnitCount(chain)), "1 1 8");
+    uom_AddNewStruct(&chain);
+    EXPECT_EQ(uom_GetUnitCount(chain), 9);
+    uom_Free(&cut);
+    uom_Free(&chain);
+    EXPECT_EQ(uom_AddNewStruct(&chain), chain);
+    uom_Free(&chain);
+}
+
+// An index counts its searches' steps here: equal names cost no more than different ones, and those taken out leave it
+// usable.
+TEST(NameIndexTest, EqualNamesStandOnce) {
+    NameIndex index;
+    ASSERT_TRUE(names_Reset(index, 1000));
+    int64_t asked = 0;
+    const auto bears = [&](int32_t) { return ++asked, true; };
+    for (int32_t i = 0; i < 1000; ++i)
+        EXPECT_TRUE(names_Add(index, i % 2 ? "same" : "SAME", i, bears));
+    EXPECT_LE(asked, 1000);
+    EXPECT_EQ(names_Find(index, "Same", 0, bears), 0);
+    names_Remove(index, "same", 7); // was left out
+    EXPECT_EQ(names_Find(index, "same", 0, bears), 0);
+    names_Remove(index, "same", 0);
+    EXPECT_EQ(names_Find(index, "same", 0, bears), -1);
+    names_Free(index);
+    EXPECT_FALSE(names_Add(index, "x", 1, bears));
+    EXPECT_EQ(names_Find(index, "x", 5, [](int32_t i) { return i == 3; }), 3); // walks
+}
+
+TEST_F(LimitsTest, ManySlatesAndClasses) {
+    const auto nameOf = [](const char *head, int i) {
+        return head + std::string(1, static_cast<char>('a' + i % 26)) +
+               std::string(1, static_cast<char>('a' + i / 26 % 26)) + std::string(1, static_cast<char>('a' + i / 676));
+    };
+    const int32_t slates = UOM_SET_MAX, classes = uom_GetUOMClassCount();
+    for (int i = 0; i < 2000; ++i)
+        ASSERT_EQ(uoms_NewSet(nameOf("S", i).c_str()), slates + i);
+    for (int i = 1999; i >= 1000; --i)
+        ASSERT_EQ(uoms_DeleteSet(nameOf("S", i).c_str()), 0);
+    for (int i = 0; i < 2000; ++i)
+        ASSERT_EQ(uom_GetSetType(nameOf("s", i).c_str()), i < 1000 ? slates + i : -1);
+    ASSERT_EQ(uoms_DeleteSet(nameOf("S", 10).c_str()), 0); // from the middle
+    EXPECT_EQ(uom_GetSetType(nameOf("S", 999).c_str()), slates + 998);
+    uoms_RenameSet(nameOf("S", 20).c_str(), "ENGLISH"); // but for letters' case a name that is taken
+    EXPECT_EQ(joined(uom_GetSetType("English"), uom_GetSetType(nameOf("S", 20).c_str())), joined(UOM_SET_ENGLISH, -1));
+    while (UOM_SET_MAX > slates)
+        ASSERT_EQ(uom_DeleteSet(UOM_SET_MAX - 1), 0);
+    for (int i = 0; i < 300; ++i) {
+        ASSERT_EQ(uoms_NewClass(nameOf("C", i).c_str(), "Mass"), 0);
+        ASSERT_EQ(uoms_PutClassText(nameOf("C", i).c_str(), nameOf("long ", i).c_str(), 5), 0);
+    }
+    ASSERT_EQ(uoms_PutClassText(nameOf("C", 5).c_str(), "renamed", 5), 0); // not the last
+    for (int i = 299; i >= 200; --i)
+        ASSERT_EQ(uoms_DeleteClass(nameOf("C", i).c_str()), 0);
+    for (int i = 0; i < 300; ++i) {
+        EXPECT_EQ(classOf(nameOf("c", i).c_str()), i < 200 ? classes + i : 0);
+        EXPECT_EQ(classOf(nameOf("LONG ", i).c_str()), i < 200 && i != 5 ? classes + i : 0);
+    }
+    EXPECT_EQ(classOf("Renamed"), classes + 5);
+}
+
+} // namespace
