@@ -3,88 +3,20 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
+#include "tests/catalogue/shipped_file.h"
 #include "tests/library_fixture.h"
 
 namespace {
-
-using Fields = std::vector<std::string>;
-
-struct Section {
-    std::string keyword, name;
-    std::vector<std::string> lines;
-};
 
 std::string lowered(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), str_Lower);
     return text;
 }
 
-Fields fieldsOf(const std::string &line) {
-    Fields fields;
-    size_t at = 0;
-    while ((at = line.find_first_not_of(" ,\t", at)) != std::string::npos) {
-        const bool quoted = line[at] == '"';
-        const size_t begin = at + quoted, end = line.find_first_of(quoted ? "\"" : " ,\t", begin);
-        fields.push_back(line.substr(begin, end == std::string::npos ? end : end - begin));
-        if (end == std::string::npos)
-            break;
-        at = end + 1;
-    }
-    return fields;
-}
-
-class CatalogueShippedData : public ShippedTest {
-protected:
-    void SetUp() override {
-        ShippedTest::SetUp();
-        std::ifstream file(UOM_TEST_DATA);
-        bool inSection = false;
-        for (std::string line; std::getline(file, line);) {
-            all.push_back(line);
-            const size_t begin = line.find_first_not_of(" \t");
-            if (begin == std::string::npos || line.compare(begin, 2, "//") == 0)
-                continue;
-            line.erase(0, begin);
-            const std::string first = fieldsOf(line)[0];
-            if (first.rfind("BEGIN", 0) == 0) {
-                sections.push_back({first, "", {}});
-                inSection = true;
-            } else if (first.rfind("END", 0) == 0) {
-                inSection = false;
-            } else if (inSection) {
-                Section &section = sections.back();
-                const bool named = section.keyword != "BEGINUOMLIST" && section.keyword != "BEGINCLASSLIST";
-                if (named && section.name.empty())
-                    section.name = first;
-                else
-                    section.lines.push_back(line);
-            }
-        }
-    }
-
-    std::vector<Section> of(const std::string &keyword) const {
-        std::vector<Section> found;
-        for (const Section &section : sections)
-            if (section.keyword == keyword)
-                found.push_back(section);
-        return found;
-    }
-
-    // The unit lines, cut into fields.
-    std::vector<Fields> unitLines() const {
-        std::vector<Fields> lines;
-        for (const Section &section : of("BEGINUOMLIST"))
-            for (const std::string &line : section.lines)
-                lines.push_back(fieldsOf(line));
-        return lines;
-    }
-
-    std::vector<std::string> all;
-    std::vector<Section> sections;
-};
+class CatalogueShippedData : public ShippedTest {};
 
 TEST_F(CatalogueShippedData, UnitLinesAreWhole) {
-    const std::vector<Fields> lines = unitLines();
+    const std::vector<Fields> lines = shippedUnits();
     ASSERT_EQ(static_cast<size_t>(uomUnitCount), lines.size());
     std::set<std::string> tokens;
     for (const Fields &fields : lines) {
@@ -116,10 +48,10 @@ TEST_F(CatalogueShippedData, WellKnownUnitsAreAllThere) {
 
 TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
     std::set<std::string> tokens, listed, applicationLists;
-    const std::vector<Fields> lines = unitLines();
+    const std::vector<Fields> lines = shippedUnits();
     for (const Fields &fields : lines)
         tokens.insert(fields[0]);
-    for (const Section &section : of("BEGINLIST")) {
+    for (const Section &section : shippedSections("BEGINLIST")) {
         const bool known = class_Find(section.name.c_str(), 1) != 0;
         if (!known)
             applicationLists.insert(section.name);
@@ -164,11 +96,11 @@ TEST_F(CatalogueShippedData, UnitsReadBackInEachClassThatListsThem) {
 
 TEST_F(CatalogueShippedData, ClassLinesCommonListsAndSlatesAreUnderstood) {
     size_t classes = STATIC_CLASSES;
-    for (const Section &section : of("BEGINCLASSLIST"))
+    for (const Section &section : shippedSections("BEGINCLASSLIST"))
         classes += section.lines.size();
     EXPECT_EQ(classes, static_cast<size_t>(uom_GetUOMClassCount()));
     std::set<std::string> names;
-    for (const Section &section : of("BEGINCOMMONLIST")) {
+    for (const Section &section : shippedSections("BEGINCOMMONLIST")) {
         EXPECT_TRUE(names.insert(lowered(section.name)).second) << section.name;
         if (class_Find(section.name.c_str(), 1) == 0)
             continue;
@@ -179,7 +111,7 @@ TEST_F(CatalogueShippedData, ClassLinesCommonListsAndSlatesAreUnderstood) {
     const std::set<std::string> properties = {"GaugePresBasis", "isSystem", "isHidden", "allowDelete",
                                               "allowModify",    "BasedOn",  "CopyFrom"};
     size_t slates = 1;
-    for (const Section &section : of("BEGINSLATE")) {
+    for (const Section &section : shippedSections("BEGINSLATE")) {
         ++slates;
         for (const std::string &line : section.lines) {
             const size_t mark = line.find('=');
