@@ -70,7 +70,7 @@ const std::vector<Definition> unitDefinitions = {
     // Mass
     {"g", "kg/1000"}, {"tonne", "1000 kg"}, // BIPM SI brochure, table 8
     {"lb", "0.45359237 kg"},          // international yard and pound agreement, 1959
-    {"oz", "lb/16"}, {"grain", "lb/7000"}, {"cwt", "100 lb"}, {"ton", "2000 lb"}, {"lton", "2240 lb"}, // NIST Handbook 44
+    {"oz", "lb/16"}, {"grain", "lb/7000"}, {"cwt", "100 lb"}, {"ton", "2000 lb"}, {"lton", "2240 lb"}, // Handbook 44
     {"slug", "lbf sec2/ft"},          // NIST SP 811, B.8
     {"spgr", "water60F"}, {"API", "water60F"}, // API MPMS ch. 11.4; of API only the value at 10 degrees
     // Pressure
@@ -271,9 +271,9 @@ std::vector<Value> basesOf(const std::string &list) {
     return found;
 }
 
-// The file has the digits of the nearest double. The last bits are left to where a long double is no longer than that.
+// The file has the nearest double. A few bits are left to where a long double is no longer than that.
 void expectSame(const std::string &given, long double expected) {
-    const double nearest = static_cast<double>(expected), bits = LDBL_MANT_DIG > DBL_MANT_DIG ? 1 : 16;
+    const double nearest = static_cast<double>(expected), bits = LDBL_MANT_DIG > DBL_MANT_DIG ? 0 : 16;
     EXPECT_NEAR(std::strtod(given.c_str(), nullptr), nearest, bits * DBL_EPSILON * nearest);
 }
 
