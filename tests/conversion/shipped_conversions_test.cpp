@@ -1,6 +1,8 @@
 // Conversions on the shipped data file, held against values that were worked out from public definitions: the
 // inch of 25.4 mm, the pound of 0.45359237 kg, standard gravity, the gallon of 231 cubic inches, the
 // International Table calorie, 760 torr to the atmosphere, 141.5 / (API + 131.5).
+// What the engine makes of the numbers is the matter here; each of them by itself is that of
+// catalogue/shipped_units_test.cpp.
 #include <cmath>
 #include <cstring>
 
@@ -17,34 +19,19 @@ struct Case {
 
 const Case cases[] = {
     // clang-format off
-    {"Leng", "in", "cm", 1.0, 2.54}, {"Leng", "mile", "km", 1.0, 1.609344}, {"Leng", "nmile", "m", 1.0, 1852.0},
-    {"FineLeng", "mil", "micron", 1.0, 25.4}, {"Area", "acre", "m2", 1.0, 4046.8564224},
-    {"FineArea", "darcy", "m2", 1.0, 9.8692326671601283000e-13}, {"StdLiqVol", "gal", "liter", 1.0, 3.785411784},
-    {"StdLiqVol", "BBL", "m3", 1.0, 0.158987294928}, {"StdLiqVol", "igal", "gal", 1.0, 1.2009499255048549297},
-    {"ActVol", "ft3", "gal", 1.0, 7.4805194805194805195}, {"StdVapVol", "SCF", "Nm3", 1.0, 0.026791125067617218620},
-    {"StdVapVol", "Sm3", "Nm3", 1.0, 0.94794377928162415409}, {"Mass", "lb", "kg", 1.0, 0.45359237},
-    {"Mass", "tons", "lb", 1.0, 2000.0}, {"Mass", "lton", "tonne", 1.0, 1.0160469088},
-    {"Mass", "slug", "lb", 1.0, 32.174048556430446194}, {"Time", "year", "hr", 1.0, 8760.0},
-    {"Temp", "C", "F", -40.0, -40.0}, {"Temp", "F", "C", 98.6, 37.0}, {"TempAbs", "R", "K", 491.67, 273.15},
-    {"TempDiff", "C", "F", 1.0, 1.8}, {"Pres", "atm", "psia", 1.0, 14.695948775513448726},
-    {"Pres", "psia", "kPa", 1.0, 6.8947572931683613367}, {"Pres", "kg/cm2", "kPa", 1.0, 98.0665},
-    {"Pres", "torr", "Pa", 1.0, 133.32236842105263158}, {"Pres", "mm Hg", "Pa", 1.0, 133.322387415},
-    {"Pres", "in Hg", "kPa", 1.0, 3.386388640341}, {"Pres", "in H2O", "Pa", 1.0, 249.08891},
-    {"Pres", "in H2O 60F", "Pa", 1.0, 248.84380651256}, {"PresDiff", "ft H2O", "psi", 1.0, 0.43352750400100424970},
+    {"Leng", "in", "cm", 1.0, 2.54}, {"FineArea", "darcy", "m2", 1.0, 9.8692326671601283000e-13},
+    {"StdLiqVol", "BBL", "m3", 1.0, 0.158987294928}, {"StdVapVol", "SCF", "Nm3", 1.0, 0.026791125067617218620},
+    {"Mass", "lb", "kg", 1.0, 0.45359237}, {"Mass", "tons", "lb", 1.0, 2000.0}, {"Temp", "C", "F", -40.0, -40.0},
+    {"Temp", "F", "C", 98.6, 37.0}, {"TempAbs", "R", "K", 491.67, 273.15}, {"TempDiff", "C", "F", 1.0, 1.8},
+    {"Pres", "atm", "psia", 1.0, 14.695948775513448726}, {"PresDiff", "ft H2O", "psi", 1.0, 0.43352750400100424970},
     {"Pres", "psig", "psia", 100.0, 114.69594877551344873},
     {"Pres", "psia", "psig", 114.695948775513451, 100.00000000000000227}, {"Pres", "barg", "bar", 10.0, 11.01325},
     {"Pres", "kPag", "kPa", -50.0, 51.325}, {"Pres", "ate", "ata", 2.0, 3.0332274527998857918},
     {"Pres", "kg/cm2g", "kPa", 1.0, 199.3915}, {"Pres", "mm Hgg", "Pa", 10.0, 102658.22387415},
-    {"Energy", "BTU", "J", 1.0, 1055.05585262}, {"Energy", "cal", "J", 1.0, 4.1868},
-    {"Energy", "kW-hr", "MJ", 1.0, 3.6}, {"Energy", "therm", "kW-hr", 1.0, 29.307107017222222222},
-    {"Power", "HP", "W", 1.0, 745.69987158227022}, {"Power", "PS-hr/hr", "kW", 1.0, 0.73549875},
-    {"E6Power", "x 10^6 BTU/hr", "x 10^6 W", 1.0, 0.29307107017222222222},
+    {"Energy", "BTU", "J", 1.0, 1055.05585262}, {"Power", "HP", "W", 1.0, 745.69987158227022},
+    {"Power", "PS-hr/hr", "kW", 1.0, 0.73549875}, {"E6Power", "x 10^6 BTU/hr", "x 10^6 W", 1.0, 0.29307107017222222222},
     {"Visc", "lb/ft-hr", "cP", 1.0, 0.41337887321376494605},
-    {"Cond", "BTU/hr-ft-F", "W/m-K", 1.0, 1.7307346663713910761},
-    {"Htco", "BTU/hr-ft2-F", "W/m2-K", 1.0, 5.6782633411134877825}, {"UA", "BTU/hr-F", "W/K", 1.0, 0.52752792631},
-    {"Foul", "hr-ft2-F/BTU", "m2-K/W", 1.0, 0.17611018368230584073}, {"Cp", "BTU/lb-F", "kJ/kg-K", 1.0, 4.1868},
-    {"Surf", "lbf/in", "N/m", 1.0, 175.12683524647637795}, {"Rotation", "rpm", "rad/sec", 1.0, 0.10471975511965977462},
-    {"Angle", "arcsec", "rad", 1.0, 0.0000048481368110953599359},
+    {"Htco", "BTU/hr-ft2-F", "W/m2-K", 1.0, 5.6782633411134877825},
     {"FlowConductance", "Kv", "Cv", 1.0, 1.1560992283536564595},
     {"Density", "lb/ft3", "kg/m3", 1.0, 16.018463373960139580}, {"PetroDensity", "API", "kg/m3", 10.0, 999.016},
     {"PetroDensity", "API", "lb/ft3", 35.0, 53.002187399433528652},
