@@ -123,12 +123,13 @@ TEST_F(CatalogueDataFile, ClassLines) {
     ASSERT_EQ(0, startWith(units + "BEGINLIST\nLeng\nm\nENDLIST\nBEGINCLASSLIST\n"
                                    "Own=\"Leng / Time\", \"My Own\"\nCopy=Leng,'Long, name'\n"
                                    "Spaced =Leng\nSpaced = Leng\nFails=Nosuch\nOwn=Leng,\"Other\"\n"
+                                   "\"Two Words\"=Leng,'Long too'\n'Blank' =Leng\n"
                                    "Leng=Time,\"Not for me\"\nAlone\nENDCLASSLIST\n"
                                    "BEGINLIST\nLeng\nft\nENDLIST\n"));
     // A known custom class is given the long name all the same.
     const char cases[] = R"(
         Own | 71; Other | 71; My Own | 0; Copy | 72; long, name | 72; Length | 11; Not for me | 0
-        Spaced | 0; Fails | 0; Alone | 0
+        Spaced | 0; Fails | 0; Alone | 0; Two Words | 73; Long too | 73; Blank | 0
     )";
     expectAnswers(cases, [](const Cells &c) { return joined(classOf(c[0].c_str())); });
     EXPECT_EQ(1, uoms_IsClassValid("Own 2"));

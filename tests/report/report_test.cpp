@@ -171,6 +171,7 @@ TEST_F(ReportTest, DefinitionsOfSlatesAndWords) {
     const std::string slates = written();
     EXPECT_EQ(linesOf(slates, {"["}), "[English]\n[Metric]\n[Internal]\n[OXInternal]\n[Plant]\n[Current]\n");
     EXPECT_EQ(slates.find("[English]\n"), 0u);
+    EXPECT_NE(uom_Dump(REPORT_DEFINITIONS, "/dev/full"), 0);
     EXPECT_NE(slates.find("\n\n[Metric]\nBasedOn=Metric\n"), std::string::npos);
     for (const auto &word : {std::pair("EndUser", 263), std::pair("full", 15), std::pair("javadoc", 1287),
                              std::pair("excel", 2311), std::pair("UOMSLATES", 4096), std::pair("x", 15)}) {

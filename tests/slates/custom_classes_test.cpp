@@ -69,6 +69,20 @@ TEST_F(CustomClassesTest, FailuresChangeNothing) {
     }
 }
 
+// What others are made of stays, and they keep it when a class in front of it goes.
+TEST_F(CustomClassesTest, ComponentsOfOthers) {
+    for (const char *name : {"First", "Second", "Load"})
+        ASSERT_EQ(uoms_NewClass(name, "Mass"), 0);
+    ASSERT_EQ(uoms_NewClass("Pressing", "Load / Area"), 0);
+    EXPECT_EQ(uoms_DeleteClass("Load"), 2);
+    EXPECT_EQ(lastError(), "");
+    EXPECT_EQ(stated("English", "Load"), "lb"); // nothing was withdrawn
+    EXPECT_EQ(uoms_DeleteClass("Second"), 0);
+    const Chain chain("Pressing", "lb/m2");
+    EXPECT_EQ(joined(class_Token(chain.head->baseClass), classOf("Load"), chain.head->baseClass), "Load 72 72");
+    EXPECT_EQ(uoms_DeleteClass("Pressing") + uoms_DeleteClass("Load"), 0);
+}
+
 TEST_F(CustomClassesTest, DeletingMovesLaterClassesDown) {
     const char *names[] = {"Alpha", "Beta", "Gamma", "Delta", "Epsilon"};
     for (const char *name : names)

@@ -55,6 +55,10 @@ TEST_F(ListsTest, ChoicesNarrowAndRestore) {
     EXPECT_EQ(Units("Mass"), (Lines{"g", "oz"}));
     for (const int32_t bad : {0, -1, uom_GetUOMClassCount()})
         EXPECT_EQ(uom_SetUOMChoices(bad, units), 1);
+    UomTable *numbers = tbl_Create(2, TABLE_DOUBLE);
+    EXPECT_EQ(uoms_SetUOMChoices("Mass", numbers), 1);
+    tbl_Free(numbers);
+    EXPECT_EQ(Units("Mass"), (Lines{"g", "oz"}));
     // The class's own list stands behind the choices.
     EXPECT_EQ(uom_SetUOMChoices(CLASS_MASS, nullptr), 0);
     UomTable *own = tableOf({"slug", "kg"});

@@ -62,6 +62,12 @@ TEST_F(UnitPairs, ChoicesOfAUser) {
     )";
     expectAnswers(cases, [](const Cells &c) { return put(c[0], c[1]); });
     EXPECT_EQ(put("Pres / Time", "Pres:kPa, Time:hr", "keyword").substr(0, 14), "0 PRES / TIME:");
+    defaultScanUOMStyle = 2; // pairs are tokens all the same
+    EXPECT_EQ(put("Pres", pairsOf("Pres", "in Hg")), "0 Pres:in Hg");
+    char zeroed[40];
+    std::memset(zeroed, '#', sizeof zeroed);
+    EXPECT_EQ(uoms_GetClassWithBasis("Leng", "Mole", sizeof zeroed, zeroed), 0);
+    EXPECT_EQ(std::string(zeroed, sizeof zeroed), "Leng" + std::string(36, '\0'));
     char out[16] = "#";
     EXPECT_EQ(uoms_PutClassUnitPairs("Leng", nullptr, "token", 16, out), 1);
     EXPECT_STREQ(out, "");
