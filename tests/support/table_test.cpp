@@ -81,4 +81,137 @@ TEST(SupportTable, OwnsItsTexts) {
     tbl_Free(copy);
 }
 
+TEST(SupportTable, NothingComesOfBadArguments) {
+    for (const int32_t kind : {-1, 12, 1 << 30})
+        EXPECT_EQ(tbl_Create(1, kind), nullptr);
+    EXPECT_EQ(tbl_Copy(nullptr), nullptr);
+    EXPECT_EQ(joined(tbl_Get(nullptr, 0), tbl_PutNumber(nullptr, 0, 1), tbl_Resize(nullptr, 3), tbl_Find(nullptr, 0),
+                     tbl_Compare(nullptr, 1, 2), tbl_PutText(nullptr, 0, "x")),
+              "0 0 0 -1 0 0");
+    tbl_Store(nullptr, 0, 1, 1);
+    tbl_Remove(nullptr, 0, 1);
+    tbl_Insert(nullptr, 0, 1);
+    tbl_Sort(nullptr);
+    tbl_Free(nullptr);
+    tbl_FreeTextArray(nullptr);
+    UomTable *table = tbl_Create(0, TABLE_INT32);
+    EXPECT_EQ(table->data, nullptr);
+    tbl_Store(table, 0, 1, 1);
+    tbl_Remove(table, 0, 1);
+    EXPECT_EQ(joined(tbl_Find(table, 0), tbl_GetPointer(table, 0) != nullptr, tbl_ToTextArray(table) != nullptr),
+              "-1 0 0");
+    EXPECT_EQ(tbl_PutPointer(table, 2, 7), 1); // what is jumped over is zero
+    EXPECT_EQ(contentOf(table), "0 0 7");
+    EXPECT_EQ(tbl_ToTextArray(table), nullptr); // no texts
+    EXPECT_EQ(tbl_Resize(table, 5), 1);
+    EXPECT_EQ(tbl_Resize(table, 1), 1);
+    EXPECT_EQ(joined(table->count, tbl_Get(table, 1)), "1 0");
+    tbl_Free(table);
+}
+
+TEST(SupportTable, GapsAndRemovals) {
+    // operation, place, how many: what is left of 1 2 3 4 5
+    const char cases[] = R"(
+        insert | 0 | 2 | 0 0 1 2 3 4 5; insert | 2 | 1 | 1 2 0 3 4 5; insert | 5 | 2 | 1 2 3 4 5 0 0; insert | 1 | 0 | 1 2 3 4 5
+        insert | 7 | 1 | 1 2 3 4 5 0 0 0; insert | 6 | 3 | 1 2 3 0 0 0 0; insert | 6 | 99 | 0 0 0 0 0 0 0
+        insert | 4294967295 | 1 | 1 2 3 4 5; insert | 0 | 4294967295 | 1 2 3 4 5
+        remove | 0 | 2 | 3 4 5; remove | 1 | 1 | 1 3 4 5; remove | 3 | 99 | 1 2 3; remove | 5 | 1 | 1 2 3 4 5
+        remove | 1 | 0 | 1 2 3 4 5; remove | 0 | 5 |
+    )";
+    for (const int32_t kind : {TABLE_INT8, TABLE_UINT16, TABLE_INT32, TABLE_INT64, TABLE_DOUBLE, TABLE_TEXT})
+        expectAnswers(cases, [=](const Cells &c) {
+            UomTable *table = tbl_Create(0, kind);
+            for (const char *element : {"1", "2", "3", "4", "5"})
+                kind == TABLE_TEXT ? tbl_PutText(table, APPEND, element) : tbl_PutNumber(table, APPEND, *element - '0');
+            const uint32_t place = static_cast<uint32_t>(std::stoul(c[1])), n = static_cast<uint32_t>(std::stoul(c[2]));
+            c[0] == "insert" ? tbl_Insert(table, place, n) : tbl_Remove(table, place, n);
+            std::string content = contentOf(table);
+            std::replace(content.begin(), content.end(), '-', '0'); // no text
+            EXPECT_EQ(table->data == nullptr, table->count == 0);
+            tbl_Free(table);
+            return content;
+        });
+}
+
+// By the width and sign of the kind, 64 bits by the low 32, floats within a millionth of the first.
+TEST(SupportTable, Order) {
+    const char cases[] = R"(
+        0 | 1 | 2 | -1; 0 | 200 | 1 | -1; 0 | 256 | 0 | 0; 1 | 200 | 1 | 1; 1 | -1 | 255 | 0; 3 | 40000 | 1 | -1; 3 | 5 | 5 | 0
+        4 | 40000 | 1 | 1; 4 | 65536 | 0 | 0; 5 | -1 | 1 | -1; 5 | 7 | 7 | 0; 6 | -1 | 1 | 1; 6 | 1 | 2 | -1
+        7 | -1 | 1 | -1; 7 | 4294967296 | 0 | 0; 7 | 4294967295 | 0 | -1; 8 | 4294967295 | 0 | 1; 8 | 4294967296 | 1 | -1
+        11 | 4294967297 | 1 | 0; 11 | 2147483648 | 1 | 1; 9 | 1 | 1.0000001 | 0; 9 | 1 | 1.00001 | -1; 9 | 1e-7 | 2e-7 | 0
+        9 | 1e-7 | 1 | -1; 9 | 2 | -2 | 1; 10 | 1 | 1.0000001 | 0; 10 | 1 | 1.000002 | -1; 10 | 1e-16 | 0 | 0
+        10 | 2 | 1 | 1; 10 | 100 | 100.0001 | -1; 10 | 100 | 100.00009 | 0
+    )";
+    expectAnswers(cases, [](const Cells &c) {
+        UomTable *table = tbl_Create(0, std::stoi(c[0]));
+        const int32_t order = tbl_Compare(table, std::stod(c[1]), std::stod(c[2]));
+        tbl_Free(table);
+        return joined(order);
+    });
+    UomTable *table = texts({"b", nullptr, "a", "B", ""});
+    const auto address = [&](uint32_t i) {
+        return static_cast<double>(reinterpret_cast<uintptr_t>(tbl_GetText(table, i)));
+    };
+    const auto order = [&](uint32_t a, uint32_t b) { return tbl_Compare(table, address(a), address(b)); };
+    EXPECT_EQ(joined(order(0, 2), order(2, 0), order(0, 0), order(0, 3), order(1, 4), order(4, 1), order(1, 1)),
+              "1 -1 0 1 -1 1 0");
+    EXPECT_EQ(joined(tbl_Find(table, address(2)), tbl_Find(table, 0.0)), "2 1");
+    tbl_Free(table);
+    table = tbl_Create(0, TABLE_DOUBLE);
+    for (const double value : {5.0, 3.0, 3.0000001})
+        tbl_PutNumber(table, APPEND, value);
+    EXPECT_EQ(joined(tbl_Find(table, 3.0000001), tbl_Find(table, 4)), "1 -1");
+    tbl_Free(table);
+}
+
+TEST(SupportTable, Sorts) {
+    for (const uint32_t count : {0u, 1u, 2u, 19u, 20u, 41u, 42u, 122u, 400u})
+        for (const int32_t kind : {TABLE_INT16, TABLE_DOUBLE, TABLE_TEXT}) {
+            UomTable *table = tbl_Create(0, kind);
+            std::vector<std::string> expected;
+            for (uint32_t i = 0; i < count; ++i) {
+                const uint32_t number = 1000 + i * 7919 % 401;
+                kind == TABLE_TEXT ? tbl_PutText(table, APPEND, std::to_string(number).c_str())
+                                   : tbl_PutNumber(table, APPEND, number);
+                expected.push_back(std::to_string(number));
+            }
+            std::sort(expected.begin(), expected.end());
+            std::string text;
+            for (const std::string &number : expected)
+                text += (text.empty() ? "" : " ") + number;
+            tbl_Sort(table);
+            EXPECT_EQ(contentOf(table), text) << "kind " << kind;
+            tbl_Free(table);
+        }
+}
+
+// Blocks that a table owns go when their element is replaced, cut off or freed; a copy shares them.
+TEST(SupportTable, OwnsItsPointers) {
+    const auto block = [] { return reinterpret_cast<uintptr_t>(mem_NewArray<char>(8)); };
+    UomTable *table = tbl_Create(0, TABLE_OWNED);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(tbl_PutPointer(table, APPEND, block()), 1);
+    UomTable *copy = tbl_Copy(table);
+    EXPECT_EQ(tbl_GetPointer(copy, 1), tbl_GetPointer(table, 1));
+    EXPECT_EQ(tbl_Resize(copy, 0), 1) << "frees them: one of the two alone may";
+    tbl_Free(copy);
+    std::memset(table->data, 0, 32);
+    const auto freedBy = [&](const std::function<void()> &act) {
+        const int32_t before = memCounters.frees;
+        act();
+        return memCounters.frees - before;
+    };
+    for (uint32_t i = 0; i < 4; ++i)
+        EXPECT_EQ(freedBy([&] { tbl_PutPointer(table, i, block()); }), 0);
+    void *const first = tbl_GetPointer(table, 0);
+    EXPECT_EQ(freedBy([&] { tbl_PutPointer(table, 0, reinterpret_cast<uintptr_t>(first)); }), 0) << "the same again";
+    EXPECT_EQ(freedBy([&] { tbl_PutPointer(table, 1, block()); }), 1);
+    EXPECT_EQ(freedBy([&] { tbl_Store(table, 0, 0.0, 0); }), 0);
+    mem_Free(first);
+    EXPECT_EQ(freedBy([&] { tbl_Remove(table, 1, 1); }), 1);
+    EXPECT_EQ(freedBy([&] { tbl_Resize(table, 2); }), 2) << "the element, and the block for a smaller one";
+    EXPECT_EQ(freedBy([&] { tbl_Free(table); }), 3);
+}
+
 } // namespace
