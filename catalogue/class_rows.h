@@ -4,9 +4,11 @@
 
 #include <cstdint>
 
-constexpr int32_t STATIC_CLASSES = 71; // compiled rows; custom classes stand behind them
-constexpr int32_t COMPOSITE_SLOTS = 3; // constituents that a class can have
-constexpr int32_t DIMENSIONS = 6;      // mass, length, time, temperature, charge, currency
+#include "uom/uom.h"
+
+constexpr int32_t STATIC_CLASSES = UOM_COMPILED_CLASSES; // compiled rows; custom classes stand behind them
+constexpr int32_t COMPOSITE_SLOTS = 3;                   // constituents that a class can have
+constexpr int32_t DIMENSIONS = 6;                        // mass, length, time, temperature, charge, currency
 
 // Bits of `kind`.
 enum ClassKind : int32_t {

@@ -6,13 +6,13 @@
 #include "support/table.h"
 
 enum TextStyle : int32_t {
-    STYLE_DEFAULT = 0,
-    STYLE_TOKEN = 1,
-    STYLE_KEYWORD = 2,
-    STYLE_TOKEN_SUPER = 3,
-    STYLE_TOKEN_UPPER = 4,
-    STYLE_LONG_NAME = 5,
-    STYLE_HTML = 6
+    STYLE_DEFAULT = UOM_STYLE_DEFAULT,
+    STYLE_TOKEN = UOM_STYLE_TOKEN,
+    STYLE_KEYWORD = UOM_STYLE_KEYWORD,
+    STYLE_TOKEN_SUPER = UOM_STYLE_TOKEN_SUPER,
+    STYLE_TOKEN_UPPER = UOM_STYLE_TOKEN_UPPER,
+    STYLE_LONG_NAME = UOM_STYLE_LONG_NAME,
+    STYLE_HTML = UOM_STYLE_HTML
 };
 
 // A class number in range: at least 1 and below the count of classes.

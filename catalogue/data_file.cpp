@@ -5,9 +5,11 @@
 #include "catalogue/data_file.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "catalogue/class_table.h"
 #include "catalogue/data_lines.h"
+#include "catalogue/platform.h"
 #include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "slates/custom_classes.h"
@@ -18,8 +20,6 @@
 #include "support/text.h"
 
 namespace {
-
-enum ReadStatus : int32_t { READ_DONE = 0, READ_CANNOT_OPEN = 1, READ_BAD_STRUCTURE = 2, READ_NO_MEMORY = 11 };
 
 constexpr size_t FILE_BUFFER = 1 << 16;
 
@@ -94,7 +94,7 @@ struct Reader {
 };
 
 int32_t statusOf(bool done) {
-    return done ? READ_DONE : READ_NO_MEMORY;
+    return done ? UOM_DONE : UOM_NO_MEMORY;
 }
 
 // --- first stage
@@ -116,7 +116,7 @@ void freeUnit(UomUnit *unit) {
 int32_t readUnit(Reader &reader) {
     UomUnit *unit = mem_New<UomUnit>();
     if (!unit)
-        return READ_NO_MEMORY;
+        return UOM_NO_MEMORY;
     unit->index = static_cast<int32_t>(tbl_Count(uomUnitTable));
     const bool copied = mem_DupText(&unit->token, reader.lines.first) == 0 &&
                         mem_DupText(&unit->keyword, data_NextToken(reader.lines)) == 0 &&
@@ -125,9 +125,9 @@ int32_t readUnit(Reader &reader) {
     unit->offset = num_LeadingDouble(data_NextToken(reader.lines));
     unit->factor = num_LeadingDouble(data_NextToken(reader.lines));
     if (copied && tbl_PutRecord(uomUnitTable, TABLE_APPEND, unit))
-        return READ_DONE;
+        return UOM_DONE;
     freeUnit(unit);
-    return READ_NO_MEMORY;
+    return UOM_NO_MEMORY;
 }
 
 void resolveWellKnownUnits() {
@@ -143,7 +143,7 @@ int32_t readUnitStage(Reader &reader, bool *ended) {
     *ended = false;
     while (!*ended && data_NextLine(reader.lines)) {
         const std::string_view first(reader.lines.first);
-        int32_t status = READ_DONE;
+        int32_t status = UOM_DONE;
         if (first == "ENDUOMLIST")
             *ended = true;
         else if (first == "UOMOPTION")
@@ -152,14 +152,14 @@ int32_t readUnitStage(Reader &reader, bool *ended) {
             reader.inUnitList = true;
         else if (reader.inUnitList)
             status = readUnit(reader);
-        if (status != READ_DONE)
+        if (status != UOM_DONE)
             return status;
     }
     UOM_NULL = 0;
     uomUnitCount = static_cast<int32_t>(tbl_Count(uomUnitTable));
     unit_IndexTokens();
     resolveWellKnownUnits();
-    return READ_DONE;
+    return UOM_DONE;
 }
 
 // --- second stage: what the lines of a section do
@@ -172,12 +172,12 @@ int32_t readClassLine(Reader &reader) {
         ++reader.lines.rest;
     const char *definition = data_NextToken(reader.lines);
     const char *longName = data_NextToken(reader.lines);
-    if (uoms_NewClass(name, definition) == READ_NO_MEMORY)
-        return READ_NO_MEMORY;
+    if (uoms_NewClass(name, definition) == UOM_NO_MEMORY)
+        return UOM_NO_MEMORY;
     if (str_IsEmpty(longName))
-        return READ_DONE;
+        return UOM_DONE;
     const int32_t classId = class_Find(name, defaultScanClassStyle);
-    return classId >= STATIC_CLASSES ? class_SetName(classId, longName) : READ_DONE;
+    return classId >= STATIC_CLASSES ? class_SetName(classId, longName) : UOM_DONE;
 }
 
 int32_t applicationListOf(std::string_view name) {
@@ -235,17 +235,17 @@ int32_t readPlainLine(Reader &reader) {
     case BETWEEN_SECTIONS:
         break;
     }
-    return READ_DONE;
+    return UOM_DONE;
 }
 
 // --- second stage: what the keywords do
 
 int32_t endSelectList(Reader &reader) {
-    int32_t status = READ_DONE;
+    int32_t status = UOM_DONE;
     if (reader.applicationList < 0)
         status = uoms_SetClassList(reader.name, reader.table);
     reader.closeSection();
-    return status == READ_NO_MEMORY ? status : READ_DONE;
+    return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
 
 int32_t beginCommonList(Reader &reader) {
@@ -257,18 +257,18 @@ int32_t endCommonList(Reader &reader) {
     if (!uomExtraTables)
         uomExtraTables = tbl_Create(0, TABLE_UINT64);
     if (!tbl_PutRecord(uomExtraTables, TABLE_APPEND, reader.table))
-        return READ_NO_MEMORY;
+        return UOM_NO_MEMORY;
     reader.table = nullptr;
-    return READ_DONE;
+    return UOM_DONE;
 }
 
 // The lines take effect in file order when the slate ends; an error in one does not stop the next.
 int32_t endSlate(Reader &reader) {
-    int32_t status = READ_DONE;
-    for (uint32_t i = 1; i < tbl_Count(reader.table) && status != READ_NO_MEMORY; ++i)
+    int32_t status = UOM_DONE;
+    for (uint32_t i = 1; i < tbl_Count(reader.table) && status != UOM_NO_MEMORY; ++i)
         status = definition_ApplyLine(reader.name, tbl_GetText(reader.table, i));
     reader.closeSection();
-    return status == READ_NO_MEMORY ? status : READ_DONE;
+    return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
 
 struct SectionKeyword {
@@ -301,12 +301,12 @@ int32_t readKeyword(Reader &reader, const SectionKeyword &keyword) {
     if (reader.state != keyword.allowedIn) {
         error_Set("UOM File \"%s\", Error on line %d, \"%s\" not expected.", reader.path, reader.lines.number,
                   keyword.word);
-        return READ_BAD_STRUCTURE;
+        return UOM_START_BAD_STRUCTURE;
     }
     reader.state = keyword.next;
     if (keyword.delimiters)
         reader.lines.delimiters = keyword.delimiters;
-    return keyword.act ? keyword.act(reader) : READ_DONE;
+    return keyword.act ? keyword.act(reader) : UOM_DONE;
 }
 
 int32_t readSectionStage(Reader &reader) {
@@ -315,34 +315,65 @@ int32_t readSectionStage(Reader &reader) {
             continue;
         const SectionKeyword *keyword = findKeyword(reader.lines.first);
         const int32_t status = keyword ? readKeyword(reader, *keyword) : readPlainLine(reader);
-        if (status != READ_DONE)
+        if (status != UOM_DONE)
             return status;
     }
-    return READ_DONE;
+    return UOM_DONE;
 }
 
 int32_t readStages(Reader &reader) {
     bool ended;
     int32_t status = readUnitStage(reader, &ended);
-    if (status == READ_DONE && ended)
+    if (status == UOM_DONE && ended)
         status = readSectionStage(reader);
-    if (status == READ_NO_MEMORY)
+    if (status == UOM_NO_MEMORY)
         error_Set("Unable to read the Unit of Measure data file \"%s\": memory is exhausted.", reader.path);
     return status;
 }
 
 } // namespace
 
+int32_t data_RefuseFile(const char *path) {
+    error_Set("Unable to open the Unit of Measure data file \"%s\".", path);
+    return UOM_START_NO_FILE;
+}
+
 int32_t uom_ReadDataFile(const char *path) {
     Reader reader(path);
-    reader.lines.file = std::fopen(path, "r");
-    if (reader.lines.file)
-        std::setvbuf(reader.lines.file, nullptr, _IOFBF, FILE_BUFFER);
-    const int32_t status = reader.lines.file ? readStages(reader) : READ_CANNOT_OPEN;
-    // A directory opens, but does not read.
-    const bool broken = !reader.lines.file || std::ferror(reader.lines.file);
-    if (!broken)
-        return status;
-    error_Set("Unable to open the Unit of Measure data file \"%s\".", path);
-    return READ_CANNOT_OPEN;
+    reader.lines.file = platform_OpenFile(path);
+    if (!reader.lines.file)
+        return data_RefuseFile(path);
+    std::setvbuf(reader.lines.file, nullptr, _IOFBF, FILE_BUFFER);
+    const int32_t status = readStages(reader);
+    return std::ferror(reader.lines.file) ? data_RefuseFile(path) : status;
+}
+
+// A text table of `count` names, each written by a function. Null when memory is exhausted.
+template <class WriteName> static UomTable *nameTable(size_t count, WriteName writeName) {
+    UomTable *table = tbl_Create(0, TABLE_TEXT);
+    for (size_t i = 0; table && i < count; ++i) {
+        char name[64];
+        TextWriter writer(name, sizeof name);
+        writeName(writer, i);
+        if (!tbl_PutText(table, TABLE_APPEND, name)) {
+            tbl_Free(table);
+            return nullptr;
+        }
+    }
+    return table;
+}
+
+UomTable *uom_GetKnownUnits(void) {
+    return nameTable(std::size(wellKnownUnits), [](TextWriter &writer, size_t i) {
+        str_Write(writer, wellKnownUnits[i].token);
+        if (!wellKnownUnits[i].second)
+            return;
+        str_Write(writer, '|');
+        str_Write(writer, wellKnownUnits[i].second);
+    });
+}
+
+UomTable *uom_GetKnownLists(void) {
+    return nameTable(std::size(applicationListNames),
+                     [](TextWriter &writer, size_t i) { str_Write(writer, applicationListNames[i]); });
 }

@@ -1,6 +1,8 @@
 // The one file that knows the operating system.
 #include "catalogue/platform.h"
 
+#include <sys/stat.h>
+
 #include <cstring>
 
 #include "catalogue/startup.h"
@@ -9,6 +11,51 @@
 #include "uom/uom.h"
 
 static const char dataFileName[] = "uomdata.txt";
+
+#if defined(_WIN32)
+static const char slashes[] = "\\/";
+#else
+static const char slashes[] = "/";
+#endif
+
+static bool isRegularFile(const char *path) {
+    struct stat file;
+    return stat(path, &file) == 0 && (file.st_mode & S_IFMT) == S_IFREG;
+}
+
+// Looked at before it is opened: opening a pipe may wait for ever, and a device may do anything.
+FILE *platform_OpenFile(const char *path) {
+    return isRegularFile(path) ? std::fopen(path, "r") : nullptr;
+}
+
+static bool canBeRead(const char *path) {
+    FILE *file = platform_OpenFile(path);
+    if (file)
+        std::fclose(file);
+    return file != nullptr;
+}
+
+// Adds a path to the places, unless it is there or too long to be a data file's. True when it can be read.
+static bool tryPlace(DataFilePlaces &places, std::string_view directory, const char *subdirectory) {
+    char *path = places.paths[places.count];
+    TextWriter writer(path, DATA_FILE_SIZE);
+    str_Write(writer, directory);
+    str_Write(writer, subdirectory);
+    str_Write(writer, dataFileName);
+    if (writer.wanted >= DATA_FILE_SIZE)
+        return false;
+    for (int32_t i = 0; i < places.count; ++i)
+        if (std::strcmp(places.paths[i], path) == 0)
+            return false;
+    ++places.count;
+    return canBeRead(path);
+}
+
+// The same beside a file; nowhere when its path has no directory.
+static bool tryBeside(DataFilePlaces &places, std::string_view file, const char *subdirectory) {
+    const size_t slash = file.find_last_of(slashes);
+    return slash != std::string_view::npos && tryPlace(places, str_Head(file, slash + 1), subdirectory);
+}
 
 static void onLoad() {
     platform_Debug("-- Load dll QXUomLib\n");
@@ -34,16 +81,11 @@ const char *platform_DebugText() {
 }
 
 // Beside the module "corekit.dll", or beside the executable when that module is not loaded.
-void platform_FindDataFile(char *out, size_t size) {
+bool platform_FindDataFile(DataFilePlaces &places) {
     char module[MAX_PATH];
     const DWORD length = GetModuleFileNameA(GetModuleHandleA("corekit.dll"), module, sizeof module);
-    char *slash = length > 0 && length < sizeof module ? std::strrchr(module, '\\') : nullptr;
-    if (!slash) {
-        str_FormatBounded(out, size, ".\\%s", dataFileName);
-        return;
-    }
-    slash[1] = '\0';
-    str_FormatBounded(out, size, "%s%s", module, dataFileName);
+    places.count = 0;
+    return (length > 0 && length < sizeof module && tryBeside(places, module, "")) || tryPlace(places, ".\\", "");
 }
 
 #if !defined(UOM_STATIC)
@@ -83,37 +125,59 @@ const char *platform_DebugText() {
     return debugText;
 }
 
-// The data file in a directory below the one that holds `file`. True when it can be read.
-static bool findBeside(char *out, size_t size, const char *file, const char *directory) {
-    const char *slash = std::strrchr(file, '/');
-    if (!slash)
-        return false;
-    const int length = static_cast<int>(slash - file);
-    str_FormatBounded(out, size, "%.*s/%s%s", length, file, directory, dataFileName);
-    return access(out, R_OK) == 0;
+constexpr size_t PATH_SIZE = 4096;
+
+// The file that this code is in, by an absolute path; empty while it is not known. A loader, and the caller of a
+// program that holds the library in itself, may have named it relative to the directory of that moment.
+static char libraryPath[PATH_SIZE] = "";
+
+static void noteLibraryPath() {
+    Dl_info library;
+    if (dladdr(reinterpret_cast<void *>(&noteLibraryPath), &library) == 0 || !library.dli_fname)
+        return;
+    // Without a slash the search path of commands led to it, and the directory at work says nothing.
+    if (!std::strchr(library.dli_fname, '/'))
+        return;
+    char directory[PATH_SIZE] = "";
+    const char *name = library.dli_fname;
+    const bool absolute = *name == '/';
+    while (std::strncmp(name, "./", 2) == 0)
+        name += 2;
+    if (!absolute && !getcwd(directory, sizeof directory))
+        return;
+    TextWriter writer(libraryPath, sizeof libraryPath);
+    str_Write(writer, directory);
+    str_Write(writer, absolute ? "" : "/");
+    str_Write(writer, name);
+    if (writer.wanted >= sizeof libraryPath)
+        libraryPath[0] = '\0';
 }
 
-void platform_FindDataFile(char *out, size_t size) {
-    Dl_info library;
-    if (dladdr(reinterpret_cast<void *>(&platform_FindDataFile), &library) != 0 && library.dli_fname) {
-        if (findBeside(out, size, library.dli_fname, ""))
-            return;
+static bool tryBesideLibrary(DataFilePlaces &places) {
+    if (tryBeside(places, libraryPath, ""))
+        return true;
 #if defined(UOM_DATA_RELATIVE)
-        if (findBeside(out, size, library.dli_fname, UOM_DATA_RELATIVE "/"))
-            return;
+    return tryBeside(places, libraryPath, UOM_DATA_RELATIVE "/");
+#else
+    return false;
 #endif
-    }
-    char executable[4096];
-    const ssize_t length = readlink("/proc/self/exe", executable, sizeof executable - 1);
-    if (length > 0) {
-        executable[length] = '\0';
-        if (findBeside(out, size, executable, ""))
-            return;
-    }
-    str_FormatBounded(out, size, "./%s", dataFileName);
+}
+
+static bool tryBesideExecutable(DataFilePlaces &places) {
+    char executable[PATH_SIZE];
+    const ssize_t length = readlink("/proc/self/exe", executable, sizeof executable);
+    const size_t known =
+        length > 0 && length < static_cast<ssize_t>(sizeof executable) ? static_cast<size_t>(length) : 0;
+    return tryBeside(places, std::string_view(executable, known), "");
+}
+
+bool platform_FindDataFile(DataFilePlaces &places) {
+    places.count = 0;
+    return tryBesideLibrary(places) || tryBesideExecutable(places) || tryPlace(places, "./", "");
 }
 
 __attribute__((constructor)) static void load() {
+    noteLibraryPath();
     onLoad();
 }
 

@@ -3,7 +3,9 @@
 #ifndef UOM_CATALOGUE_PLATFORM_H
 #define UOM_CATALOGUE_PLATFORM_H
 
-#include <cstddef>
+#include <cstdio>
+
+#include "catalogue/state.h"
 
 // Writes to the diagnostic channel: the debugger output on Windows, elsewhere a buffer of the process that
 // holds the last few thousand characters and that nothing prints.
@@ -12,8 +14,16 @@ void platform_Debug(const char *text);
 // What the buffer holds; empty on Windows. The address stays the same.
 const char *platform_DebugText();
 
-// The path of the data file as uom_Init finds it: the first of the places that has one, else the relative
-// path.
-void platform_FindDataFile(char *out, size_t size);
+// Opens a file for reading: a regular one, or a link to one. Null for anything else, without waiting for it.
+FILE *platform_OpenFile(const char *path);
+
+// The paths at which a data file was looked for, in turn, at least one. The last is the one to read.
+struct DataFilePlaces {
+    char paths[4][DATA_FILE_SIZE];
+    int32_t count;
+};
+
+// Looks for the data file as uom_Init does. True when the last path can be read; otherwise it is the relative one.
+bool platform_FindDataFile(DataFilePlaces &places);
 
 #endif

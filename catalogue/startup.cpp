@@ -22,8 +22,6 @@
 
 namespace {
 
-enum StartStatus : int32_t { START_DONE = 0, START_BAD_CLASSES = 3, START_BAD_UNITS = 4, START_NO_MEMORY = 11 };
-
 struct OptionWord {
     const char *word;
     int32_t *flag;
@@ -61,22 +59,22 @@ bool isPathWord(const char *word) {
     return startsLikeOption(word) && str_Lower(word[1]) == 'f';
 }
 
-// Reads the path options into a buffer of DATA_FILE_SIZE; a later one replaces an earlier one. An "-f"
-// without a word behind it empties the path when `clears`, and leaves it otherwise.
-void readPath(int32_t count, const char *const *words, char *path, bool clears) {
+// The path that the words name, null when they name none; a later path option replaces an earlier one. An "-f"
+// without a word behind it names the empty path when `clears`, and counts for nothing otherwise.
+const char *namedPath(int32_t count, const char *const *words, bool clears) {
+    const char *path = nullptr;
     for (int32_t i = 0; words && i < count; ++i) {
         const char *word = words[i];
         if (!word || findOption(word) || !isPathWord(word))
             continue;
-        const char *value = word + 2;
-        if (!*value) {
-            if (i + 1 >= count && !clears)
-                continue;
-            value = i + 1 < count ? words[i + 1] : "";
-            ++i;
-        }
-        str_CopyBounded(path, DATA_FILE_SIZE, value);
+        if (word[2])
+            path = word + 2;
+        else if (++i < count)
+            path = words[i] ? words[i] : "";
+        else if (clears)
+            path = "";
     }
+    return path;
 }
 
 void readOptions(int32_t count, const char *const *words) {
@@ -194,7 +192,7 @@ bool renameByMode() {
     if (!simulator && uomModeOrbex == 0)
         return true;
     const ApplicationList basisList = simulator ? LIST_KS_BASIS : LIST_OX_BASIS;
-    bool done = uoms_SetClassList("Basis", uomListTables[basisList]) != START_NO_MEMORY;
+    bool done = uoms_SetClassList("Basis", uomListTables[basisList]) != UOM_NO_MEMORY;
     if (simulator) {
         for (const UnitRename &rename : simulatorRenames)
             done = done && renameUnit(rename);
@@ -219,7 +217,7 @@ void countQuantitiesInMoles() {
 
 int32_t noMemory() {
     error_Set("UOM Initialization: memory is exhausted.");
-    return START_NO_MEMORY;
+    return UOM_NO_MEMORY;
 }
 
 void freeLists(UomClassRow *row) {
@@ -257,12 +255,12 @@ void startup_FreeAll() {
 }
 
 int32_t startup_CheckTables() {
-    int32_t status = START_DONE;
+    int32_t status = UOM_DONE;
     for (int32_t i = 0; i < STATIC_CLASSES; ++i) {
         if (uomStaticRows[i].index == i)
             continue;
         error_Set("UOM Initialization: UOM Class table is inconsistent");
-        status = START_BAD_CLASSES;
+        status = UOM_START_BAD_CLASSES;
         break;
     }
     for (int32_t i = 0; i < uomUnitCount; ++i) {
@@ -270,16 +268,56 @@ int32_t startup_CheckTables() {
         if (unit && unit->index == i)
             continue;
         error_Set("UOM Initialization: UOM Unit table is inconsistent");
-        return START_BAD_UNITS;
+        return UOM_START_BAD_UNITS;
     }
     return status;
 }
 
+const char *uom_GetVersion(void) {
+    return UOM_VERSION;
+}
+
+int32_t startup_NameDataFile(const char *path) {
+    const bool fits = std::strlen(path) < sizeof uomDataFile;
+    str_CopyBounded(uomDataFile, sizeof uomDataFile, fits ? path : "");
+    return fits ? UOM_DONE : data_RefuseFile(path);
+}
+
+// Completes the message of a data file that is not there.
+static void explainPlaces(const DataFilePlaces &places) {
+    char text[LAST_ERROR_SIZE];
+    TextWriter writer(text, sizeof text);
+    for (int32_t i = 0; i < places.count; ++i) {
+        str_Write(writer, i == 0 ? "\"" : i + 1 < places.count ? "\", \"" : "\" and \"");
+        str_Write(writer, places.paths[i]);
+    }
+    error_Set("%s Looked for it as %s\".", uomLastError, text);
+}
+
+int32_t uom_FindDataFile(char *out, int32_t size) {
+    if (!str_Open(out, size))
+        return UOM_REFUSED;
+    DataFilePlaces places;
+    const bool found = platform_FindDataFile(places);
+    const char *path = places.paths[places.count - 1];
+    if (std::strlen(path) >= static_cast<size_t>(size))
+        return UOM_REFUSED;
+    str_CopyBounded(out, static_cast<size_t>(size), path);
+    if (found)
+        return UOM_DONE;
+    data_RefuseFile(path);
+    explainPlaces(places);
+    return UOM_REFUSED;
+}
+
 int32_t uom_Init(void) {
-    char path[DATA_FILE_SIZE];
-    platform_FindDataFile(path, sizeof path);
-    const char *const words[] = {"-f", path};
-    return uom_Init2(2, words);
+    DataFilePlaces places;
+    const bool found = platform_FindDataFile(places);
+    const char *const words[] = {"-f", places.paths[places.count - 1]};
+    const int32_t status = uom_Init2(2, words);
+    if (status == UOM_START_NO_FILE && !found)
+        explainPlaces(places);
+    return status;
 }
 
 // The sequence of start-up, from the words to the gauge pressure.
@@ -287,7 +325,9 @@ static int32_t start(int32_t count, const char *const *words) {
     freeAll(); // what a failed start left
     resetOptions();
     readOptions(count, words);
-    readPath(count, words, uomDataFile, true);
+    const char *path = namedPath(count, words, true);
+    if (path && startup_NameDataFile(path) != UOM_DONE)
+        return UOM_START_NO_FILE;
     num_InitConstants();
     if (!enterClassRows())
         return noMemory();
@@ -298,7 +338,7 @@ static int32_t start(int32_t count, const char *const *words) {
         return noMemory();
     }
     const int32_t read = uom_ReadDataFile(uomDataFile);
-    if (read != START_DONE)
+    if (read != UOM_DONE)
         return read;
     settleModes();
     findNamedSlates();
@@ -312,7 +352,7 @@ static int32_t start(int32_t count, const char *const *words) {
 
 int32_t uom_Init2(int32_t count, const char *const *words) {
     if (uomInitDone == 1)
-        return START_DONE;
+        return UOM_DONE;
     const MemoryWatch memory;
     const int32_t status = start(count, words);
     // Lines of the file are passed over when they fail, but not for want of memory.
@@ -320,16 +360,15 @@ int32_t uom_Init2(int32_t count, const char *const *words) {
         freeAll();
         return noMemory();
     }
-    uomInitDone = status == START_DONE || status == START_BAD_CLASSES || status == START_BAD_UNITS;
+    uomInitDone = status == UOM_DONE || status == UOM_START_BAD_CLASSES || status == UOM_START_BAD_UNITS;
     return status;
 }
 
 int32_t uom_Init3(int32_t count, const char *const *words) {
     if (uomInitDone == 1) {
-        char path[DATA_FILE_SIZE] = "";
-        readPath(count, words, path, false);
-        if (!*path || str_EqualNoCase(path, uomDataFile))
-            return START_DONE;
+        const char *path = namedPath(count, words, false);
+        if (str_IsEmpty(path) || str_EqualNoCase(path, uomDataFile))
+            return UOM_DONE;
         uom_Cleanup();
     }
     return uom_Init2(count, words);

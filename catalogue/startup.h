@@ -4,6 +4,10 @@
 
 #include <cstdint>
 
+// Makes a path that of the data file, for this start and those without one. 0; 1 with the message of a file that
+// cannot be opened, and no path left, when it is longer than the library can keep.
+int32_t startup_NameDataFile(const char *path);
+
 // Walks the compiled rows and the unit records; the first whose number is not its place is a fault. 0, or 3
 // for the class table, 4 for the unit table (also when both are at fault), with a message.
 int32_t startup_CheckTables();

@@ -5,17 +5,19 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "uom/uom.h"
+
 enum ReportOption : int32_t {
-    REPORT_SLATES = 1,
-    REPORT_CLASSES = 2,
-    REPORT_UNITS = 4,
-    REPORT_SAMPLES = 8,
-    REPORT_DEFAULT = 15,
-    REPORT_END_USER = 256,
-    REPORT_MULTIPLIERS = 512,
-    REPORT_HTML = 1024,
-    REPORT_TAB = 2048,
-    REPORT_DEFINITIONS = 4096
+    REPORT_SLATES = UOM_REPORT_SLATES,
+    REPORT_CLASSES = UOM_REPORT_CLASSES,
+    REPORT_UNITS = UOM_REPORT_UNITS,
+    REPORT_SAMPLES = UOM_REPORT_SAMPLES,
+    REPORT_DEFAULT = UOM_REPORT_FULL,
+    REPORT_END_USER = UOM_REPORT_END_USER,
+    REPORT_MULTIPLIERS = UOM_REPORT_MULTIPLIERS,
+    REPORT_HTML = UOM_REPORT_HTML,
+    REPORT_TAB = UOM_REPORT_TAB,
+    REPORT_DEFINITIONS = UOM_REPORT_DEFINITIONS
 };
 
 // uom_Dump by a word in any case: "enduser", "full", "javadoc", "excel", "uomslates"; any other is "full".

@@ -19,7 +19,11 @@
 
 namespace {
 
-enum DefaultStatus : int32_t { DEFAULT_DONE = 0, DEFAULT_REFUSED = 1, DEFAULT_NO_MEMORY = 11 };
+enum DefaultStatus : int32_t {
+    DEFAULT_DONE = UOM_DONE,
+    DEFAULT_REFUSED = UOM_REFUSED,
+    DEFAULT_NO_MEMORY = UOM_NO_MEMORY
+};
 
 // Both text operations judge the slate and the class name alike. The slate, or -1 with a message.
 int32_t acceptSlate(const char *slateName, const char *className) {

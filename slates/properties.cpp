@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "catalogue/slate_table.h"
+#include "catalogue/startup.h"
 #include "catalogue/state.h"
 #include "support/memory.h"
 #include "support/numbers.h"
@@ -241,7 +242,7 @@ void uom_SetKestaOption(int32_t value) {
 
 void uom_SetDataFileName(const char *path) {
     if (!str_IsEmpty(path))
-        str_CopyBounded(uomDataFile, sizeof uomDataFile, path);
+        startup_NameDataFile(path);
 }
 
 int32_t uom_GetUnitTotal() {

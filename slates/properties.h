@@ -31,7 +31,7 @@ int32_t uoms_GetServerProperty(const char *name, int32_t length, char *out);
 int32_t uoms_PutServerProperty(const char *name, const char *value);
 
 void uom_SetKestaOption(int32_t value);
-void uom_SetDataFileName(const char *path); // for the next start-up; an empty path is ignored
+void uom_SetDataFileName(const char *path); // for the next start-up; an empty path is ignored, one too long leaves none
 int32_t uom_GetUnitTotal();
 
 #endif

@@ -11,59 +11,35 @@
 
 #include "support/text.h"
 
-double numNullDouble;
-double numNullDoubleLimit;
-float numNullFloat;
-float numNullFloatLimit;
-int32_t numNullInt;
-uint32_t numNullUnsigned;
-double numZeroLimit;
-double numRelativeTol;
-float numZeroLimitF;
-float numRelativeTolF;
-
-static float floatOfBits(uint32_t bits) {
-    float value;
-    std::memcpy(&value, &bits, sizeof value);
-    return value;
-}
+constinit NumberConstants numConstants;
 
 void num_InitConstants() {
-    numNullDouble = -1.5e35;
-    numNullDoubleLimit = -1e35;
-    numNullFloat = floatOfBits(0xF9E71C91u);
-    numNullFloatLimit = floatOfBits(0xF99A130Cu);
-    numNullUnsigned = 0x822B0039u;
-    numNullInt = static_cast<int32_t>(numNullUnsigned);
-    numZeroLimit = 1.0 / std::pow(10.0, 15.0);
-    numRelativeTol = 1.0 / std::pow(10.0, 6.0);
-    numRelativeTolF = static_cast<float>(numRelativeTol);
-    numZeroLimitF = numRelativeTolF;
+    numConstants = NumberConstants();
 }
 
 bool num_IsNull(double value) {
-    return value < numNullDoubleLimit;
+    return value < numConstants.nullDoubleLimit;
 }
 
 bool num_EqualTol(double a, double b, double tolerance) {
-    if (std::fabs(a) < numZeroLimit)
-        return std::fabs(b) < numZeroLimit;
+    if (std::fabs(a) < numConstants.zeroLimit)
+        return std::fabs(b) < numConstants.zeroLimit;
     return std::fabs(a - b) / std::fabs(a) < tolerance;
 }
 
 bool num_Equal(double a, double b) {
-    return a == b || num_EqualTol(a, b, numRelativeTol);
+    return a == b || num_EqualTol(a, b, numConstants.relativeTol);
 }
 
 bool num_EqualTolF(float a, float b, float tolerance) {
-    if (std::fabs(a) < numZeroLimitF)
-        return std::fabs(b) < numZeroLimitF;
+    if (std::fabs(a) < numConstants.zeroLimitF)
+        return std::fabs(b) < numConstants.zeroLimitF;
     const double wideA = a;
     return static_cast<float>(std::fabs(wideA - b) / std::fabs(wideA)) < tolerance;
 }
 
 bool num_EqualF(float a, float b) {
-    return a == b || num_EqualTolF(a, b, numRelativeTolF);
+    return a == b || num_EqualTolF(a, b, numConstants.relativeTolF);
 }
 
 double num_PowInt(double x, int32_t n) {

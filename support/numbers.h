@@ -6,21 +6,97 @@
 #include <cstddef>
 #include <cstdint>
 
-// Set by num_InitConstants, which runs at load and at each start-up; nothing compares before it has run.
-extern double numNullDouble;      // -1.5e35, the value that stands for no value
-extern double numNullDoubleLimit; // -1e35, anything below is a null value
-extern float numNullFloat;
-extern float numNullFloatLimit;
-extern int32_t numNullInt;
-extern uint32_t numNullUnsigned;
-extern double numZeroLimit;   // magnitudes below count as zero
-extern double numRelativeTol; // relative tolerance of equality
-extern float numZeroLimitF;
-extern float numRelativeTolF;
+struct NumberConstants {
+    double nullDouble = -1.5e35;    // stands for no value
+    double nullDoubleLimit = -1e35; // anything below is a null value
+    float nullFloat = std::bit_cast<float>(0xF9E71C91u);
+    float nullFloatLimit = std::bit_cast<float>(0xF99A130Cu);
+    uint32_t nullUnsigned = 0x822B0039u;
+    int32_t nullInt = static_cast<int32_t>(nullUnsigned);
+    double zeroLimit = 1.0 / 1e15;  // magnitudes below count as zero
+    double relativeTol = 1.0 / 1e6; // relative tolerance of equality
+    float zeroLimitF = static_cast<float>(1.0 / 1e6);
+    float relativeTolF = static_cast<float>(1.0 / 1e6);
+};
 
+// Good from the first call on: who uses the tables of the static library alone has no part of it that runs at load.
+extern NumberConstants numConstants;
+
+// Takes back what was set. Runs at load and at each start-up.
 void num_InitConstants();
 
+inline double num_NullDouble() {
+    return numConstants.nullDouble;
+}
+inline double num_NullDoubleLimit() {
+    return numConstants.nullDoubleLimit;
+}
+inline float num_NullFloat() {
+    return numConstants.nullFloat;
+}
+inline float num_NullFloatLimit() {
+    return numConstants.nullFloatLimit;
+}
+inline int32_t num_NullInt() {
+    return numConstants.nullInt;
+}
+inline uint32_t num_NullUnsigned() {
+    return numConstants.nullUnsigned;
+}
+inline double num_ZeroLimit() {
+    return numConstants.zeroLimit;
+}
+inline double num_RelativeTol() {
+    return numConstants.relativeTol;
+}
+inline float num_ZeroLimitF() {
+    return numConstants.zeroLimitF;
+}
+inline float num_RelativeTolF() {
+    return numConstants.relativeTolF;
+}
+
+inline void num_SetNullDouble(double value) {
+    numConstants.nullDouble = value;
+}
+inline void num_SetNullDoubleLimit(double value) {
+    numConstants.nullDoubleLimit = value;
+}
+inline void num_SetNullFloat(float value) {
+    numConstants.nullFloat = value;
+}
+inline void num_SetNullFloatLimit(float value) {
+    numConstants.nullFloatLimit = value;
+}
+inline void num_SetNullInt(int32_t value) {
+    numConstants.nullInt = value;
+}
+inline void num_SetNullUnsigned(uint32_t value) {
+    numConstants.nullUnsigned = value;
+}
+inline void num_SetZeroLimit(double value) {
+    numConstants.zeroLimit = value;
+}
+inline void num_SetRelativeTol(double value) {
+    numConstants.relativeTol = value;
+}
+inline void num_SetZeroLimitF(float value) {
+    numConstants.zeroLimitF = value;
+}
+inline void num_SetRelativeTolF(float value) {
+    numConstants.relativeTolF = value;
+}
+
 bool num_IsNull(double value);
+inline bool num_IsNullFloat(float value) {
+    return value < numConstants.nullFloatLimit;
+}
+inline bool num_IsNullInt(int32_t value) {
+    return value == numConstants.nullInt;
+}
+inline bool num_IsNullUnsigned(uint32_t value) {
+    return value == numConstants.nullUnsigned;
+}
 
 // Equality relative to the first argument: not symmetric near its limits, so the order of arguments counts.
 bool num_Equal(double a, double b);

@@ -8,22 +8,24 @@
 #include "uom/uom.h"
 
 enum TableKind : int32_t {
-    TABLE_INT8,
-    TABLE_UINT8,
-    TABLE_TEXT, // owned heap copies
-    TABLE_INT16,
-    TABLE_UINT16,
-    TABLE_INT32,
-    TABLE_UINT32,
-    TABLE_INT64, // also borrowed records
-    TABLE_UINT64,
-    TABLE_FLOAT,
-    TABLE_DOUBLE,
-    TABLE_OWNED, // pointers that the table frees and never copies
+    TABLE_INT8 = UOM_KIND_INT8,
+    TABLE_UINT8 = UOM_KIND_UINT8,
+    TABLE_TEXT = UOM_KIND_TEXT, // owned heap copies
+    TABLE_INT16 = UOM_KIND_INT16,
+    TABLE_UINT16 = UOM_KIND_UINT16,
+    TABLE_INT32 = UOM_KIND_INT32,
+    TABLE_UINT32 = UOM_KIND_UINT32,
+    TABLE_INT64 = UOM_KIND_INT64, // also borrowed records
+    TABLE_UINT64 = UOM_KIND_UINT64,
+    TABLE_FLOAT = UOM_KIND_FLOAT,
+    TABLE_DOUBLE = UOM_KIND_DOUBLE,
+    TABLE_OWNED = UOM_KIND_OWNED, // pointers that the table frees and never copies
     TABLE_KINDS
 };
 
-constexpr uint32_t TABLE_APPEND = 0xFFFFFFFF;
+constexpr uint32_t TABLE_APPEND = UOM_APPEND;
+
+static_assert(sizeof(void *) == 8, "Tables hold pointers in elements of 64 bits: build for a 64-bit machine.");
 
 inline uint32_t tbl_Count(const UomTable *table) {
     return table ? table->count : 0;

@@ -288,6 +288,8 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
         [&] { return table(uoms_GetSetDefinition("Metric", 0)); },
         [&] { return table(uoms_GetSetDefinition("Metric", 2)); },
         [&] { return table(uom_GetUnitList(CLASS_TEMP)); },
+        [&] { return table(uom_GetKnownUnits()); },
+        [&] { return table(uom_GetKnownLists()); },
         [&] { return array(uoms_GetSetNames); },
         [&] { return array([](int32_t *n) { return uoms_GetUOMList("Mass", n); }); },
         [&] { return chain(uoms_New("(Mass Leng) 2 / Rate")); },

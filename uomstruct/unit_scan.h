@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "uom/uom.h"
+
 struct UomMultiplierRow {
     int32_t code;        // the power of ten; -99 ends the table
     const char *siText;  // in front of "*"
@@ -16,17 +18,17 @@ extern const UomMultiplierRow uomMultipliers[];
 const UomMultiplierRow *multiplier_Find(int32_t code);
 
 enum FillStatus : int32_t {
-    FILL_DONE = 0,
-    FILL_BAD_ARGUMENT = 1,
-    FILL_NO_UNIT = 2,
-    FILL_TOO_SHORT = 3,
-    FILL_TOO_LONG = 4,
-    FILL_BAD_MULTIPLIER = 5,
-    FILL_BAD_EXPONENT = 6,
-    FILL_NEEDS_PARENTHESES = 7,
-    FILL_TOO_DEEP = 8,
-    FILL_OVERLONG = 9,
-    FILL_NO_MEMORY = 11
+    FILL_DONE = UOM_DONE,
+    FILL_BAD_ARGUMENT = UOM_FILL_BAD_ARGUMENT,
+    FILL_NO_UNIT = UOM_FILL_NO_UNIT,
+    FILL_TOO_SHORT = UOM_FILL_TOO_SHORT,
+    FILL_TOO_LONG = UOM_FILL_TOO_LONG,
+    FILL_BAD_MULTIPLIER = UOM_FILL_BAD_MULTIPLIER,
+    FILL_BAD_EXPONENT = UOM_FILL_BAD_EXPONENT,
+    FILL_NEEDS_PARENTHESES = UOM_FILL_NEEDS_PARENTHESES,
+    FILL_TOO_DEEP = UOM_FILL_TOO_DEEP,
+    FILL_OVERLONG = UOM_FILL_OVERLONG,
+    FILL_NO_MEMORY = UOM_NO_MEMORY
 };
 
 // What stands at the head of a text, as a class reads it.

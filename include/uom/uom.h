@@ -33,9 +33,114 @@
 #define UOM_API __attribute__((visibility("default")))
 #endif
 
+/* The version that a host is compiled with; uom_GetVersion answers that of the library in use. */
+#define UOM_VERSION_MAJOR 1
+#define UOM_VERSION_MINOR 0
+#define UOM_VERSION_PATCH 0
+#define UOM_VERSION "1.0.0"
+
 #ifdef __cplusplus
+#define UOM_INT32_ENUM : int32_t
 extern "C" {
+#else
+#define UOM_INT32_ENUM
 #endif
+
+/* ---------------------------------------------------------------------------------------------------------------
+ * Names of numbers. Operations take and answer them as int32_t.
+ */
+
+/* Classes with a number below are compiled in; custom classes have the numbers from here on. */
+enum UomClassCounts UOM_INT32_ENUM { UOM_COMPILED_CLASSES = 71 };
+
+/* Text styles. As the style of a text that is read, UOM_STYLE_KEYWORD means keywords, any other tokens. */
+enum UomTextStyle UOM_INT32_ENUM {
+    UOM_STYLE_DEFAULT = 0, /* the one of uom_SetDefaultDisplayStyle */
+    UOM_STYLE_TOKEN = 1,
+    UOM_STYLE_KEYWORD = 2,
+    UOM_STYLE_TOKEN_SUPER = 3, /* with superscripts */
+    UOM_STYLE_TOKEN_UPPER = 4, /* in capitals */
+    UOM_STYLE_LONG_NAME = 5,
+    UOM_STYLE_HTML = 6
+};
+
+/* What the elements of a table are. */
+enum UomTableKind UOM_INT32_ENUM {
+    UOM_KIND_INT8 = 0,
+    UOM_KIND_UINT8 = 1,
+    UOM_KIND_TEXT = 2, /* the table's own copies */
+    UOM_KIND_INT16 = 3,
+    UOM_KIND_UINT16 = 4,
+    UOM_KIND_INT32 = 5,
+    UOM_KIND_UINT32 = 6,
+    UOM_KIND_INT64 = 7,  /* also borrowed pointers */
+    UOM_KIND_UINT64 = 8, /* also borrowed pointers */
+    UOM_KIND_FLOAT = 9,
+    UOM_KIND_DOUBLE = 10,
+    UOM_KIND_OWNED = 11 /* pointers that the table frees */
+};
+
+/* As an index in writing to a table: behind its last element. */
+#define UOM_APPEND 0xFFFFFFFFu
+
+/* Results of operations. These hold in all families, each of which has its own numbers between. */
+enum UomStatus UOM_INT32_ENUM {
+    UOM_DONE = 0,
+    UOM_REFUSED = 1, /* a bad argument, where the family has no other name for 1 */
+    UOM_NO_MEMORY = 11
+};
+
+/* Of uom_Init, uom_Init2, uom_Init3. */
+enum UomStartStatus UOM_INT32_ENUM {
+    UOM_START_NO_FILE = 1,       /* the data file cannot be opened */
+    UOM_START_BAD_STRUCTURE = 2, /* a section keyword in a wrong place */
+    UOM_START_BAD_CLASSES = 3,   /* the class table is inconsistent; the library is started */
+    UOM_START_BAD_UNITS = 4      /* the unit table is inconsistent; the library is started */
+};
+
+/* Of uom_FillStructFromString, and of operations that read a unit string and hand on its status. */
+enum UomFillStatus UOM_INT32_ENUM {
+    UOM_FILL_BAD_ARGUMENT = 1,
+    UOM_FILL_NO_UNIT = 2,
+    UOM_FILL_TOO_SHORT = 3,
+    UOM_FILL_TOO_LONG = 4, /* text is left over */
+    UOM_FILL_BAD_MULTIPLIER = 5,
+    UOM_FILL_BAD_EXPONENT = 6,
+    UOM_FILL_NEEDS_PARENTHESES = 7,
+    UOM_FILL_TOO_DEEP = 8,
+    UOM_FILL_OVERLONG = 9 /* more than 65,535 bytes */
+};
+
+/* Of uoms_ConvertArray and uoms_CalculateConvConstants. */
+enum UomConvertStatus UOM_INT32_ENUM {
+    UOM_CONVERT_BAD_ARGUMENT = 1,
+    UOM_CONVERT_BAD_CLASS = 2,
+    UOM_CONVERT_BAD_SOURCE = 3,
+    UOM_CONVERT_BAD_TARGET = 4,
+    UOM_CONVERT_NOT_LINEAR = 5
+};
+
+/* Of uoms_NewClass. */
+enum UomNewClassStatus UOM_INT32_ENUM {
+    UOM_NEW_CLASS_BAD_ARGUMENT = 1,
+    UOM_NEW_CLASS_EXISTS = 2,
+    UOM_NEW_CLASS_BAD_DEFINITION = 3,
+    UOM_NEW_CLASS_TOO_MANY = 5 /* components */
+};
+
+/* Options of uom_Dump, to be added. */
+enum UomReportOption UOM_INT32_ENUM {
+    UOM_REPORT_SLATES = 1,  /* classes and slates */
+    UOM_REPORT_CLASSES = 2, /* the same, and the definitions of composite classes */
+    UOM_REPORT_UNITS = 4,   /* units and common lists */
+    UOM_REPORT_SAMPLES = 8, /* sample conversions */
+    UOM_REPORT_FULL = 15,
+    UOM_REPORT_END_USER = 256, /* leaves out what is internal */
+    UOM_REPORT_MULTIPLIERS = 512,
+    UOM_REPORT_HTML = 1024,
+    UOM_REPORT_TAB = 2048,
+    UOM_REPORT_DEFINITIONS = 4096 /* of slates; alone */
+};
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Types
@@ -62,7 +167,7 @@ typedef UomStructNode *UomStruct;
 typedef struct UomTable {
     uint32_t count; /* elements */
     uint32_t width; /* bytes an element */
-    int32_t kind;   /* 0 to 11, see tbl_Create; 2 is text */
+    int32_t kind;   /* a UomTableKind */
     void *data;     /* null while the table is empty */
 } UomTable;
 
@@ -95,9 +200,18 @@ extern UOM_API int32_t UOM_SET_MAX;     /* the count of slates: the greatest ind
  * Start-up, shutdown, messages
  */
 
+/* The version of the library, as UOM_VERSION. */
+UOM_API const char *uom_GetVersion(void);
+
 /* Starts with the file uomdata.txt: beside the library, else where it is installed relative to the library, else
- * beside the executable, else in the working directory. Results as uom_Init2. */
+ * beside the executable, else in the working directory. Results as uom_Init2. The message of a start that found no
+ * file names the places. */
 UOM_API int32_t uom_Init(void);
+
+/* The path of the data file that uom_Init would read; the library need not be started.
+ * Returns 0; or 1 when there is none, with the relative path that uom_Init tries then and a message that names the
+ * places; or 1 for a null `out` or one too small for the path, which is then empty. */
+UOM_API int32_t uom_FindDataFile(char *out, int32_t size);
 
 /* Starts the library; does nothing, with 0, when it is started.
  *   count, words  option words, any case, each also with "-" or "/" in front; unknown words are skipped:
@@ -127,6 +241,12 @@ UOM_API void uom_Cleanup(void);
 /* The text of the last failure that wrote one, at most 511 characters; the same address for the life of the library.
  * Not cleared by success unless an operation says so. */
 UOM_API const char *uom_GetLastErrorMessage(void);
+
+/* What a data file has to hold for all rules to act, as new tables of text; null when memory is exhausted. The units
+ * that the library looks up by token, those that do in place of each other parted by "|" ("Vol|Volume"); and the
+ * lists of its own that it puts in force by name ("OXTimeList"). The library need not be started. */
+UOM_API UomTable *uom_GetKnownUnits(void);
+UOM_API UomTable *uom_GetKnownLists(void);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Tables. Index 0xFFFFFFFF appends. Truth is 1, failure (memory) 0.

@@ -1,6 +1,9 @@
 // Start-up words, modes and what they rename, what a clean-up leaves, starting again.
 #include "catalogue/startup.h"
 
+#include <sys/stat.h>
+
+#include "slates/properties.h"
 #include "tests/library_fixture.h"
 
 namespace {
@@ -76,8 +79,55 @@ TEST_F(CatalogueStartup, FindsThePathAmongTheWords) {
     EXPECT_EQ(1, uom_Init2(-3, nullptr));
     EXPECT_EQ(1, startFile(::testing::TempDir())); // a directory
     EXPECT_EQ(1, startFile(std::string(10000, 'p')));
-    EXPECT_EQ(519u, std::strlen(uomDataFile));
     EXPECT_EQ(511u, lastError().size());
+}
+
+// Files of both lengths are there: the longer path must not be cut to the other.
+TEST_F(CatalogueStartup, RefusesAPathLongerThanItKeeps) {
+    const std::string folder = path + ".d", deep = folder + "/" + std::string(250, 'd');
+    const std::string longest = deep + "/" + std::string(518 - deep.size(), 'f'), tooLong = longest + "f";
+    mkdir(folder.c_str(), 0700), mkdir(deep.c_str(), 0700);
+    for (const std::string &file : {longest, tooLong})
+        std::ofstream(file) << "BEGINUOMLIST\nnone N N 0 0 1\nENDUOMLIST\n";
+    const std::string refusal = "Unable to open the Unit of Measure data file \"";
+
+    EXPECT_EQ(0, startFile(longest));
+    EXPECT_EQ(1, init3("-f|" + tooLong)) << "another file than the one in use";
+    EXPECT_EQ((refusal + tooLong).substr(0, 511), lastError());
+    EXPECT_EQ(0, uomInitDone);
+    EXPECT_EQ(1, uom_Init2(0, nullptr)) << "no cut path is kept";
+    EXPECT_EQ(refusal + "\".", lastError());
+
+    EXPECT_EQ(0, startFile(longest));
+    uom_SetDataFileName("");
+    EXPECT_EQ(longest, uomDataFile);
+    uom_SetDataFileName(tooLong.c_str());
+    EXPECT_STREQ("", uomDataFile);
+    uom_Cleanup();
+    EXPECT_EQ(1, uom_Init2(0, nullptr));
+
+    uom_SetDataFileName(longest.c_str());
+    EXPECT_EQ(0, uom_Init2(0, nullptr));
+    std::remove(longest.c_str()), std::remove(tooLong.c_str());
+    rmdir(deep.c_str()), rmdir(folder.c_str());
+}
+
+// What is looked for by name has to be in the shipped file, which knows nothing of the names in the code.
+TEST_F(CatalogueStartup, TellsTheNamesThatItLooksFor) {
+    const Lines units = takeLines(uom_GetKnownUnits()), lists = takeLines(uom_GetKnownLists());
+    std::ifstream file(UOM_TEST_DATA);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_EQ(0, startShipped({"kesta"}));
+    for (const std::string &unit : units) {
+        const size_t bar = unit.find('|');
+        const bool second = bar != std::string::npos && unitOf(unit.substr(bar + 1).c_str()) > UOM_NULL;
+        EXPECT_TRUE(unitOf(unit.substr(0, bar).c_str()) > UOM_NULL || second) << unit;
+    }
+    for (const std::string &list : lists)
+        EXPECT_NE(text.find("BEGINLIST\n" + list + "\n"), std::string::npos) << list;
+    for (const char *name : {"Mole", "Mass", "Molar", "Vol|Volume", "Liq. Vol.|StdLiqVol", "kPag", "ppb"})
+        EXPECT_EQ(1, std::count(units.begin(), units.end(), name)) << name;
+    EXPECT_EQ(joined(92, 19), joined(units.size(), lists.size()));
 }
 
 TEST_F(CatalogueStartup, RenamesByMode) {

@@ -105,7 +105,7 @@ TEST_F(EngineTest, EveryRoundOfAGroupIsWalked) {
 TEST_F(EngineTest, NullValuesAndNullChains) {
     const Chain m("Leng / Time", {"m", "hr"}), cm("Leng / Time", {"cm", "sec"});
     uomRunFactor = 7, uomRunOffset = 8, uomRunLinear = 9;
-    EXPECT_EQ(uom_ConvertFromTo(numNullDouble, m.head, cm.head), -1.5e35);
+    EXPECT_EQ(uom_ConvertFromTo(num_NullDouble(), m.head, cm.head), -1.5e35);
     EXPECT_EQ(uom_ConvertFromTo(-1.0000001e35, m.head, cm.head), -1.0000001e35);
     EXPECT_EQ(uom_ConvertFromTo(3, nullptr, cm.head), 3);
     EXPECT_EQ(uom_ConvertFromTo(3, m.head, nullptr), 3);

@@ -1,6 +1,7 @@
 // What counts as a number, as no value and as equal, in whatever locale the host has set.
 #include "support/numbers.h"
 
+#include <bit>
 #include <clocale>
 #include <limits>
 
@@ -22,6 +23,29 @@ TEST_F(SupportNumbers, EqualityIsRelativeToTheFirst) {
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_TRUE(num_Equal(infinity, infinity));
     EXPECT_TRUE(num_EqualTol(100.0, 101.0, 0.02));
+}
+
+TEST_F(SupportNumbers, ConstantsHaveValuesThatCanBeSetAndTakenBack) {
+    // -1.5e35 and -1e35 as floats, and the integer of the same kind, as other programs store them
+    EXPECT_EQ(std::bit_cast<uint32_t>(num_NullFloat()), 0xF9E71C91u);
+    EXPECT_EQ(std::bit_cast<uint32_t>(num_NullFloatLimit()), 0xF99A130Cu);
+    EXPECT_EQ(joined(num_NullDouble(), num_NullDoubleLimit(), num_NullInt(), num_NullUnsigned(), num_ZeroLimit(),
+                     num_RelativeTol(), num_ZeroLimitF(), num_RelativeTolF()),
+              "-1.5e+35 -1e+35 -2111111111 2183856185 1e-15 1e-06 1e-06 1e-06");
+
+    num_SetNullDouble(1), num_SetNullDoubleLimit(2), num_SetNullFloat(3), num_SetNullFloatLimit(4), num_SetNullInt(5);
+    num_SetNullUnsigned(6), num_SetZeroLimit(7), num_SetRelativeTol(8), num_SetZeroLimitF(9), num_SetRelativeTolF(10);
+    EXPECT_EQ(joined(num_NullDouble(), num_NullDoubleLimit(), num_NullFloat(), num_NullFloatLimit(), num_NullInt(),
+                     num_NullUnsigned(), num_ZeroLimit(), num_RelativeTol(), num_ZeroLimitF(), num_RelativeTolF()),
+              "1 2 3 4 5 6 7 8 9 10");
+    EXPECT_EQ("1 0 1 0 1 0 1 0",
+              joined(num_IsNull(1.9), num_IsNull(2), num_IsNullFloat(3.9f), num_IsNullFloat(4), num_IsNullInt(5),
+                     num_IsNullInt(4), num_IsNullUnsigned(6), num_IsNullUnsigned(7)));
+    EXPECT_EQ("1 1 0", joined(num_Equal(6, -6), num_Equal(7, -48), num_Equal(7, -49))) << "zero below 7, 8 times";
+    EXPECT_EQ("1 1 0", joined(num_EqualF(8, -8), num_EqualF(9, -80), num_EqualF(9, -81)));
+
+    num_InitConstants();
+    EXPECT_EQ("0 1", joined(num_Equal(6, -6), num_IsNull(-1.5e35)));
 }
 
 void expectNumbers() {
