@@ -34,6 +34,7 @@ Leng=foot
 Mass
 VapVolRate=SCF/fortnight
 NewClass0=Rapid
+GaugePresBasis=high
 TEXT
 
 line() { grep -nF -- "$1" broken.txt | head -1 | cut -d: -f1; }
@@ -63,14 +64,15 @@ $(line Bad=): UOM class "Nope / Time" not recognized or does not exist. New clas
 $(line Hollow): the common list "Hollow" has no items
 $(line ANGLE): the list "ANGLE" replaces that of line $(grep -nx Angle broken.txt | cut -d: -f1)
 $(line ANGLE): the list "ANGLE" stands behind classes or slates that may need it
-$((last - 7)): ENDSLATE is missing at the end of the file
-$((last - 6)): the parent "Nowhere" is no slate
-$((last - 5)): the slate "Nobody" is not known here and is not copied
-$((last - 4)): Unrecognized Unit-of-Measure class "Wrong".
-$((last - 3)): UOM string "foot": unidentified UOM for UOM class "Leng".
-$((last - 2)): "Mass" is not a key=value line
-$((last - 1)): UOM string "SCF/fortnight" at character 5: unidentified UOM for UOM class "Time".
-$last: "NewClass0" needs a class, a comma and its definition
+$((last - 8)): ENDSLATE is missing at the end of the file
+$((last - 7)): the parent "Nowhere" is no slate
+$((last - 6)): the slate "Nobody" is not known here and is not copied
+$((last - 5)): Unrecognized Unit-of-Measure class "Wrong".
+$((last - 4)): UOM string "foot": unidentified UOM for UOM class "Leng".
+$((last - 3)): "Mass" is not a key=value line
+$((last - 2)): UOM string "SCF/fortnight" at character 5: unidentified UOM for UOM class "Time".
+$((last - 1)): "NewClass0" needs a class, a comma and its definition
+$last: "high" is no atmospheric pressure: "GaugePresBasis" wants a number in kPa.
 $last: the class "Dimensionless" has no list of units
 $last: the slate "OXInternal" is missing
 TEXT

@@ -11,3 +11,9 @@ run() { # arguments of the tool; prints its output, then its messages, then its 
     status=$?
     echo "status $status"
 }
+
+refused() { # arguments of the tool: wrong usage, with one line of message
+    local found
+    found=$(run "$@" </dev/null | tr '\n' ';')
+    [[ $found =~ ^uom:\ [^\;]*\ --help\)\;status\ 2\;$ ]] || is "usage: $*" "refused" "$found"
+}

@@ -6,12 +6,37 @@ uom=$1
 
 is "class string" $'4.845733787e-08\n8.076222979e-08\nstatus 0' \
     "$(run convert --format %.10g "Pres/VolRate 2" "kpa/(m3/sec)2" "psi/(ft3/min)2" 1.5 2.5)"
-is "negative values" $'-40\n99.5\n31.1\n-148\nstatus 0' "$(run convert --format %.6g Temp C F -40 37.5 -.5 -1e2)"
-is "shortest text" $'0.3048\nstatus 0' "$(run convert Leng ft m 1)"
+for mark in "" "--"; do
+    # shellcheck disable=SC2086 # words
+    is "negative values behind \"$mark\"" $'-40\n99.5\n31.1\n-148\n-inf\nstatus 0' \
+        "$(run convert --format %.6g Temp C F $mark -40 37.5 -.5 -1e2 -inf)"
+done
+while IFS='|' read -r words results; do
+    # shellcheck disable=SC2086 # words
+    is "the mark in $words" "$results" "$(run $words | xargs)"
+done <<'TEXT'
+-- convert Leng ft m -1|-0.3048 status 0
+--mole convert -- Leng ft m -.5|-0.1524 status 0
+convert Leng ft m -1 -- -2|-0.3048 -0.6096 status 0
+constants -- Leng ft m|factor 0.3048 offset 0 status 0
+slate -- -x|uom: There is no slate -x. status 1
+convert -- Leng ft m -x|uom: -x is not a number. status 1
+TEXT
+
+while IFS='|' read -r precision results; do
+    # shellcheck disable=SC2086 # words
+    is "digits: $precision" "$results status 0" "$(run convert $precision Leng m m 0.1234567890123456 123456789012345.6 -2500 | xargs)"
+done <<'TEXT'
+|0.123456789012 1.23456789012e+14 -2500
+--precision 3|0.123 1.23e+14 -2.5e+03
+--precision 17|0.12345678901234559 123456789012345.59 -2500
+--precision full|0.1234567890123456 123456789012345.6 -2500
+TEXT
+is "no noise" $'-40\nstatus 0' "$(run convert Temp C F -40)"
 is "no value stays" $'-1.5e+35\nstatus 0' "$(run convert Leng ft m -1.5e35)"
 for value in 0.1 123456.789 -7e-12; do
     is "full precision of $value" "$("$uom" convert --format %.17g Pres psi bar $value)" \
-        "$("$uom" convert Pres psi bar $value | awk '{ printf "%.17g", $1 }')"
+        "$("$uom" convert --precision full Pres psi bar $value | awk '{ printf "%.17g", $1 }')"
 done
 is "a value does not depend on its place" "$("$uom" convert PetroDensity API kg/m3 30 40 | tail -1)" \
     "$("$uom" convert PetroDensity API kg/m3 40)"
@@ -19,10 +44,12 @@ is "superscripts" $'10.7639\nstatus 0' "$(run convert --format %.6g Area mÂ² ftÂ
 is "slates by option" $'100 C\nstatus 0' "$(run convert Temp 212 --from-slate English --to-slate Metric --format '%.9g C')"
 is "slates in place" $'100\nstatus 0' "$(run convert Temp English Metric 212 --format %.9g)"
 
-is "standard input" $'0.3048\n-0.6096\nstatus 0' "$(printf '1\n\n -2 \r\n' | run convert Leng ft m)"
+is "standard input" $'0.3048\n\n-0.6096\nstatus 0' "$(printf '1\n \n -2 \r\n' | run convert Leng ft m)"
 is "no input" "status 0" "$(run convert Leng ft m </dev/null)"
-is "bad line" $'0.3048\nuom: standard input:3: "x2" is not a number.\nstatus 1' \
-    "$(printf '1\n\nx2\n3\n' | run convert Leng ft m)"
+is "bad lines" $'0.3048\n\n\n0.9144\n\nstatus 1' "$(printf '1\n\nx2\n3\n4 5' | run convert Leng ft m 2>/dev/null | grep -v ^uom)"
+is "their messages" 'uom: standard input:3: "x2" is not a number.;uom: standard input:5: "4 5" is not a number.;' \
+    "$(printf '1\n\nx2\n3\n4 5' | "$uom" convert Leng ft m 2>&1 >/dev/null | tr '\n' ';')"
+is "input that can't be read" $'uom: Unable to read the standard input.\nstatus 1' "$(run convert Leng ft m </)"
 is "bad value" $'uom: "1,5" is not a number.\nstatus 1' "$(run convert Leng ft m 1 1,5)"
 is "bad unit" $'uom: UOM string "nope": unidentified UOM for UOM class "Leng".\nstatus 1' "$(run convert Leng nope m 1)"
 is "bad unit without input" "status 1" "$(run convert Leng ft nope </dev/null | tail -1)"
@@ -33,16 +60,19 @@ is "no data file" $'uom: Unable to open the Unit of Measure data file "/nowhere"
 is "no room" $'uom: Unable to write the output.\n1' "$("$uom" convert Leng ft m 1 2>&1 >/dev/full; echo $?)"
 
 for format in %d %s '%.6g %g' plain '%*g' %Lg %1000g %; do
-    run convert Leng ft m 1 --format "$format" | grep -q 'status 105' || is "format $format" refused accepted
+    refused convert Leng ft m 1 --format "$format"
 done
-for usage in "convert Leng ft" "convert Leng --from-slate SI 1" "constants Leng ft m 1" "nonsense" ""; do
+for usage in "convert Leng ft" "convert Leng --from-slate SI 1" "constants Leng ft m 1" "nonsense" "" "slates --nope" \
+    "--mode x slates" "convert Leng ft m 1 --precision "{0,18,1.5,x,""} "constants Leng ft m --precision 3 --format %g" \
+    "convert Leng ft m 1 --format %g --precision 3"; do
     # shellcheck disable=SC2086 # words
-    run $usage </dev/null | grep -q 'status 10[0-9]' || is "usage: $usage" refused accepted
+    refused $usage
 done
 
 constants=$("$uom" constants Temp C F)
 is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { printf "%.3f", (100 + o) * f }' <<<"$constants")"
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"
-is "version" "status 0" "$(run --version | tail -1)"
-"$uom" --help | grep -q 'uom convert Temp C F' || is "help" "examples" "none"
+is "version" "uom $(sed -n 's/^#define UOM_VERSION "\(.*\)"/\1/p' "$2/include/uom/uom.h") status 0" "$(run --version | xargs)"
+run --help | grep -q 'uom convert Temp C F' || is "help" "examples" "none"
+is "help's status" "status 0" "$(run convert --help | tail -1)"
 exit $failed

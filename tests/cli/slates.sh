@@ -13,6 +13,14 @@ is "internal classes" 0/3 "$("$uom" classes | grep -c 'Powertop\|Petro Mass')/$(
 is "default unit" "* F 459.67" "$("$uom" units Temp --slate English | awk '$1 == "*" { print $1, $2, $3 }')"
 is "components" "Mass (Mass) Length (Leng 2)" "$("$uom" units Inertia | sed -n '1p; /^$/ { n; p; }' | xargs)"
 is "root" "HXREPORTSI HXREPORT HXSI" "$("$uom" slates | awk '$1 == "HXREPORTSI" { print $1, $2, $3 }')"
+# A long line of parents, a circle with a way into it, and a parent that is no slate (which is an error by itself).
+{
+    printf '[S0]\nBasedOn=si\n'
+    for ((i = 1; i < 400; i++)); do printf '[S%d]\nBasedOn=S%d\n' $i $((i - 1)); done
+    printf '[Round1]\nBasedOn=Round2\n[Round2]\nBasedOn=Round1\n[Into]\nBasedOn=round2\n'
+} >roots.txt
+is "roots" "S0 si SI;S399 S398 SI;Round1 Round2 allowDelete;Round2 Round1 allowDelete;Into round2 allowDelete;" \
+    "$("$uom" --define roots.txt slates | awk '/^(S0|S399|Round|Into)/ { printf "%s %s %s;", $1, $2, $3 }')"
 
 is "show" "kPa/(m³/sec)²" "$("$uom" show --style TokenSuper "Pres/VolRate 2" --units "kpa/(m³/sec)2")"
 is "show in a slate" "lb/ft<SUP>3</SUP>" "$("$uom" show Density --slate English --style html)"
@@ -55,11 +63,20 @@ Temp
 CopyFrom=None
 NewClass0=A
 NewClass1=B,Nope / Nope
+gaugepresbasis=83,5
+GaugePresBasis=-1
+GaugePresBasis=inf
+GaugePresBasis= 83.5
+GaugePresBasis=
+GaugePresBasis=0
 [x
 TEXT
-is "each broken line" '1:1 2:4 3:5 4:6 5:7 6:8 7:9 8:10 9:3 status 1' \
+is "each broken line" '1:1 2:4 3:5 4:6 5:7 6:8 7:9 8:10 9:11 10:12 11:13 12:16 13:3 status 1' \
     "$("$uom" --define broken.txt slates 2>&1 | sed -n 's/^uom: broken.txt:\([0-9]*\): ..*/\1/p' | grep -n . | xargs) status $("$uom" --define broken.txt slates >/dev/null 2>&1; echo $?)"
 is "its message" 'uom: broken.txt:5: Unrecognized Unit-of-Measure class "Wrong".' \
     "$("$uom" --define broken.txt slates 2>&1 | grep :5:)"
+is "a pressure that is none" \
+    'uom: broken.txt:10: "83,5" is no atmospheric pressure: "gaugepresbasis" wants a number in kPa.' \
+    "$("$uom" --define broken.txt slates 2>&1 | grep :10:)"
 is "no such definitions" 'uom: Unable to read the slate definitions "none.txt".' "$("$uom" --define none.txt slates 2>&1)"
 exit $failed

@@ -19,7 +19,7 @@ std::string components(const UomStructNode *chain) {
             text += text.empty() ? "1 /" : " /";
             sign = -sign;
         }
-        text += (text.empty() ? "" : " ") + classText(node->baseClass, TOKEN_STYLE);
+        text += (text.empty() ? "" : " ") + classText(node->baseClass, UOM_STYLE_TOKEN);
         if (std::abs(exponent) != 1)
             text += " " + std::to_string(std::abs(exponent));
     }
@@ -37,13 +37,13 @@ int runClasses(bool all) {
     TextTable table;
     table.rightAligned = 1;
     table.rows.push_back({"Number", "Token", "Long name", "Keyword", "Components"});
-    const std::vector<std::string> listed = textLines(Table(uom_GetClassList(TOKEN_STYLE)).get());
+    const std::vector<std::string> listed = textLines(Table(uom_GetClassList(UOM_STYLE_TOKEN)).get());
     const std::set<std::string> shown(listed.begin(), listed.end());
     for (int32_t c = all ? 1 : FIRST_CLASS; c < uom_GetUOMClassCount(); ++c) {
-        const std::string token = classText(c, TOKEN_STYLE);
+        const std::string token = classText(c, UOM_STYLE_TOKEN);
         if (!token.empty() && (all || shown.count(token)))
-            table.rows.push_back({std::to_string(c), token, classText(c, LONG_NAME_STYLE), classText(c, KEYWORD_STYLE),
-                                  componentsOf(c)});
+            table.rows.push_back({std::to_string(c), token, classText(c, UOM_STYLE_LONG_NAME),
+                                  classText(c, UOM_STYLE_KEYWORD), componentsOf(c)});
     }
     print(table);
     return 0;
@@ -73,8 +73,8 @@ void printUnitsOf(UomStructNode *node, bool marked) {
     for (const int32_t unit : unitsOf(node->baseClass)) {
         double offset, factor;
         uom_GetConvConstants(unit, &offset, &factor);
-        table.rows.push_back({unitText(unit, TOKEN_STYLE), shortestNumber(offset), shortestNumber(factor),
-                              unitText(unit, LONG_NAME_STYLE)});
+        table.rows.push_back({unitText(unit, UOM_STYLE_TOKEN), shortestNumber(offset), shortestNumber(factor),
+                              unitText(unit, UOM_STYLE_LONG_NAME)});
         if (marked)
             table.rows.back().insert(table.rows.back().begin(), defaultMark(node, unit));
     }
@@ -85,8 +85,8 @@ void printUnitsOf(UomStructNode *node, bool marked) {
 
 std::string heading(const UomStructNode *node) {
     const std::string exponent = node->baseExponent == 1 ? "" : " " + std::to_string(node->baseExponent);
-    return classText(node->baseClass, LONG_NAME_STYLE) + " (" + classText(node->baseClass, TOKEN_STYLE) + exponent +
-           ")";
+    return classText(node->baseClass, UOM_STYLE_LONG_NAME) + " (" + classText(node->baseClass, UOM_STYLE_TOKEN) +
+           exponent + ")";
 }
 
 bool isParenthesis(const UomStructNode *node) {
@@ -113,6 +113,8 @@ int runUnits(const std::string &classString, const std::string &slate) {
 Action addClasses(CLI::App &command) {
     const auto all = std::make_shared<bool>(false);
     command.add_flag("--all", *all, "Parentheses and internal classes too");
+    command.footer("The classes for users: those compiled in and those of the data file, without the parentheses and\n"
+                   "the classes that serve the library alone, which have numbers too.");
     return [all] { return runClasses(*all); };
 }
 

@@ -11,8 +11,6 @@
 
 namespace {
 
-enum StartStatus { STARTED = 0, BAD_STRUCTURE = 2, BAD_CLASSES = 3, BAD_UNITS = 4 };
-
 void printFindings(const std::string &path, Findings &findings) {
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding &a, const Finding &b) { return a.line < b.line; });
@@ -28,10 +26,10 @@ void check(const std::string &path, Findings &findings) {
     checkUnits(file, findings);
     // In this mode start-up leaves the tokens of the units as the file has them.
     const int status = startWithFile(path, {"kesta"});
-    const bool started = status == STARTED || status == BAD_CLASSES || status == BAD_UNITS;
-    if (!started && status != BAD_STRUCTURE)
+    const bool started = status == UOM_DONE || status == UOM_START_BAD_CLASSES || status == UOM_START_BAD_UNITS;
+    if (!started && status != UOM_START_BAD_STRUCTURE)
         throw Failure(libraryMessage());
-    if (status != STARTED)
+    if (status != UOM_DONE)
         findings.push_back({std::max(file.stoppedAt, 1), libraryMessage()});
     if (!started)
         return;

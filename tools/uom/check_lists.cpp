@@ -9,19 +9,13 @@
 
 namespace {
 
-const char *const applicationLists[] = {
-    "OXTimeList",         "OXRateMassList",     "OXRateMoleList",    "OXRateLiqVolList",    "OXRateVapVolList",
-    "OXDensMassList",     "OXDensLiqVolList",   "OXDensMoleList",    "OXDensVapVolList",    "OXEnthalpyEnergyList",
-    "OXEnthalpyMassList", "OXEnthalpyMoleList", "DensPetroMassList", "OXLengthList",        "OXHeatCapList",
-    "KSBasisList",        "OXBasisList",        "OXCakeresMassList", "OXCakeresLengthList",
-};
-
 // Start-up gives the class Basis the units of one of these.
 const char *const neededLists[] = {"KSBasisList", "OXBasisList"};
 
 struct ListChecker {
     const DataFile &file;
     Findings &findings;
+    std::set<std::string> applicationLists;
     std::map<std::string, bool> units = {};     // tokens in lower case; true for the placeholder
     std::map<std::string, int> lineOfList = {}; // by the class's token, or the application list's name
     std::set<int32_t> classesWithUnits = {};
@@ -30,13 +24,6 @@ struct ListChecker {
 
 void report(ListChecker &checker, int line, const std::string &text) {
     checker.findings.push_back({line, text});
-}
-
-bool isApplicationList(const std::string &name) {
-    for (const char *known : applicationLists)
-        if (name == known)
-            return true;
-    return false;
 }
 
 // The count of the items that are units.
@@ -56,7 +43,7 @@ int checkItems(ListChecker &checker, const Section &list) {
 }
 
 void checkSelectList(ListChecker &checker, const Section &list) {
-    const bool application = isApplicationList(list.name);
+    const bool application = checker.applicationLists.count(list.name) > 0;
     const int32_t classId = application ? 0 : compiledClass(list.name);
     const int found = checkItems(checker, list);
     // A custom class has a list of its own only behind the class lines.
@@ -67,7 +54,7 @@ void checkSelectList(ListChecker &checker, const Section &list) {
     }
     if (found > 0)
         checker.classesWithUnits.insert(classId);
-    const std::string key = application ? list.name : classText(classId, TOKEN_STYLE);
+    const std::string key = application ? list.name : classText(classId, UOM_STYLE_TOKEN);
     const auto [first, isNew] = checker.lineOfList.emplace(key, list.line);
     if (!isNew)
         report(checker, list.line,
@@ -98,10 +85,10 @@ void checkSection(ListChecker &checker, const Section &section) {
 }
 
 void checkMissing(ListChecker &checker) {
-    for (int32_t c = FIRST_CLASS; c < COMPILED_CLASSES; ++c)
+    for (int32_t c = FIRST_CLASS; c < UOM_COMPILED_CLASSES; ++c)
         if (uom_IsClassBase(c) && !checker.classesWithUnits.count(c))
             report(checker, checker.file.lastLine,
-                   "the class \"" + classText(c, TOKEN_STYLE) + "\" has no list of units");
+                   "the class \"" + classText(c, UOM_STYLE_TOKEN) + "\" has no list of units");
     for (const char *needed : neededLists)
         if (!checker.lineOfList.count(needed))
             report(checker, checker.file.lastLine, "the list \"" + std::string(needed) + "\" is missing");
@@ -110,7 +97,8 @@ void checkMissing(ListChecker &checker) {
 } // namespace
 
 void checkLists(const DataFile &file, Findings &findings) {
-    ListChecker checker = {file, findings};
+    const std::vector<std::string> known = textLines(Table(uom_GetKnownLists()).get());
+    ListChecker checker = {file, findings, {known.begin(), known.end()}};
     for (const DataLine &unit : file.units)
         checker.units.emplace(lowerCase(unit.tokens[0]), &unit == &file.units.front());
     for (const Section &section : file.sections)

@@ -93,8 +93,11 @@ void checkSource(SlateChecker &checker, const SlateLine &line) {
 }
 
 void checkDefault(SlateChecker &checker, const SlateLine &line) {
+    const std::string fault = propertyFault(line.key, line.value);
     const int32_t custom = compiledClass(line.key) ? 0 : customClass(line.key);
-    if (custom >= COMPILED_CLASSES + checker.seen)
+    if (!fault.empty())
+        report(checker, line.number, fault);
+    else if (custom >= UOM_COMPILED_CLASSES + checker.seen)
         report(checker, line.number, "the class \"" + line.key + "\" is only known further down");
     else if (uoms_SetClassDefault(SCRATCH_SLATE, line.key.c_str(), line.value.c_str()) != 0)
         report(checker, line.number, libraryMessage());

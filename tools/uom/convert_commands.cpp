@@ -1,4 +1,6 @@
 // uom convert, uom constants: numbers from one unit to another.
+#include <cmath>
+#include <cstdio>
 #include <iostream>
 #include <memory>
 
@@ -16,9 +18,27 @@ struct Units {
 struct ConversionArguments {
     std::vector<std::string> words;
     std::string fromSlate, toSlate, format;
+    int digits = 12;
     bool hasSlates() const { return !fromSlate.empty(); }
     size_t unitWords() const { return hasSlates() ? 1 : 3; }
 };
+
+CLI::Option *addPrecision(CLI::App &command, int &digits) {
+    const std::string range = "1 to 17, or full for the shortest text that reads back as the same number";
+    return command
+        .add_option_function<std::string>(
+            "--precision",
+            [&digits, range](const std::string &text) {
+                const auto count = parseNumber(text);
+                const bool known =
+                    text == "full" || (count && *count >= 1 && *count <= 17 && *count == std::floor(*count));
+                if (!known)
+                    throw CLI::ValidationError("--precision", "\"" + text + "\" is not " + range);
+                digits = text == "full" ? FULL_PRECISION : static_cast<int>(*count);
+            },
+            "Significant digits: " + range + "; 12 by default")
+        ->option_text("DIGITS");
+}
 
 std::shared_ptr<ConversionArguments> addConversionArguments(CLI::App &command, const std::string &words) {
     auto arguments = std::make_shared<ConversionArguments>();
@@ -53,19 +73,19 @@ void requireUnitWords(const ConversionArguments &arguments) {
 
 // Each value is a call of its own: what a value gives does not depend on its place in the input.
 double convert(const Units &units, double value) {
-    if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != 0)
+    if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != UOM_DONE)
         throw Failure(libraryMessage());
     return value;
 }
 
 void printValue(const ConversionArguments &arguments, double value) {
     if (arguments.format.empty())
-        std::cout << shortestNumber(value) << '\n';
+        std::cout << roundedNumber(value, arguments.digits) << '\n';
     else
         std::cout << formatNumber(arguments.format, value) << '\n';
 }
 
-void convertWords(const ConversionArguments &arguments, const Units &units) {
+int convertWords(const ConversionArguments &arguments, const Units &units) {
     std::vector<double> values;
     for (size_t i = arguments.unitWords(); i < arguments.words.size(); ++i) {
         const auto value = parseNumber(arguments.words[i]);
@@ -75,19 +95,31 @@ void convertWords(const ConversionArguments &arguments, const Units &units) {
     }
     for (const double value : values)
         printValue(arguments, convert(units, value));
+    return 0;
 }
 
-void convertInput(const ConversionArguments &arguments, const Units &units) {
+// Each line of input has its line of output, empty where there is no number: a column stays in step with what it was
+// taken from. 1 when a line was no number.
+int convertInput(const ConversionArguments &arguments, const Units &units) {
+    int status = 0;
     std::string line;
     for (int number = 1; std::getline(std::cin, line); ++number) {
         const std::string text(trimmed(line));
+        const auto value = parseNumber(text);
+        if (value) {
+            printValue(arguments, convert(units, *value));
+            continue;
+        }
+        std::cout << '\n';
         if (text.empty())
             continue;
-        const auto value = parseNumber(text);
-        if (!value)
-            throw Failure("standard input:" + std::to_string(number) + ": \"" + text + "\" is not a number.");
-        printValue(arguments, convert(units, *value));
+        std::cerr << "uom: standard input:" << number << ": \"" << toTerminal(text) << "\" is not a number.\n";
+        status = 1;
     }
+    // The stream takes a failed read for the end; the file knows better.
+    if (std::ferror(stdin))
+        throw Failure("Unable to read the standard input.");
+    return status;
 }
 
 std::string validateFormat(const std::string &format) {
@@ -98,10 +130,8 @@ int runConvert(const ConversionArguments &arguments) {
     const Units units = readUnits(arguments);
     convert(units, 0.0); // bad units fail before any input is read
     if (arguments.words.size() > arguments.unitWords())
-        convertWords(arguments, units);
-    else
-        convertInput(arguments, units);
-    return 0;
+        return convertWords(arguments, units);
+    return convertInput(arguments, units);
 }
 
 int runConstants(const ConversionArguments &arguments) {
@@ -109,11 +139,12 @@ int runConstants(const ConversionArguments &arguments) {
     double factor, offset;
     const int32_t status =
         uoms_CalculateConvConstants(units.classString.c_str(), units.from.c_str(), units.to.c_str(), &factor, &offset);
-    if (status == 5)
+    if (status == UOM_CONVERT_NOT_LINEAR)
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
-    if (status != 0)
+    if (status != UOM_DONE)
         throw Failure(libraryMessage());
-    std::cout << "factor " << shortestNumber(factor) << "\noffset " << shortestNumber(offset) << '\n';
+    std::cout << "factor " << roundedNumber(factor, arguments.digits) << '\n';
+    std::cout << "offset " << roundedNumber(offset, arguments.digits) << '\n';
     return 0;
 }
 
@@ -122,14 +153,16 @@ int runConstants(const ConversionArguments &arguments) {
 Action addConvert(CLI::App &command) {
     const auto arguments = addConversionArguments(command, " VALUE");
     command.add_option("--format", arguments->format, "printf format of the results, like %.6g")
-        ->check(CLI::Validator(validateFormat, "FORMAT"));
+        ->check(CLI::Validator(validateFormat, "FORMAT"))
+        ->excludes(addPrecision(command, arguments->digits));
     command.parse_complete_callback([arguments] { requireUnitWords(*arguments); });
-    command.footer("Without values, reads them from standard input, one a line.");
+    command.footer("Without values, reads them from standard input, one a line, and prints a line for each.");
     return [arguments] { return runConvert(*arguments); };
 }
 
 Action addConstants(CLI::App &command) {
     const auto arguments = addConversionArguments(command, "");
+    addPrecision(command, arguments->digits);
     command.parse_complete_callback([arguments] {
         requireUnitWords(*arguments);
         if (arguments->words.size() > arguments->unitWords())

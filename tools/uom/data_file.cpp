@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -58,7 +59,10 @@ void report(Reader &reader, int line, const std::string &text) {
 // --- lines
 
 std::vector<Piece> readPieces(const std::string &path) {
-    const std::unique_ptr<FILE, FileCloser> file(std::fopen(path.c_str(), "r"));
+    // As the library, which reads nothing else: opening a pipe could wait for ever.
+    std::error_code failure;
+    const bool regular = std::filesystem::is_regular_file(path, failure);
+    const std::unique_ptr<FILE, FileCloser> file(regular ? std::fopen(path.c_str(), "r") : nullptr);
     std::vector<Piece> pieces;
     char buffer[LINE_SIZE];
     int number = 1;
@@ -67,7 +71,6 @@ std::vector<Piece> readPieces(const std::string &path) {
         if (pieces.back().text.ends_with('\n'))
             ++number;
     }
-    // A directory opens, but does not read.
     if (!file || std::ferror(file.get()))
         throw Failure("Unable to open the Unit of Measure data file \"" + path + "\".");
     return pieces;

@@ -32,7 +32,7 @@ bool isNewClass(const DefinitionLine &line) {
 }
 
 bool classExists(const std::string &name) {
-    return uom_GetClassType(name.c_str(), TOKEN_STYLE) >= 1;
+    return uom_GetClassType(name.c_str(), UOM_STYLE_TOKEN) >= 1;
 }
 
 // Hands the line to the library; its message, empty when it wrote none.
@@ -73,7 +73,8 @@ Complaint apply(const DefinitionLine &line) {
         return putNewClass(line);
     if (isKey(line, "CopyFrom"))
         return copySlate(line);
-    return putLine(line);
+    const Complaint fault = propertyFault(line.key, *line.value);
+    return fault.empty() ? putLine(line) : fault;
 }
 
 bool isParent(const DefinitionLine &line) {

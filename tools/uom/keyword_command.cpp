@@ -26,8 +26,8 @@ bool isSingleClass(UomStructNode *chain) {
 // Each unit must have a keyword, or the text would say less than the units do.
 void requireUnitKeywords(const UomStructNode *chain) {
     for (const UomStructNode *node = chain; node; node = node->next)
-        if (node->unit > UOM_NULL && unitText(node->unit, KEYWORD_STYLE).empty())
-            throw Failure("The unit \"" + unitText(node->unit, TOKEN_STYLE) + "\" has no keyword.");
+        if (node->unit > UOM_NULL && unitText(node->unit, UOM_STYLE_KEYWORD).empty())
+            throw Failure("The unit \"" + unitText(node->unit, UOM_STYLE_TOKEN) + "\" has no keyword.");
 }
 
 // A rate in moles is written in the mass unit of the same name; the library clears the unit when there is none.
@@ -37,7 +37,7 @@ bool lostUnit(UomStructNode *chain) {
 
 int runWrite(const KeywordArguments &arguments) {
     const Chain chain = newChain(fromTerminal(arguments.classString));
-    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), TOKEN_STYLE) != 0)
+    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), UOM_STYLE_TOKEN) != 0)
         throw Failure(libraryMessage());
     requireUnitKeywords(chain.get());
     char text[512] = "";
@@ -53,14 +53,14 @@ int runWrite(const KeywordArguments &arguments) {
 
 int runRead(const std::string &text) {
     char classString[512] = "", units[512] = "";
-    const Chain chain(uom_ClassAndUnitToStruct(fromTerminal(text).c_str(), KEYWORD_STYLE));
+    const Chain chain(uom_ClassAndUnitToStruct(fromTerminal(text).c_str(), UOM_STYLE_KEYWORD));
     if (chain) {
-        uom_BuildClassString(chain.get(), classString, sizeof classString, TOKEN_STYLE);
-        uom_GetDisplayUnits(chain.get(), units, sizeof units, TOKEN_STYLE);
+        uom_BuildClassString(chain.get(), classString, sizeof classString, UOM_STYLE_TOKEN);
+        uom_GetDisplayUnits(chain.get(), units, sizeof units, UOM_STYLE_TOKEN);
     }
     // Units that are not found leave their places empty: then the rest can't be read as units of the class.
     const Chain again(uom_Copy(chain.get()));
-    if (!again || uom_FillStructFromString(again.get(), units, TOKEN_STYLE) != 0)
+    if (!again || uom_FillStructFromString(again.get(), units, UOM_STYLE_TOKEN) != 0)
         throw Failure("The keyword text \"" + text + "\" is not understood.");
     std::cout << toTerminal(classString) << '\n' << toTerminal(units) << '\n';
     return 0;

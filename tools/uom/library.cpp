@@ -1,6 +1,9 @@
 #include "library.h"
 
+#include <cmath>
+
 #include "commands.h"
+#include "text.h"
 
 // No text that is read here is longer: a chain has at most 20 classes, and a line of the data file 131
 // characters.
@@ -28,9 +31,9 @@ int32_t slateNumber(const std::string &name) {
 }
 
 Table textTable(const std::vector<std::string> &lines) {
-    Table table(tbl_Create(0, 2));
+    Table table(tbl_Create(0, UOM_KIND_TEXT));
     for (const std::string &line : lines)
-        if (!table || !tbl_PutText(table.get(), APPEND, line.c_str()))
+        if (!table || !tbl_PutText(table.get(), UOM_APPEND, line.c_str()))
             throw std::bad_alloc();
     return table;
 }
@@ -66,4 +69,13 @@ std::string slateParent(const std::string &slate) {
     char parent[TEXT_SIZE] = "";
     uoms_GetSetBasedOn2(slate.c_str(), parent, sizeof parent);
     return parent;
+}
+
+std::string propertyFault(const std::string &property, const std::string &value) {
+    if (!equalNoCase(property, "GaugePresBasis") || value.empty())
+        return "";
+    const auto pressure = parseNumber(value);
+    // With a blank beside it the library reads no number.
+    const bool good = pressure && std::isfinite(*pressure) && *pressure >= 0.0 && trimmed(value) == value;
+    return good ? "" : "\"" + value + "\" is no atmospheric pressure: \"" + property + "\" wants a number in kPa.";
 }

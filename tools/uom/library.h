@@ -10,14 +10,7 @@
 
 #include "uom/uom.h"
 
-constexpr int32_t TOKEN_STYLE = 1;
-constexpr int32_t KEYWORD_STYLE = 2;
-constexpr int32_t LONG_NAME_STYLE = 5;
-
-constexpr int32_t COMPILED_CLASSES = 71; // custom classes have the numbers from here on
-constexpr int32_t FIRST_CLASS = 3;       // 1 and 2 are the parentheses
-
-constexpr uint32_t APPEND = 0xFFFFFFFF;
+constexpr int32_t FIRST_CLASS = 3; // 1 and 2 are the parentheses
 
 struct ChainDeleter {
     void operator()(UomStructNode *chain) const { uom_Free(&chain); }
@@ -50,5 +43,8 @@ std::string statedDefault(const std::string &slate, const std::string &className
 
 // The name of the parent of a slate.
 std::string slateParent(const std::string &slate);
+
+// What is wrong with the value of a slate's property that the library would take without a word; empty when nothing.
+std::string propertyFault(const std::string &property, const std::string &value);
 
 #endif

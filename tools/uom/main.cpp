@@ -1,4 +1,5 @@
 // uom: the library at work on the command line. Reads the global options and runs one command.
+#include <algorithm>
 #include <iostream>
 
 #include "commands.h"
@@ -8,7 +9,8 @@
 
 namespace {
 
-constexpr const char *VERSION = "1.0.0";
+// Exit statuses, beside 0. Every message stands behind "uom: ".
+constexpr int FAILED = 1, BAD_USAGE = 2;
 
 struct Command {
     const char *name;
@@ -73,21 +75,45 @@ StartOptions startOptions(const GlobalOptions &options) {
     return start;
 }
 
-// "-.5" is a number, which CLI11 would take for an option.
+bool isNegativeNumber(const std::string &word) {
+    return word.starts_with('-') && parseNumber(word);
+}
+
+// CLI11 takes "-.5" and "-inf" for options, but with a blank in front for what they are.
+std::string readableWord(const std::string &word) {
+    return isNegativeNumber(word) && word.find_first_of("0123456789") != 1 ? " " + word : word;
+}
+
+// Where only numbers would be taken for options behind a "--", it need not stand; CLI11 understands it only in front
+// of the first of a command's words.
+bool isNeeded(const std::vector<std::string> &behindMark) {
+    return std::any_of(behindMark.begin(), behindMark.end(),
+                       [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); });
+}
+
+// The words of the command line in the reverse order, as CLI11 takes them.
 std::vector<std::string> readableWords(int count, char **words) {
-    std::vector<std::string> readable;
-    for (int i = count - 1; i > 0; --i) {
-        const std::string word = words[i];
-        readable.push_back(word.starts_with("-.") && parseNumber(word) ? "-0" + word.substr(1) : word);
-    }
-    return readable; // in the reverse order, as CLI11 takes them
+    std::vector<std::string> given(words + 1, words + count);
+    const auto mark = std::find(given.begin(), given.end(), "--");
+    if (mark != given.end() && !isNeeded({mark + 1, given.end()}))
+        given.erase(mark);
+    std::vector<std::string> readable(given.size());
+    std::transform(given.rbegin(), given.rend(), readable.begin(), readableWord);
+    return readable;
+}
+
+int refuseUsage(const CLI::App &app, const CLI::ParseError &error) {
+    const auto commandsRead = app.get_subcommands();
+    const std::string command = commandsRead.empty() ? "" : " " + commandsRead.front()->get_name();
+    std::cerr << "uom: " << toTerminal(error.what()) << " (see uom" << command << " --help)\n";
+    return BAD_USAGE;
 }
 
 int run(int count, char **words) {
     CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
     GlobalOptions options;
     addGlobalOptions(app, options);
-    app.set_version_flag("--version", std::string("uom ") + VERSION);
+    app.set_version_flag("--version", std::string("uom ") + uom_GetVersion());
     app.footer(EXAMPLES);
     app.require_subcommand(1);
     app.fallthrough();
@@ -107,7 +133,7 @@ int run(int count, char **words) {
     try {
         app.parse(readableWords(count, words));
     } catch (const CLI::ParseError &error) {
-        return app.exit(error);
+        return error.get_exit_code() == 0 ? app.exit(error) : refuseUsage(app, error);
     }
     return status;
 }
@@ -115,7 +141,7 @@ int run(int count, char **words) {
 } // namespace
 
 int main(int count, char **words) {
-    int status = 1;
+    int status = FAILED;
     try {
         status = run(count, words);
     } catch (const std::exception &failure) {
@@ -126,7 +152,7 @@ int main(int count, char **words) {
     std::cout.flush();
     if (!std::cout) {
         std::cerr << "uom: Unable to write the output.\n";
-        return 1;
+        return FAILED;
     }
     return status;
 }

@@ -47,7 +47,7 @@ std::string dimensionsOf(const UomStructNode *chain, const std::string &classStr
 int runRelated(const std::string &given) {
     char text[8192];
     const Chain chain = newChain(fromTerminal(given));
-    uom_BuildClassString(chain.get(), text, sizeof text, TOKEN_STYLE);
+    uom_BuildClassString(chain.get(), text, sizeof text, UOM_STYLE_TOKEN);
     const std::string classString = text;
     TextTable table;
     table.rows.push_back({"Class", classString});

@@ -8,22 +8,24 @@
 
 namespace {
 
-constexpr int32_t FULL = 15;
-constexpr int32_t MULTIPLIERS = 512;
-constexpr int32_t DEFINITIONS = 4096;
+constexpr int32_t END_USER = UOM_REPORT_FULL - UOM_REPORT_SAMPLES + UOM_REPORT_END_USER;
 
 const std::map<std::string, int32_t> reportOptions = {
-    {"enduser", 263}, {"full", FULL}, {"javadoc", 1287}, {"excel", 2311}, {"uomslates", DEFINITIONS},
+    {"enduser", END_USER},
+    {"full", UOM_REPORT_FULL},
+    {"javadoc", END_USER + UOM_REPORT_HTML},
+    {"excel", END_USER + UOM_REPORT_TAB},
+    {"uomslates", UOM_REPORT_DEFINITIONS},
 };
 
 struct ReportArguments {
-    int32_t options = FULL;
+    int32_t options = UOM_REPORT_FULL;
     bool multipliers = false;
     std::string path;
 };
 
 int runReport(const ReportArguments &arguments) {
-    const int32_t options = arguments.options + (arguments.multipliers ? MULTIPLIERS : 0);
+    const int32_t options = arguments.options + (arguments.multipliers ? UOM_REPORT_MULTIPLIERS : 0);
     const int32_t status = uom_Dump(options, arguments.path.c_str());
     if (status == 0)
         return 0;
@@ -47,7 +49,7 @@ Action addReport(CLI::App &command) {
                      "Columns for the multipliers of units; not for uomslates");
     command.add_option("-o", arguments->path, "Write to this file")->option_text("FILE");
     command.parse_complete_callback([arguments] {
-        if (arguments->multipliers && arguments->options == DEFINITIONS)
+        if (arguments->multipliers && arguments->options == UOM_REPORT_DEFINITIONS)
             throw CLI::ExcludesError("--multipliers", "--for uomslates");
     });
     return [arguments] { return runReport(*arguments); };

@@ -12,18 +12,49 @@ namespace {
 const char *const flagNames[] = {"isSystem", "isHidden", "allowDelete", "allowModify"};
 
 const std::map<std::string, int32_t> styleNames = {
-    {"token", 1}, {"keyword", 2}, {"tokensuper", 3}, {"tokenupper", 4}, {"longname", 5}, {"html", 6},
+    {"token", UOM_STYLE_TOKEN},
+    {"keyword", UOM_STYLE_KEYWORD},
+    {"tokensuper", UOM_STYLE_TOKEN_SUPER},
+    {"tokenupper", UOM_STYLE_TOKEN_UPPER},
+    {"longname", UOM_STYLE_LONG_NAME},
+    {"html", UOM_STYLE_HTML},
 };
 
-// The slate at the end of the line of parents: based on itself, or on one that does not exist.
-std::string rootOf(std::string slate) {
-    for (int32_t steps = 0; steps < UOM_SET_MAX; ++steps) {
-        const std::string parent = slateParent(slate);
-        if (equalNoCase(parent, slate) || uom_GetSetType(parent.c_str()) < 1)
-            return slate;
-        slate = parent;
+constexpr size_t UNKNOWN = std::string::npos;
+
+// The slates by number; slate 0 has no name.
+struct SlateTree {
+    std::vector<std::string> names, parents;
+    std::vector<size_t> roots; // UNKNOWN where not looked for
+};
+
+SlateTree readSlates() {
+    SlateTree tree;
+    tree.names = textLines(Table(uom_GetSetList()).get());
+    for (const std::string &slate : tree.names)
+        tree.parents.push_back(slateParent(slate));
+    tree.roots.assign(tree.names.size(), UNKNOWN);
+    return tree;
+}
+
+// The slate at the end of the line of parents: based on itself, or on one that does not exist. Slate 0 when the line
+// goes in a circle, which the slates on the way have for a root until theirs is known.
+size_t rootOf(SlateTree &tree, size_t at) {
+    std::vector<size_t> line;
+    while (tree.roots[at] == UNKNOWN) {
+        line.push_back(at);
+        tree.roots[at] = 0;
+        const int32_t parent = uom_GetSetType(tree.parents[at].c_str());
+        const auto next = static_cast<size_t>(parent);
+        if (parent < 1 || next == at)
+            tree.roots[at] = at;
+        else
+            at = next;
     }
-    return "";
+    const size_t root = tree.roots[at];
+    for (const size_t passed : line)
+        tree.roots[passed] = root;
+    return root;
 }
 
 std::string flagsOf(const std::string &slate) {
@@ -37,10 +68,12 @@ std::string flagsOf(const std::string &slate) {
 int runSlates() {
     TextTable table;
     table.rows.push_back({"Name", "Parent", "Root", "GaugePresBasis", "Properties"});
-    for (const std::string &slate : textLines(Table(uom_GetSetList()).get()))
-        if (!slate.empty())
-            table.rows.push_back(
-                {slate, slateParent(slate), rootOf(slate), statedDefault(slate, "GaugePresBasis"), flagsOf(slate)});
+    SlateTree tree = readSlates();
+    for (size_t i = 1; i < tree.names.size(); ++i) {
+        const std::string &slate = tree.names[i];
+        const std::string &root = tree.names[rootOf(tree, i)];
+        table.rows.push_back({slate, tree.parents[i], root, statedDefault(slate, "GaugePresBasis"), flagsOf(slate)});
+    }
     print(table);
     return 0;
 }
@@ -54,7 +87,7 @@ int runSlate(const std::string &name, int32_t layout) {
 
 struct ShowArguments {
     std::string classString, slate = "Current", units;
-    int32_t style = TOKEN_STYLE;
+    int32_t style = UOM_STYLE_TOKEN;
 };
 
 std::string unitsInSlate(const ShowArguments &arguments) {
@@ -69,7 +102,7 @@ std::string unitsInSlate(const ShowArguments &arguments) {
 std::string unitsAsGiven(const ShowArguments &arguments) {
     char text[8192];
     const Chain chain = newChain(arguments.classString);
-    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), TOKEN_STYLE) != 0)
+    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), UOM_STYLE_TOKEN) != 0)
         throw Failure(libraryMessage());
     uom_GetDisplayUnits(chain.get(), text, sizeof text, arguments.style);
     return text;

@@ -1,7 +1,6 @@
 #include "start.h"
 
 #include "commands.h"
-#include "data_path.h"
 #include "library.h"
 
 static int start(const std::vector<std::string> &words) {
@@ -20,13 +19,17 @@ int startWithFile(const std::string &path, const std::vector<std::string> &words
 // With words the library does not look for a file. One start and not two: how a first one counts moles, a second can't
 // take back.
 static int startWithFoundFile(const std::vector<std::string> &words) {
-    return words.empty() ? uom_Init() : startWithFile(foundDataFile(), words);
+    if (words.empty())
+        return uom_Init();
+    char path[4096];
+    const int status = uom_FindDataFile(path, sizeof path);
+    return status == UOM_DONE ? startWithFile(path, words) : status;
 }
 
 void startLibrary(const StartOptions &options) {
     const int status =
         options.data.empty() ? startWithFoundFile(options.words) : startWithFile(options.data, options.words);
-    if (status != 0)
+    if (status != UOM_DONE)
         throw Failure(libraryMessage());
     readDefinitions(options.definitions);
 }

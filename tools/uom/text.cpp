@@ -47,6 +47,13 @@ std::string shortestNumber(double value) {
     return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
 
+std::string roundedNumber(double value, int digits) {
+    if (digits == FULL_PRECISION)
+        return shortestNumber(value);
+    char text[64];
+    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr};
+}
+
 // The length of the conversion at the head of a text that starts with "%": flags, width, precision, letter. 0
 // if it is none for a double. Widths and precisions have three digits at most, which keeps the result small.
 static size_t conversionLength(std::string_view text) {

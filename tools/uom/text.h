@@ -17,6 +17,10 @@ std::optional<double> parseNumber(std::string_view text);
 // The shortest text that reads back as the same number.
 std::string shortestNumber(double value);
 
+// So many significant digits at most, without zeros at the end; FULL_PRECISION is the shortest text.
+constexpr int FULL_PRECISION = 0;
+std::string roundedNumber(double value, int digits);
+
 // Whether a printf format takes just one double, e.g. "%.6g" or "%8.2f kPa".
 bool isNumberFormat(std::string_view format);
 std::string formatNumber(const std::string &format, double value);
