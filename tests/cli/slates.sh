@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Classes, units, slates, display units, and slate definitions from files. Arguments: the tool, the source directory.
 set -u
-uom=$1
+uom=$1 data=$2/data/uomdata.txt
 . "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -13,7 +13,10 @@ is "internal classes" 0/3 "$("$uom" classes | grep -c 'Powertop\|Petro Mass')/$(
 is "default unit" "* F 459.67" "$("$uom" units Temp --slate English | awk '$1 == "*" { print $1, $2, $3 }')"
 is "components" "Mass (Mass) Length (Leng 2)" "$("$uom" units Inertia | sed -n '1p; /^$/ { n; p; }' | xargs)"
 is "root" "HXREPORTSI HXREPORT HXSI" "$("$uom" slates | awk '$1 == "HXREPORTSI" { print $1, $2, $3 }')"
-# A long line of parents, a circle with a way into it, and a parent that is no slate (which is an error by itself).
+{ cat "$data"; printf 'BEGINSLATE\n%s\nBasedOn=%s\nENDSLATE\n' Child orphan Orphan Nowhere; } >orphan.txt
+is "a parent that is no slate" "Child Orphan;Orphan Orphan;" \
+    "$("$uom" --data orphan.txt slates | awk '/^(Child|Orphan)/ { printf "%s %s;", $1, $3 }')"
+# A long line of parents, and a circle with a way into it.
 {
     printf '[S0]\nBasedOn=si\n'
     for ((i = 1; i < 400; i++)); do printf '[S%d]\nBasedOn=S%d\n' $i $((i - 1)); done

@@ -40,10 +40,13 @@ installed=$(bin/static ../away 1024 | sed -n 's/.*", "\(.*\)" and .*/\1/p' | hea
 message+=" Looked for it as \"$work/home/bin/uomdata.txt\", \"$installed\" and \"./uomdata.txt\"."
 is "no file" "1 ./uomdata.txt;$message;1;$message;" "$(bin/static ../away 1024 | tr '\n' ';')"
 
-# A library that lies too deep for its path to be kept is passed over; one whose message is cut still starts it so.
-deep=$work/$(printf 'd%.0s' {1..250})/$(printf 'e%.0s' {1..250})
+# A path too long to be kept is passed over, and not cut to that of another file.
+deep=$work/$(printf 'd%.0s' {1..250})
+deep=$deep/$(printf "%$((511 - ${#deep} - 1))s" '' | tr ' ' e)
 mkdir -p "$deep"
 cp bin/static "$deep/"
-cp "$data" "$deep/"
-is "too deep" "1 ./uomdata.txt" "$("$deep/static" "$work/away" 1024 | head -1)"
+for name in uomdata.txt uomdata; do
+    cp "$data" "$deep/$name"
+    is "too deep for $name" "1 ./uomdata.txt" "$("$deep/static" "$work/away" 1024 | head -1)"
+done
 exit $failed
