@@ -43,7 +43,9 @@ constexpr const char *EXAMPLES =
     "  uom --define plant.txt slate Plant\n"
     "  uom keyword Pres psia\n"
     "  uom report --for enduser -o report.txt\n"
-    "  uom check uomdata.txt\n";
+    "  uom check uomdata.txt\n"
+    "\n"
+    "Ends with 0, with 1 when work failed, with 2 when the usage is wrong.\n";
 
 struct GlobalOptions {
     StartOptions start;
