@@ -230,5 +230,5 @@ double uom_ConvertFromTo(double value, UomStruct from, UomStruct to) {
     if (!walk.rounds.exhausted)
         return walk.value;
     uomRunLinear = 0;
-    return numNullDouble;
+    return num_NullDouble();
 }
