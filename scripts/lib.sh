@@ -75,3 +75,25 @@ build() {
     quietly "build-$preset.log" cmake --build "$root/build/$preset" -j "$jobs" "$@" ||
         fail "could not build $preset; the reason stands above"
 }
+
+# The interface ------------------------------------------------------------------------------------------------
+
+# declared_names HEADER: the functions and variables that it declares with UOM_API, sorted; fails when there is none.
+# The preprocessor takes away comments and shows UOM_API as what it stands for; then each declaration is one text up
+# to its semicolon, in which the name stands before the first parenthesis or at the end.
+declared_names() {
+    ${CC:-cc} -E -P -x c "$1" | grep -v '^#' | tr '\n' ' ' | awk '
+        BEGIN { RS = ";"; attribute = "__attribute__ *\\(\\(([^()]|\\([^()]*\\))*\\)\\)" }
+        /visibility *\("default"\)/ {
+            gsub(attribute, " ")
+            isFunction = sub(/\(.*/, "")
+            count = isFunction ? 1 : split($0, names, ",")
+            if (isFunction) names[1] = $0
+            for (i = 1; i <= count; i++) {
+                sub(/[[=].*/, "", names[i])
+                gsub(/[^A-Za-z0-9_]+/, " ", names[i])
+                words = split(names[i], word, " ")
+                print word[words]
+            }
+        }' | LC_ALL=C sort -u | grep .
+}
