@@ -32,6 +32,10 @@ need_header() { # header, package
     printf '#if !__has_include(<%s>)\n#error missing\n#endif\n' "$1" | g++ -E -x c++ - >/dev/null 2>&1 || missing+=("$2")
 }
 
+need_file() { # path, package
+    [ -e "$1" ] || missing+=("$2")
+}
+
 install_missing() {
     [ ${#missing[@]} -gt 0 ] || return 0
     local by_hand="install by hand and try again: ${missing[*]} (names as in Debian)"
