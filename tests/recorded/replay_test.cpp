@@ -6,7 +6,7 @@
 //   start small kesta                       start-up with a data file (shipped, small, own, none) and option words
 //   uom_GetClassType "Pres" 1 = 7           a call and its answers: the result, then what it wrote, in their order
 //   c = uoms_New "Pres/VolRate 2"           a call that makes a chain; "= c.1" as an answer is its second node
-//   nodes c = Pres:kPa VolRate^-2.0/Vol^-2  the chain from now on, as nodesOf() puts it
+//   nodes c = Pres VolRate^-2+StdLiqVol^-2 +Time^2  the chain from now on, as nodesOf() puts it
 //   error = "a text"                        the last-error text from now on
 //   UOM_SET_MAX = 7                         an exported variable
 //   > text                                  the lines that uom_Dump wrote to "{out}"
@@ -141,18 +141,26 @@ std::string unitName(int32_t unit) {
     return unit == UOM_NULL ? "-" : uom_GetUnitTextLen(unit) ? LibraryTest::unitText(unit) : std::to_string(unit);
 }
 
-// Class and exponent; ".0", ".1", ".2" for a component; "/" and the elementary class and exponent where they are others;
-// ":" and the unit, with "3*" for a multiplier; units fixed for slates in braces: "Rate^2.0/Mass^2:3*kg{-,kg,kg}".
+// Class and exponent, ":" and the unit, "3*" for a multiplier, and in braces what is fixed for the root slates:
+// "Leng^2:3*ft{ft,-,m}". The components of a class are joined by "+", as in "Rate^2+Basis^2:Mass +Mass^2:kg +Time^-2:hr";
+// a node whose elementary class is another one has it behind a "/".
 std::string nodesOf(UomStruct chain) {
     std::string out;
-    for (; chain; chain = chain->next) {
-        const int32_t *const fixed = chain->slateUnit;
-        out += (out.empty() ? "" : " ") + className(chain->classId, chain->exponent);
-        out += chain->tag == 0 ? "" : "." + std::to_string(chain->tag - 100);
-        if (chain->baseClass != chain->classId || chain->baseExponent != chain->exponent)
-            out += "/" + className(chain->baseClass, chain->baseExponent);
+    const UomStructNode *before = nullptr;
+    for (; chain; before = chain, chain = chain->next) {
+        const bool component = chain->tag >= 100 && chain->tag <= 102;
+        const bool goesOn = component && before && before->tag == chain->tag - 1 && before->tag >= 100 &&
+                            before->classId == chain->classId && before->exponent == chain->exponent;
+        out += out.empty() ? "" : " ";
+        if (!goesOn)
+            out += className(chain->classId, chain->exponent);
+        if (!goesOn && chain->tag != 0 && chain->tag != 100)
+            out += "." + std::to_string(chain->tag);
+        if (component || chain->baseClass != chain->classId || chain->baseExponent != chain->exponent)
+            out += (component ? "+" : "/") + className(chain->baseClass, chain->baseExponent);
         if (chain->unit != UOM_NULL || chain->multiplier != 0)
             out += ":" + (chain->multiplier ? std::to_string(chain->multiplier) + "*" : "") + unitName(chain->unit);
+        const int32_t *const fixed = chain->slateUnit;
         if (fixed[0] != UOM_NULL || fixed[1] != UOM_NULL || fixed[2] != UOM_NULL)
             out += "{" + unitName(fixed[0]) + "," + unitName(fixed[1]) + "," + unitName(fixed[2]) + "}";
     }
