@@ -6,15 +6,17 @@
 //   start small kesta                       start-up with a data file (shipped, small, own, none) and option words
 //   uom_GetClassType "Pres" 1 = 7           a call and its answers: the result, then what it wrote, in their order
 //   c = uoms_New "Pres/VolRate 2"           a call that makes a chain; "= c.1" as an answer is its second node
-//   nodes c = Pres VolRate^-2+StdLiqVol^-2 +Time^2  the chain from now on, as nodesOf() puts it
+//   nodes c = Pres:kPa VolRate^-2+Vol^-2 +Time^2
+//                                           the chain from now on, as nodesOf() puts it
 //   error = "a text"                        the last-error text from now on
 //   UOM_SET_MAX = 7                         an exported variable
 //   > text                                  the lines that uom_Dump wrote to "{out}"
 //
-// Chains and a last-error text that no line names have to be as they were. Texts stand in quotes, with \" \\ \n \t \r and
-// \xNN, and with {shipped}, {small}, {own}, {none} and {out} for paths. Integers are numbers, exported variables,
-// %classes, &slates, or units: by token, in quotes where the token needs them. Lists stand in brackets; null is null. For
-// a text that is written there is the size of the buffer, or null for no buffer; for other outputs there is nothing.
+// Chains and the last-error text, where no line names them, have to be as they were. Texts stand in quotes, with \n,
+// \t, \r, \xNN and a "\" in front of quotes and of itself, and with {shipped}, {small}, {own}, {none} and {out} for
+// paths. Integers are numbers, exported variables, %classes, &slates, or units: by token, in quotes where the token
+// needs them. Lists stand in brackets; null is null. For a text that is written there is the size of its buffer, or
+// null for no buffer; for other outputs there is nothing.
 #include "tests/library_fixture.h"
 
 #include <charconv>
@@ -28,73 +30,59 @@
 
 namespace {
 
-constexpr int32_t ROOM = 64; // bytes of buffers without a size, or without a usable one
-constexpr size_t GUARDS = 8; // bytes or elements behind each
+constexpr int32_t ROOM = 64; // bytes of a buffer without a size, and of guards behind every buffer
 using Lines = LibraryTest::Lines;
 
-struct Item { // a word of a line, with its quotes, or a list of words
-    bool list = false;
+// The words of a line: texts with their quotes, lists with their brackets, and what stands between blanks.
+Lines wordsOf(const std::string &line) {
     Lines words;
-    std::string word() const { return list || words.empty() ? "" : words[0]; }
-    bool quoted() const { return word()[0] == '"'; }
-    bool null() const { return word() == "null"; }
-};
-
-std::vector<Item> itemsOf(const std::string &line) {
-    std::vector<Item> items;
-    bool inList = false;
     for (size_t begin = 0, end; (begin = line.find_first_not_of(' ', begin)) != line.npos; begin = end) {
-        end = std::min(line.find_first_of(" []", begin + 1), line.size());
-        if (line[begin] == '[' || line[begin] == ']')
-            end = begin + 1;
-        if (line[begin] == '"')
-            for (end = begin + 1; end < line.size() && line[end] != '"';)
-                end += line[end] == '\\' ? 2 : 1;
-        end += line[begin] == '"' ? 1 : 0;
-        const std::string word = line.substr(begin, end - begin);
-        if (word == "[" || word == "]")
-            inList = word == "[";
-        if (word == "[")
-            items.push_back({true, {}});
-        else if (inList)
-            items.back().words.push_back(word);
-        else if (word != "]")
-            items.push_back({false, {word}});
+        bool inText = false, inList = false;
+        for (end = begin; end < line.size() && (inText || inList || line[end] != ' '); ++end) {
+            if (inText && line[end] == '\\')
+                ++end;
+            else if (line[end] == '"')
+                inText = !inText;
+            else if (!inText && (line[end] == '[' || line[end] == ']'))
+                inList = line[end] == '[';
+        }
+        words.push_back(line.substr(begin, end - begin));
     }
-    return items;
+    return words;
 }
 
-std::string quoted(const std::string &text) {
-    std::string out = "\"";
-    for (const char c : text)
-        out += (c == '"' || c == '\\' ? "\\" : "") + std::string(1, c);
-    return out + '"';
+bool isList(const std::string &word) {
+    return word[0] == '[';
+}
+Lines elementsOf(const std::string &word) {
+    return isList(word) ? wordsOf(word.substr(1, word.size() - 2)) : Lines(word == "null" ? 0 : 1, word);
 }
 
-#define NAMED(name)                                                                                                    \
-    { #name, &name }
-const std::map<std::string, int32_t *> variables = {
+std::string lineOf(const Lines &words) {
+    std::string line;
+    for (const std::string &word : words)
+        line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
+struct Variable {
+    int32_t *now, atLoad;
+};
+#define NAMED(name) std::pair(std::string(#name), Variable{&name, name})
+const std::map<std::string, Variable> variables = {
     NAMED(UOM_NULL),        NAMED(UOM_BASMOLE), NAMED(UOM_BASMASS),      NAMED(UOM_BASLIQV),
     NAMED(UOM_BASVAPV),     NAMED(UOM_BASACTV), NAMED(UOM_SET_NULL),     NAMED(UOM_SET_ENGLISH),
     NAMED(UOM_SET_METRIC),  NAMED(UOM_SET_SI),  NAMED(UOM_SET_INTERNAL), NAMED(UOM_SET_OXINTERNAL),
     NAMED(UOM_SET_CURRENT), NAMED(UOM_SET_MAX)};
 
-const std::map<std::string, int32_t> variablesAtLoad = [] {
-    std::map<std::string, int32_t> values;
-    for (const auto &[name, variable] : variables)
-        values[name] = *variable;
-    return values;
-}();
-
-// What the words of a case mean.
+// What the words of a case mean, and how values are put as words: as the word that is expected, when they are equal.
 struct Stage {
     std::map<std::string, std::string> paths;
     std::map<std::string, UomStruct> chains;
 
     std::string text(const std::string &word) const {
         std::string out;
-        const size_t quotes = word[0] == '"' ? 1 : 0;
-        for (size_t i = quotes; i + quotes < word.size(); ++i) {
+        for (size_t i = 1; i + 1 < word.size(); ++i) {
             const std::string_view codes = "ntr";
             if (word[i] == '\\' && word[i + 1] == 'x')
                 out += static_cast<char>(std::stoi(word.substr((i += 3) - 1, 2), nullptr, 16));
@@ -103,9 +91,8 @@ struct Stage {
             else
                 out += word[i];
         }
-        for (const auto &[name, path] : paths)
-            for (size_t at; (at = out.find(name)) != out.npos;)
-                out.replace(at, name.size(), path);
+        for (size_t at; (at = out.find('{')) != out.npos && paths.count(out.substr(at, out.find('}') + 1 - at));)
+            out.replace(at, out.find('}') + 1 - at, paths.at(out.substr(at, out.find('}') + 1 - at)));
         return out;
     }
     int32_t number(const std::string &word) const {
@@ -113,21 +100,34 @@ struct Stage {
         if (std::from_chars(word.data(), word.data() + word.size(), value).ptr == word.data() + word.size())
             return value;
         if (const auto named = variables.find(word); named != variables.end())
-            return *named->second;
+            return *named->second.now;
         if (word[0] == '&')
-            return uom_GetSetType(text(word.substr(1)).c_str());
-        value = word[0] == '%' ? uom_GetClassType(&word[1], 1) : uom_GetUnitType(text(word).c_str());
+            return uom_GetSetType(&word[1]);
+        value = word[0] == '%' ? uom_GetClassType(&word[1], 1)
+                               : uom_GetUnitType(word[0] == '"' ? text(word).c_str() : word.c_str());
         EXPECT_NE(value, 0) << "no unit or class " << word;
         return value;
     }
     UomStruct chain(const std::string &word) const { // "c", or a node of it: "c.2"
         const size_t dot = word.find('.');
-        const auto at = chains.find(word.substr(0, dot));
-        EXPECT_TRUE(at != chains.end() || word == "null") << "no chain " << word;
-        UomStruct node = at == chains.end() ? nullptr : at->second;
+        UomStruct node = word == "null" ? nullptr : chains.at(word.substr(0, dot));
         for (int i = dot == word.npos ? 0 : std::stoi(word.substr(dot + 1)); node && i > 0; --i)
             node = node->next;
         return node;
+    }
+
+    std::string put(int32_t value, const std::string &wanted) const {
+        return !wanted.empty() && number(wanted) == value ? wanted : std::to_string(value);
+    }
+    std::string put(double value, const std::string &wanted) const {
+        const double other = wanted.empty() ? NAN : std::strtod(wanted.c_str(), nullptr);
+        const double range = 1e-13 * std::max(std::abs(value), std::abs(other));
+        return value == other || std::abs(value - other) <= range ? wanted : testing::PrintToString(value);
+    }
+    std::string put(const char *value, const std::string &wanted) const {
+        return value && wanted[0] == '"' && text(wanted) == value ? wanted
+               : value                                            ? testing::PrintToString(value)
+                                                                  : "null";
     }
 };
 
@@ -142,64 +142,52 @@ std::string unitName(int32_t unit) {
 }
 
 // Class and exponent, ":" and the unit, "3*" for a multiplier, and in braces what is fixed for the root slates:
-// "Leng^2:3*ft{ft,-,m}". The components of a class are joined by "+", as in "Rate^2+Basis^2:Mass +Mass^2:kg +Time^-2:hr";
-// a node whose elementary class is another one has it behind a "/".
+// "Leng^2:3*ft{ft,-,m}". The components of a class are joined by "+", as in "Rate^2+Basis^2:Mass +Mass^2:kg
+// +Time^-2:hr"; a node whose elementary class is another one has it behind a "/".
 std::string nodesOf(UomStruct chain) {
-    std::string out;
+    Lines out;
     const UomStructNode *before = nullptr;
     for (; chain; before = chain, chain = chain->next) {
         const bool component = chain->tag >= 100 && chain->tag <= 102;
         const bool goesOn = component && before && before->tag == chain->tag - 1 && before->tag >= 100 &&
                             before->classId == chain->classId && before->exponent == chain->exponent;
-        out += out.empty() ? "" : " ";
-        if (!goesOn)
-            out += className(chain->classId, chain->exponent);
+        std::string node = goesOn ? "" : className(chain->classId, chain->exponent);
         if (!goesOn && chain->tag != 0 && chain->tag != 100)
-            out += "." + std::to_string(chain->tag);
+            node += "." + std::to_string(chain->tag);
         if (component || chain->baseClass != chain->classId || chain->baseExponent != chain->exponent)
-            out += (component ? "+" : "/") + className(chain->baseClass, chain->baseExponent);
+            node += (component ? "+" : "/") + className(chain->baseClass, chain->baseExponent);
         if (chain->unit != UOM_NULL || chain->multiplier != 0)
-            out += ":" + (chain->multiplier ? std::to_string(chain->multiplier) + "*" : "") + unitName(chain->unit);
+            node += ":" + (chain->multiplier ? std::to_string(chain->multiplier) + "*" : "") + unitName(chain->unit);
         const int32_t *const fixed = chain->slateUnit;
         if (fixed[0] != UOM_NULL || fixed[1] != UOM_NULL || fixed[2] != UOM_NULL)
-            out += "{" + unitName(fixed[0]) + "," + unitName(fixed[1]) + "," + unitName(fixed[2]) + "}";
+            node += "{" + unitName(fixed[0]) + "," + unitName(fixed[1]) + "," + unitName(fixed[2]) + "}";
+        out.push_back(node);
     }
-    return out.empty() ? "null" : out;
+    return out.empty() ? "null" : lineOf(out);
 }
 
-// One call: its arguments, taken in turn; then its answers, each put as it is expected when it is equal to that.
+// One call: its arguments, taken in turn, and behind the call its answers, put in turn.
 struct Call {
-    const Stage &on;
-    std::vector<Item> args, answers;
-    Lines given;
+    Stage &on;
+    Lines args, answers, given;
     UomStruct made = nullptr;
-    size_t arg = 1; // 0 is the name
+    const void *returned = nullptr; // by an operation that returns the buffer
+    size_t arg = 1;                 // 0 is the name
 
-    const Item &next() const { return arg < args.size() ? args[arg] : ended; }
-    const Item &take() { return arg < args.size() ? args[arg++] : ended; }
-    const Item &expected() const { return given.size() < answers.size() ? answers[given.size()] : ended; }
+    std::string next() const { return arg < args.size() ? args[arg] : ""; }
+    std::string take() { return arg++ < args.size() ? args[arg - 1] : ""; }
+    std::string wanted() const { return given.size() < answers.size() ? answers[given.size()] : ""; }
 
-    std::string shown(int32_t value, const std::string &word) const {
-        return !word.empty() && on.number(word) == value ? word : std::to_string(value);
-    }
-    std::string shown(double value, const std::string &word) const {
-        const double wanted = word.empty() ? NAN : std::strtod(word.c_str(), nullptr);
-        const double range = 1e-13 * std::max(std::abs(value), std::abs(wanted));
-        return value == wanted || std::abs(value - wanted) <= range ? word : testing::PrintToString(value);
-    }
-    std::string shown(const char *value, const std::string &word) const {
-        return !value ? "null" : word[0] == '"' && on.text(word) == value ? word : quoted(value);
-    }
-    template <class T> void put(T value) { given.push_back(shown(value, expected().word())); }
+    template <class T> void put(T value) { given.push_back(on.put(value, wanted())); }
     template <class T> void putList(const T *values, size_t count) {
-        std::string out;
+        Lines words, expected = elementsOf(wanted());
         for (size_t i = 0; i < count; ++i)
-            out += (i ? " " : "") + shown(values[i], i < expected().words.size() ? expected().words[i] : "");
-        given.push_back(expected().list ? '[' + out + ']' : out);
+            words.push_back(on.put(values[i], i < expected.size() ? expected[i] : ""));
+        given.push_back(isList(wanted()) ? '[' + lineOf(words) + ']' : lineOf(words));
     }
     void put(UomStruct value) { // without an answer it is a new chain
         made = value;
-        if (const std::string word = expected().word(); !word.empty())
+        if (const std::string word = wanted(); !word.empty())
             given.push_back(on.chain(word) == value ? word : "not " + word);
     }
     void put(const UomTable *table) {
@@ -209,20 +197,7 @@ struct Call {
         put(static_cast<const UomTable *>(table));
         tbl_Free(table);
     }
-    std::string wanted() const {
-        std::string out;
-        for (const Item &item : answers) {
-            std::string text;
-            for (const std::string &word : item.words)
-                text += (text.empty() ? "" : " ") + word;
-            out += (out.empty() ? "" : " ") + (item.list ? '[' + text + ']' : text);
-        }
-        return out;
-    }
     template <class R, class... P> void run(R (*operation)(P...));
-
-private:
-    static inline const Item ended;
 };
 
 // An argument of each type: made of the words of a line, passed, and put among the answers where it is an output.
@@ -235,24 +210,19 @@ template <class T> struct Arg;
 
 template <> struct Arg<int32_t> : Plain<int32_t> { // in front of a list it is the length
     explicit Arg(Call &c) {
-        value = static_cast<int32_t>(c.next().words.size());
-        if (!c.next().list) {
-            const Item &item = c.take();
-            value = item.null() ? ROOM : c.on.number(item.word());
-        }
+        const bool length = isList(c.next());
+        const std::string word = length ? c.next() : c.take();
+        value = length ? static_cast<int32_t>(elementsOf(word).size()) : word == "null" ? ROOM : c.on.number(word);
     }
 };
 template <> struct Arg<double> : Plain<double> {
-    explicit Arg(Call &c) { value = std::strtod(c.take().word().c_str(), nullptr); }
+    explicit Arg(Call &c) { value = std::strtod(c.take().c_str(), nullptr); }
 };
 template <> struct Arg<UomStruct> : Plain<UomStruct> {
-    explicit Arg(Call &c) { value = c.on.chain(c.take().word()); }
+    explicit Arg(Call &c) { value = c.on.chain(c.take()); }
 };
 template <> struct Arg<UomStruct *> : Plain<UomStruct *> {
-    explicit Arg(Call &c) {
-        if (const std::string word = c.take().word(); word != "null")
-            value = const_cast<UomStruct *>(&c.on.chains.at(word));
-    }
+    explicit Arg(Call &c) { value = c.next() == "null" ? c.take(), nullptr : &c.on.chains.at(c.take()); }
 };
 template <> struct Arg<const char **> : Plain<const char *> {
     explicit Arg(Call &) {}
@@ -262,61 +232,56 @@ template <> struct Arg<const char **> : Plain<const char *> {
 template <> struct Arg<const char *> {
     bool null;
     std::string text;
-    explicit Arg(Call &c) : null(c.next().null()), text(c.on.text(c.take().word())) {}
+    explicit Arg(Call &c) : null(c.next() == "null"), text(c.on.text(c.take())) {}
     const char *pass() const { return null ? nullptr : text.c_str(); }
     void put(Call &) {}
 };
 
 // A buffer in front of its size, or of the last text, which it has to hold, or of nothing; or a text changed in place.
 template <> struct Arg<char *> {
-    bool null, inPlace;
-    int32_t size = ROOM;
+    bool null, inPlace = false;
+    size_t room = ROOM; // of which it may write
     std::string before, text;
-    explicit Arg(Call &c) : null(c.next().null()), inPlace(c.next().quoted() && c.arg + 1 < c.args.size()) {
-        if (c.next().quoted())
-            size = static_cast<int32_t>(c.on.text(c.next().word()).size()) + 1;
-        else if (!null && !c.next().words.empty())
-            size = c.on.number(c.next().word());
-        before =
-            inPlace ? c.on.text(c.take().word()) + '\0' : std::string(size > 0 ? static_cast<size_t>(size) : ROOM, '#');
-        text = before + std::string(GUARDS, '!');
+    explicit Arg(Call &c) : null(c.next() == "null") {
+        const bool isText = c.next()[0] == '"';
+        const std::string given = isText ? c.on.text(c.next()) : "";
+        const int32_t size = isText || null || c.next().empty() ? ROOM : c.on.number(c.next());
+        inPlace = isText && c.arg + 1 < c.args.size();
+        room = isText ? given.size() + 1 : size > 0 ? static_cast<size_t>(size) : 1;
+        before = (inPlace ? given + '\0' : std::string(room, '#')) + std::string(ROOM, '!');
+        text = before;
+        inPlace ? void(c.take()) : void();
     }
     char *pass() { return null ? nullptr : text.data(); }
     void put(Call &c) {
-        const size_t room = size > 0 ? before.size() : 1, end = text.find('\0');
-        if (null)
-            c.given.push_back("null");
-        else if (text == before + std::string(GUARDS, '!') && !inPlace)
-            c.put("");
-        else if (text.substr(room) != (before + std::string(GUARDS, '!')).substr(room) || end >= before.size())
+        const bool untouched = text == before && !inPlace;
+        if (null || (c.returned && c.returned != pass()))
+            c.given.push_back(null ? "null" : "another buffer");
+        else if (text.substr(room) != before.substr(room) || (!untouched && text.find('\0') >= room))
             c.given.push_back("text written behind the buffer");
         else
-            c.put(static_cast<const char *>(text.c_str()));
+            c.put(static_cast<const char *>(untouched ? "" : text.c_str()));
     }
 };
 
-// A list, shown again where the answers have it, or an array to be filled, shown as far as it was written. A zero ends
-// the list for operations that look for one.
+// A list, put again where the answers have it, or an array to be filled, put as far as it was written. A zero ends the
+// list for operations that look for one.
 template <class T> struct Array {
     static constexpr T UNWRITTEN = static_cast<T>(0x5A5A5A5A);
     bool null, given;
     std::vector<T> values;
-    explicit Array(Call &c) : null(c.next().null()), given(null || c.next().list), values(given ? 0 : 256, UNWRITTEN) {
+    explicit Array(Call &c)
+        : null(c.next() == "null"), given(null || isList(c.next())), values(given ? 0 : 256, UNWRITTEN) {
         if (given)
-            for (const std::string &word : c.take().words)
-                values.push_back(null ? T() : valueOf(c, word));
-        values.insert(values.end(), GUARDS, given ? T() : UNWRITTEN);
-    }
-    static T valueOf(Call &c, const std::string &word) {
-        if constexpr (std::is_same_v<T, double>)
-            return std::strtod(word.c_str(), nullptr);
-        else
-            return c.on.number(word);
+            for (const std::string &word : elementsOf(c.take()))
+                values.push_back(std::is_same_v<T, double> ? static_cast<T>(std::strtod(word.c_str(), nullptr))
+                                                           : static_cast<T>(c.on.number(word)));
+        values.push_back(given ? T() : UNWRITTEN);
     }
     T *pass() { return null ? nullptr : values.data(); }
     void put(Call &c) {
-        const auto end = given ? values.end() - GUARDS : std::find(values.begin(), values.end(), UNWRITTEN);
-        if (!given || c.expected().list)
+        const auto end = given ? values.end() - 1 : std::find(values.begin(), values.end(), UNWRITTEN);
+        if (!given || isList(c.wanted()))
             c.putList(values.data(), static_cast<size_t>(end - values.begin()));
     }
 };
@@ -331,14 +296,13 @@ template <> struct Arg<UomTable *> {
     std::unique_ptr<UomTable, void (*)(UomTable *)> table{nullptr, tbl_Free};
     explicit Arg(Call &c) {
         Lines texts;
-        for (const std::string &word : c.next().words)
+        for (const std::string &word : elementsOf(c.next()))
             texts.push_back(c.on.text(word));
-        if (!c.take().null())
-            table.reset(LibraryTest::tableOf(texts));
+        table.reset(c.take() == "null" ? nullptr : LibraryTest::tableOf(texts));
     }
     UomTable *pass() { return table.get(); }
     void put(Call &c) {
-        if (c.expected().list)
+        if (isList(c.wanted()))
             c.put(static_cast<const UomTable *>(table.get()));
     }
 };
@@ -348,9 +312,8 @@ template <> struct Arg<const char *const *> {
     Lines texts;
     LibraryTest::Words words;
     explicit Arg(Call &c) {
-        const Item &item = c.take();
-        for (const std::string &word : item.list ? item.words : Lines())
-            texts.push_back(c.on.text(word));
+        for (const std::string &word : elementsOf(c.take()))
+            texts.push_back(word[0] == '"' ? c.on.text(word) : word);
     }
     const char *const *pass() {
         for (const std::string &text : texts)
@@ -364,14 +327,16 @@ template <class R, class... P> void Call::run(R (*operation)(P...)) {
     std::tuple<Arg<P>...> passed{Arg<P>(*this)...}; // in braces: from left to right
     std::apply(
         [&](auto &...each) {
-            if constexpr (std::is_void_v<R> || std::is_same_v<R, char *>)
-                operation(each.pass()...); // a text result is the buffer, which is shown in its place
+            if constexpr (std::is_void_v<R>)
+                operation(each.pass()...);
+            else if constexpr (std::is_same_v<R, char *>) // the buffer, which is put in its place
+                returned = operation(each.pass()...);
             else
                 put(operation(each.pass()...));
             (each.put(*this), ...);
         },
         passed);
-    EXPECT_EQ(arg, std::max<size_t>(args.size(), 1)) << "too many arguments";
+    EXPECT_TRUE(arg >= args.size()) << "too many arguments";
 }
 
 const std::map<std::string, void (*)(Call &)> operations = {
@@ -391,7 +356,6 @@ Lines recordings() {
     for (const auto &entry : std::filesystem::directory_iterator(UOM_TEST_DIR "/recorded"))
         if (entry.path().extension() == ".txt")
             paths.push_back(entry.path().string());
-    std::sort(paths.begin(), paths.end());
     return paths;
 }
 
@@ -405,20 +369,18 @@ protected:
                        {"{out}", path + ".out"},
                        {"{none}", "/nosuch/data.txt"}};
         std::ofstream(path, std::ios::binary) << own;
-        for (const auto &[name, value] : variablesAtLoad)
-            *variables.at(name) = value;
+        for (const auto &[name, variable] : variables)
+            *variable.now = variable.atLoad;
         error.clear();
     }
 
     // Nodes may hang on more than one name: each is freed by itself.
     void endCase() {
         compareWithStated();
-        std::vector<UomStruct> all;
+        std::set<UomStruct> all;
         for (const auto &[name, chain] : stage.chains)
             for (UomStruct node = chain; node; node = node->next)
-                all.push_back(node);
-        std::sort(all.begin(), all.end());
-        all.erase(std::unique(all.begin(), all.end()), all.end());
+                all.insert(node);
         for (UomStruct node : all)
             node->next = nullptr;
         for (UomStruct node : all)
@@ -431,40 +393,31 @@ protected:
         EXPECT_EQ(lastError(), error);
         for (const auto &[name, wanted] : nodes)
             EXPECT_EQ(nodesOf(stage.chains[name]), wanted) << "nodes of " << name;
-        std::string printed = contentOf(stage.paths["{out}"]);
-        if (!printed.empty() && printed.back() != '\n')
-            printed += '\n';
         EXPECT_EQ(printed, report);
-        std::remove(stage.paths["{out}"].c_str());
-        report.clear();
+        printed = report = "";
     }
 
-    void make(std::vector<Item> items) {
+    void make(Lines words) {
         std::string name;
-        if (items.size() > 2 && items[1].word() == "=" && operations.count(items[2].word())) {
-            name = items[0].word();
-            items.erase(items.begin(), items.begin() + 2);
+        if (words.size() > 2 && words[1] == "=" && operations.count(words[2])) {
+            name = words[0];
+            words.erase(words.begin(), words.begin() + 2);
         }
-        Call call{stage, items, {}, {}};
-        const auto equals =
-            std::find_if(items.begin(), items.end(), [](const Item &item) { return item.word() == "="; });
-        if (equals != items.end())
-            call.answers.assign(equals + 1, items.end());
-        call.args.assign(items.begin(), equals);
-        if (call.args[0].word() == "start") { // stands for a call of uom_Init2 that answers 0
-            call.args = {{false, {"uom_Init2"}}, {true, {"-f", "{" + call.args[1].word() + "}"}}};
-            for (auto word = items.begin() + 2; word < equals; ++word)
-                call.args[1].words.push_back(word->word());
-            call.answers = {{false, {"0"}}};
+        const auto equals = std::find(words.begin(), words.end(), "=");
+        Call call{stage, {words.begin(), equals}, {equals == words.end() ? equals : equals + 1, words.end()}, {}};
+        if (words[0] == "start") { // stands for a call of uom_Init2 that answers 0
+            words.erase(words.begin(), words.begin() + 2);
+            call.args = {"uom_Init2", "[-f \"{" + call.args[1] + "}\" " + lineOf(words) + "]"};
+            call.answers = {"0"};
         }
-        if (const auto at = operations.find(call.args[0].word()); at != operations.end())
-            at->second(call);
-        else
-            call.put(*variables.at(call.args[0].word()));
-        std::string answers;
-        for (const std::string &answer : call.given)
-            answers += (answers.empty() ? "" : " ") + answer;
-        EXPECT_EQ(answers, call.wanted());
+        const auto operation = operations.find(call.args[0]);
+        operation == operations.end() ? call.put(*variables.at(call.args[0]).now) : operation->second(call);
+        EXPECT_EQ(lineOf(call.given), lineOf(call.answers));
+        if (call.args[0] == "uom_Dump") {
+            printed = contentOf(stage.paths["{out}"]);
+            printed += printed.empty() || printed.back() == '\n' ? "" : "\n";
+            std::remove(stage.paths["{out}"].c_str());
+        }
         if (!name.empty()) {
             stage.chains[name] = call.made;
             nodes.erase(name);
@@ -477,37 +430,35 @@ protected:
         if (line[0] == '>') {
             report += line.substr(std::min<size_t>(line.size(), 2)) + "\n";
         } else if (left == "error") {
-            error = stage.text(itemsOf(right).at(0).word());
+            error = stage.text(right);
         } else if (left.compare(0, 6, "nodes ") == 0) {
             nodes[left.substr(6)] = right;
         } else {
             compareWithStated();
-            make(itemsOf(line));
+            make(wordsOf(line));
         }
     }
 
     Stage stage;
-    std::map<std::string, std::string> nodes; // as stated by the file
-    std::string error, report, own;
+    std::map<std::string, std::string> nodes; // as the file states them
+    std::string error, report, printed, own;
 };
 
 TEST_P(RecordedCalls, AnswerAsRecorded) {
     std::ifstream file(GetParam());
-    std::string title, line, inOwn;
-    bool begun = false;
+    std::string title, line;
+    bool begun = false, inOwn = false;
     for (int number = 1; std::getline(file, line); ++number) {
         SCOPED_TRACE("at " + GetParam() + ":" + std::to_string(number) + ": " + line + "\n" + title);
-        if (line.empty() || line[0] == '#')
-            continue;
-        if (line[0] == '=') {
+        const char kind = line.empty() ? '#' : line[0];
+        if (kind == '=') {
             endCase();
             title = line;
-            begun = false;
-        } else if (line[0] == '|') {
-            own = (inOwn == title ? own : "") + stage.text('"' + line.substr(std::min<size_t>(line.size(), 2)) + '"') +
-                  "\n";
-            inOwn = title;
-        } else {
+            begun = inOwn = false;
+        } else if (kind == '|') {
+            own = (inOwn ? own : "") + stage.text('"' + line.substr(std::min<size_t>(line.size(), 2)) + '"') + "\n";
+            inOwn = true;
+        } else if (kind != '#') {
             begun ? void() : beginCase();
             begun = true;
             replay(line);
