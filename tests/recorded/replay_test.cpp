@@ -24,7 +24,6 @@
 #include <filesystem>
 #include <map>
 #include <memory>
-#include <regex>
 #include <set>
 #include <tuple>
 
@@ -469,19 +468,5 @@ TEST_P(RecordedCalls, AnswerAsRecorded) {
 
 INSTANTIATE_TEST_SUITE_P(Files, RecordedCalls, testing::ValuesIn(recordings()),
                          [](const auto &one) { return std::filesystem::path(one.param).stem().string(); });
-
-// But for the start with a file that the platform finds, and for tables.
-TEST(RecordedFiles, AskForAllThatTheHeaderDeclares) {
-    std::set<std::string> used;
-    for (const std::string &path : recordings()) {
-        std::istringstream text(contentOf(path));
-        for (std::string word; text >> word;)
-            used.insert(word);
-    }
-    const std::string header = contentOf(UOM_TEST_DIR "/../include/uom/uom.h");
-    const std::regex declaration("UOM_API [^;(]*\\b(uoms?_(?!Init\\()\\w+)");
-    for (std::sregex_iterator at(header.begin(), header.end(), declaration), end; at != end; ++at)
-        EXPECT_TRUE(used.count(at->str(1))) << at->str(1);
-}
 
 } // namespace
