@@ -283,8 +283,7 @@ int32_t startup_NameDataFile(const char *path) {
     return fits ? UOM_DONE : data_RefuseFile(path);
 }
 
-// Completes the message of a data file that is not there.
-static void explainPlaces(const DataFilePlaces &places) {
+void startup_ExplainPlaces(const DataFilePlaces &places) {
     char text[LAST_ERROR_SIZE];
     TextWriter writer(text, sizeof text);
     for (int32_t i = 0; i < places.count; ++i) {
@@ -306,7 +305,7 @@ int32_t uom_FindDataFile(char *out, int32_t size) {
     if (found)
         return UOM_DONE;
     data_RefuseFile(path);
-    explainPlaces(places);
+    startup_ExplainPlaces(places);
     return UOM_REFUSED;
 }
 
@@ -316,7 +315,7 @@ int32_t uom_Init(void) {
     const char *const words[] = {"-f", places.paths[places.count - 1]};
     const int32_t status = uom_Init2(2, words);
     if (status == UOM_START_NO_FILE && !found)
-        explainPlaces(places);
+        startup_ExplainPlaces(places);
     return status;
 }
 

@@ -12,6 +12,10 @@ int32_t startup_NameDataFile(const char *path);
 // for the class table, 4 for the unit table (also when both are at fault), with a message.
 int32_t startup_CheckTables();
 
+// Completes the message of a data file that is in none of the places.
+struct DataFilePlaces;
+void startup_ExplainPlaces(const DataFilePlaces &places);
+
 // Frees the catalogue, also the one that a failed start left behind. For the unloading of the library.
 void startup_FreeAll();
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "catalogue/platform.h"
+#include "catalogue/units.h"
 #include "slates/properties.h"
 #include "tests/library_fixture.h"
 
@@ -227,6 +228,45 @@ TEST_F(CatalogueStartup, Init3StartsAnewForAnotherFileAlone) {
     EXPECT_EQ(1, init3("-f/no/such/file"));
     EXPECT_EQ(0, uomInitDone);
     EXPECT_EQ(0, init3("-f|" + path));
+}
+
+// The build puts the data file where it stands beside an installed library.
+TEST_F(CatalogueStartup, FindsTheFileBesideTheLibrary) {
+    DataFilePlaces places;
+    ASSERT_TRUE(platform_FindDataFile(places));
+    const std::string found = places.paths[places.count - 1];
+    EXPECT_EQ("/uomdata.txt", found.substr(found.size() - 12));
+    ASSERT_EQ(0, uom_Init()) << lastError();
+    EXPECT_EQ(found, uomDataFile);
+
+    std::vector<char> out(found.size() + 3, '#');
+    const int32_t fits = static_cast<int32_t>(found.size()) + 1;
+    EXPECT_EQ(joined(1, ""), joined(uom_FindDataFile(out.data(), fits - 1), out.data()));
+    EXPECT_EQ(joined(0, found), joined(uom_FindDataFile(out.data(), fits), out.data()));
+    EXPECT_EQ('#', out[static_cast<size_t>(fits)]) << "written behind the size";
+    EXPECT_EQ("1 1", joined(uom_FindDataFile(nullptr, 10), uom_FindDataFile(out.data(), 0)));
+    EXPECT_STREQ(UOM_VERSION, uom_GetVersion());
+    places = {{"/a/uomdata.txt", "/b/uomdata.txt", "./uomdata.txt"}, 3};
+    const char *const told[] = {"", "\"/a/uomdata.txt", "\"/a/uomdata.txt\" and \"/b/uomdata.txt",
+                                "\"/a/uomdata.txt\", \"/b/uomdata.txt\" and \"./uomdata.txt"};
+    for (places.count = 1; places.count <= 3; ++places.count) {
+        error_Set("Failed.");
+        startup_ExplainPlaces(places);
+        EXPECT_EQ("Failed. Looked for it as " + std::string(told[places.count]) + "\".", lastError());
+    }
+}
+
+TEST_F(CatalogueStartup, RefusesTablesThatContradictThemselves) {
+    const int32_t index = uomStaticRows[CLASS_MASS].index;
+    uomStaticRows[CLASS_MASS].index = 7;
+    EXPECT_EQ(3, startSmall());
+    EXPECT_EQ("UOM Initialization: UOM Class table is inconsistent", lastError());
+    EXPECT_EQ(1, uomInitDone) << "in use all the same";
+    uomStaticRows[CLASS_MASS].index = index;
+    EXPECT_EQ(0, startup_CheckTables());
+    unit_Record(2)->index = 1;
+    EXPECT_EQ(4, startup_CheckTables());
+    EXPECT_EQ("UOM Initialization: UOM Unit table is inconsistent", lastError());
 }
 
 } // namespace

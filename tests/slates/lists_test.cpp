@@ -122,4 +122,44 @@ TEST_F(ListsTest, ForInterfaces) {
     EXPECT_EQ(slates[0] + slates[1], "English");
 }
 
+TEST_F(ListsTest, FromArraysAndWithoutAny) {
+    const int32_t time = classOf("Time"), units[] = {unitOf("day"), unitOf("hr"), 0}, none[] = {0};
+    const char *const tokens[] = {"sec", "nosuch", "min"};
+    const auto listed = [&](bool choices) {
+        int32_t count = -1;
+        std::string all;
+        if (choices) {
+            UomTable *const list = uom_GetUnitList(time);
+            for (const std::string &line : takeLines(list))
+                all += line + " ";
+            return all;
+        }
+        char **const names = uoms_GetUnitNames("Time", &count);
+        for (int32_t i = 0; names && i < count; ++i)
+            all += std::string(names[i]) + " ";
+        EXPECT_EQ(uoms_FreeArray(names), 0);
+        return all;
+    };
+    const std::string shipped = listed(true);
+    EXPECT_EQ(uoms_SetUOMChoiceArray("Time", 3, tokens), 0);
+    EXPECT_EQ(listed(true), "sec min ");
+    EXPECT_EQ(uoms_SetUOMChoiceArray("Time", 0, tokens), 0);
+    EXPECT_EQ(listed(true), shipped);
+    EXPECT_EQ(uoms_SetUOMChoiceArray("Time", 3, nullptr), 0);
+    EXPECT_EQ(listed(true), shipped);
+    EXPECT_EQ(uom_SetClassList(time, units), 0);
+    EXPECT_EQ(listed(false), "day hr ");
+    EXPECT_EQ(listed(true), "day hr ") << "offered where there are no choices";
+    EXPECT_EQ("1 1 0", joined(uom_SetClassList(-1, units), uom_SetClassList(uomClassCount, units),
+                              uom_SetClassList(time, none)));
+    EXPECT_EQ(listed(false), "");
+    EXPECT_EQ(uom_SetClassList(time, nullptr), 0);
+    EXPECT_FALSE(uoms_GetUnitNames("Time", nullptr));
+    int32_t count = 9;
+    for (const char *text : {"Rate", "Nosuch", ""})
+        EXPECT_FALSE(uoms_GetUnitNames(text, &count)) << text;
+    EXPECT_FALSE(uoms_GetUOMList("Time", nullptr) || uoms_GetCommonListNames(nullptr) || uoms_GetSetNames(nullptr));
+    EXPECT_EQ("1 1 0", joined(uoms_LoadApplicationList("No such"), uoms_LoadNormalList("(("), uoms_FreeArray(nullptr)));
+}
+
 } // namespace

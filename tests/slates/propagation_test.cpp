@@ -68,4 +68,23 @@ TEST_F(PropagationTest, HxSlates) {
     )");
 }
 
+// No write of a composite class sets off a rule, but a host may run those of Density.
+TEST_F(PropagationTest, OnRequest) {
+    const int32_t unit = unitOf("kg"), multiplier = 0, slate = newSlate("Exchanger", "HXSI");
+    const int32_t density = classOf("Density");
+    ASSERT_TRUE(state("Exchanger", "Density", "lb/ft3"));
+    const auto after = [&](const char *petro) {
+        EXPECT_TRUE(state("Exchanger", "PetroDensity", petro));
+        EXPECT_EQ(uom_PropagateHXRules(slate, density, &unit, &multiplier), 0);
+        return resolved("Exchanger", "PetroDensity");
+    };
+    EXPECT_EQ(joined(after("API"), after("spgr"), after("kg/m3")), "API spgr lb/ft3");
+    for (const auto &rules : {uom_PropagateHXRules, uom_PropagateCommonRules}) {
+        EXPECT_EQ("1 1 1 1", joined(rules(-1, density, &unit, &multiplier), rules(UOM_SET_MAX, density, &unit, &multiplier),
+                                    rules(slate, density, nullptr, &multiplier), rules(slate, density, &unit, nullptr)));
+    }
+    EXPECT_EQ("1 1", joined(uom_PropagateCommonRules(slate, -1, &unit, &multiplier),
+                            uom_PropagateCommonRules(slate, uomClassCount, &unit, &multiplier)));
+}
+
 } // namespace

@@ -115,4 +115,30 @@ TEST_F(PropertiesTest, OfTheLibrary) {
     }
 }
 
+TEST_F(PropertiesTest, Lists) {
+    const auto taken = [](char **texts, int32_t count) {
+        std::string all;
+        for (int32_t i = 0; texts && i < count; ++i)
+            all += std::string(texts[i]) + " ";
+        EXPECT_TRUE(texts && !texts[count]) << "ended by null";
+        tbl_FreeTextArray(texts);
+        return all;
+    };
+    int32_t count = -7;
+    char **texts = uoms_GetSetPropertyList(&count);
+    EXPECT_EQ(joined(5, count), joined(uoms_GetSetPropertyCount(), count));
+    EXPECT_EQ("GaugePresBasis isSystem isHidden allowDelete allowModify ", taken(texts, count));
+    texts = uoms_GetServerPropertyList(&count);
+    EXPECT_EQ(joined(4, count), joined(uoms_GetServerPropertyCount(), count));
+    EXPECT_EQ("allowMultipliers defaultDisplayStyle defaultScanClassStyle defaultScanUOMStyle ", taken(texts, count));
+    taken(uoms_GetSetPropertyList(nullptr), 5), taken(uoms_GetServerPropertyList(nullptr), 4);
+    uom_SetKestaOption(5);
+    EXPECT_EQ(joined(5, uomUnitCount), joined(uomModeKesta, uom_GetUnitTotal()));
+    for (const auto &[value, style] : {std::pair{"Token", 1}, {"nosuch", 1}, {"Keyword", 2}}) {
+        EXPECT_EQ("0 0", joined(uoms_PutServerProperty("defaultScanClassStyle", value),
+                                uoms_PutServerProperty("DEFAULTSCANUOMSTYLE", value)));
+        EXPECT_EQ(joined(style, style), joined(defaultScanClassStyle, defaultScanUOMStyle)) << value;
+    }
+}
+
 } // namespace
