@@ -1,8 +1,13 @@
 // Texts, exponents, chains and tables of any size: answered, and in time that grows with them.
 #include <cmath>
 
+#include "adapters/blank_padded.h"
+#include "catalogue/slate_table.h"
+#include "slates/registry.h"
+#include "slates/unit_pairs.h"
 #include "support/name_index.h"
 #include "tests/library_fixture.h"
+#include "text/class_text.h"
 
 namespace {
 
@@ -177,6 +182,102 @@ TEST_F(LimitsTest, ManySlatesAndClasses) {
         EXPECT_EQ(classOf(nameOf("LONG ", i).c_str()), i < 200 && i != 5 ? classes + i : 0);
     }
     EXPECT_EQ(classOf("Renamed"), classes + 5);
+}
+
+// Where there is nothing to read or to write to, there is an answer all the same.
+TEST_F(LimitsTest, NullAndBadArguments) {
+    char out[8] = "#######";
+    const char *const none = nullptr;
+    int32_t count = -7, pair[2] = {-7, -7};
+    EXPECT_EQ("0 0 0 0 0", joined(uoms_GetClassUnitPairs("Leng", "m", nullptr) != nullptr,
+                                  uoms_GetClassUnitPairs(nullptr, "m", &count) != nullptr,
+                                  uoms_GetClassUnitPairs("Leng", "", &count) != nullptr,
+                                  uoms_GetClassUnitPairs("Leng", "lb", &count) != nullptr, count));
+    EXPECT_EQ("1 1 1 2", joined(uoms_PutClassUnitPairs("Leng", &none, "token", 0, out),
+                                uoms_PutClassUnitPairs("", &none, "token", 8, out),
+                                uoms_PutClassUnitPairs("Leng", nullptr, "token", 8, out),
+                                uoms_PutClassUnitPairs("nosuch", &none, "token", 8, out)));
+    EXPECT_EQ("1 1", joined(uoms_GetClassWithBasis(nullptr, "Mass", 8, out),
+                            uoms_GetClassWithBasis("Rate", "Mass", 8, nullptr)));
+    EXPECT_EQ(UOM_NULL, uoms_GetBasisWord("Rate", "lb/hr", 0, out));
+    EXPECT_EQ("1 1 1",
+              joined(uoms_FormatUnits(nullptr, "m", "token", 8, out), uoms_FormatUnits("Leng", "", "token", 8, out),
+                     uoms_FormatUnits("Leng", "m", "token", 8, nullptr)));
+    EXPECT_EQ("2 1 2 1", joined(uoms_GetComponentClass(nullptr, 8, out), uoms_GetComponentClass("Leng", 8, out),
+                                uoms_GetClassDefinition("Leng", 8, out), uoms_GetClassDefinition("nosuch", 8, out)));
+    EXPECT_EQ("1 1 2",
+              joined(uoms_GetClassStringInStyle("Leng", "", 8, out), uoms_GetClassStringInStyle("", "token", 8, out),
+                     uoms_GetClassStringInStyle("nosuch", "token", 8, out)));
+    EXPECT_EQ("1 1 1 1", joined(uoms_GetClassListName("nosuch", 8, out), uoms_GetClassListName("Leng", 0, out),
+                                uoms_GetClassNote("nosuch", 8, out), uoms_GetClassNote("Leng", 8, nullptr)));
+    EXPECT_EQ("1 1 1 1", joined(uoms_GetSetParent("SI", 0, out), uoms_GetSetParent("SI", 8, nullptr),
+                                uoms_GetSetRoot("SI", 0, out), uoms_GetSetRoot("nosuch", 8, out)));
+    EXPECT_EQ("0 0 0 0", joined(uoms_IsSetDerivedFrom("", "SI"), uoms_IsSetDerivedFrom("SI", nullptr),
+                                uoms_IsSetDerivedFrom("SI", "nosuch"), uoms_IsSetDerivedFrom("nosuch", "SI")));
+    str_CopyBounded(out, sizeof out, "same");
+    uoms_GetInheritedSetProperty("GaugePresBasis", "SI", out, 0);
+    EXPECT_STREQ("same", out);
+    uoms_GetInheritedSetProperty("isSystem", "SI", out, 8);
+    EXPECT_STREQ("", out);
+    EXPECT_EQ("-1 1 1", joined(uoms_PutSetBasedOn("nosuch", "SI"), uoms_ClearSet("nosuch"), uoms_ClearSet(nullptr)));
+    uoms_RenameSet("SI", "Metric"), uoms_RenameSet("SI", nullptr), uoms_RenameSet("nosuch", "New");
+    EXPECT_STREQ("SI", slate_Record(UOM_SET_SI)->name) << "the name was taken, or none at all";
+    for (int32_t put = 0; put < 4; ++put) {
+        double factor = 7, offset = 7;
+        EXPECT_EQ(0, uom_GetConvConstants(unitOf("ft"), put & 1 ? &offset : nullptr, put & 2 ? &factor : nullptr));
+        EXPECT_EQ(
+            0, uoms_CalculateConvConstants("Temp", "F", "C", put & 2 ? &factor : nullptr, put & 1 ? &offset : nullptr));
+        EXPECT_EQ(joined(put & 2 ? 5.0 / 9.0 : 7.0, put & 1 ? -32.0 : 7.0), joined(factor, offset));
+        uom_GetClassGUIWidths(classOf("Pres"), put & 1 ? pair : nullptr, put & 2 ? pair + 1 : nullptr);
+        EXPECT_EQ(joined(put & 1 ? 100 : -7, put & 2 ? 150 : -7), joined(pair[0], pair[1]));
+        pair[0] = pair[1] = -7;
+    }
+    double value = 1;
+    EXPECT_EQ("1 1 1", joined(uoms_CalculateConvConstants(nullptr, "F", "C", &value, &value),
+                              uoms_CalculateConvConstants("Temp", nullptr, "C", &value, &value),
+                              uoms_CalculateConvConstants("Temp", "F", nullptr, &value, &value)));
+    EXPECT_EQ(1, uom_GetConvConstants(-1, &value, &value));
+
+    // chains
+    EXPECT_EQ("0 0 0", joined(uom_BuildStruct(1, nullptr, pair, nullptr) != nullptr,
+                              uom_BuildStruct(1, pair, nullptr, nullptr) != nullptr,
+                              uom_CreateStruct(-1, 1, nullptr) != nullptr));
+    const Chain chain("Leng", "ft");
+    uom_DecodeStruct(chain.head, 1, nullptr, pair);
+    uom_DecodeStruct(chain.head, 1, pair, nullptr);
+    uom_DecodeStruct(chain.head, 0, pair, pair + 1);
+    uom_GetClasses(chain.head, 0, pair);
+    uom_GetClasses(chain.head, 2, nullptr);
+    EXPECT_EQ("-7 -7", joined(pair[0], pair[1])) << "nothing was written";
+    uom_SetClasses(chain.head, 2, nullptr);
+    EXPECT_EQ("11:ft", describeUnits(chain.head));
+    EXPECT_EQ("1 1 1 1",
+              joined(uom_FillStruct(nullptr, CLASS_LENG, "m", 1), uom_FillStruct(chain.head, CLASS_LENG, none, 1),
+                     uom_SetClassandUnit(nullptr, CLASS_LENG, "m", 1),
+                     uom_FillStruct(chain.head, CLASS_LENG, std::string(70000, 'm').c_str(), 1)));
+    UomStruct added = uom_AddNewStruct(nullptr);
+    EXPECT_TRUE(added && !added->next);
+    uom_Free(&added);
+    uom_Free(nullptr);
+    EXPECT_EQ("0 0 ", joined(uom_UOMStringToStd(nullptr, "m"), uom_UOMStringToStd(out, nullptr), out));
+
+    // texts with a length
+    const int32_t one = 1;
+    uoms_GetDisplayUnitsFixed("Leng", 4, "SI", 2, nullptr, nullptr, 8);
+    for (const uint32_t size : {0u, 0x80000000u}) {
+        str_CopyBounded(out, sizeof out, "same");
+        uoms_GetDisplayUnitsFixed("Leng", 4, "SI", 2, &one, out, size);
+        EXPECT_STREQ("same", out);
+    }
+    std::memset(out, '#', sizeof out);
+    uoms_GetDisplayUnitsFixed("Leng", 4, "SI", 2, &one, out, 3);
+    EXPECT_EQ("m  #", std::string(out, 4));
+    uoms_ConvertArrayFixed(nullptr, &value, "Temp", 4, "F", 1, "C", 1);
+    EXPECT_EQ(1, value);
+    int32_t status = 9;
+    uoms_SetClassDefaultFixed(nullptr, 4, "Leng", 4, "ft", 2, &status);
+    EXPECT_NE(0, status);
+    uom_DeleteSetFixed("nosuch", 0x7FFFFFFF, nullptr);
 }
 
 } // namespace

@@ -5,6 +5,12 @@
 #include "catalogue/startup.h"
 #include "report/report.h"
 #include "slates/lists.h"
+#include "slates/properties.h"
+#include "slates/unit_pairs.h"
+#include "support/line_reader.h"
+#include "support/scoped.h"
+#include "support/table.h"
+#include "text/class_text.h"
 #include "tests/library_fixture.h"
 
 namespace {
@@ -284,6 +290,7 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
     for (int32_t slate = 2; slate < UOM_SET_MAX; ++slate) // the document of one slate, and of Current
         uoms_SetClassDefault(takeLines(uom_GetSetList())[static_cast<size_t>(slate)].c_str(), "allowModify", "0");
     const std::string lengthy = "lb" + std::string(1000, ' ') + "/m3";
+    const ScopedTable texts(tableOf({"a", "b"}));
     const std::function<std::string()> results[] = {
         [&] { return table(uoms_GetSetDefinition("Metric", 0)); },
         [&] { return table(uoms_GetSetDefinition("Metric", 2)); },
@@ -291,6 +298,21 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
         [&] { return table(uom_GetKnownUnits()); },
         [&] { return table(uom_GetKnownLists()); },
         [&] { return array(uoms_GetSetNames); },
+        [&] { return array(uoms_GetCommonListNames); },
+        [&] { return array(uoms_GetSetPropertyList); },
+        [&] { return array(uoms_GetServerPropertyList); },
+        [&] { return array([](int32_t *n) { return uoms_GetClassTextList("token", n); }); },
+        [&] { return array([](int32_t *n) { return uoms_GetClassUnitPairs("Density", "lb/ft3", n); }); },
+        [&] { return table(uom_GetSetList()); },
+        [&] { return table(uom_GetClassList(1)); },
+        [&] { return table(tbl_Copy(texts.table)); },
+        [&] {
+            TokenReader *const reader = reader_Create(0, 0, nullptr, nullptr);
+            const bool whole = reader && reader_SetDelimiters(reader, "x") == 0 && reader_SplitText(reader, "axb") == 0;
+            const std::string text = whole ? reader_Token(reader, 1) : "null";
+            reader_Free(reader);
+            return text;
+        },
         [&] { return array([](int32_t *n) { return uoms_GetUOMList("Mass", n); }); },
         [&] { return chain(uoms_New("(Mass Leng) 2 / Rate")); },
         [&] { return chain(uom_CreateStruct(CLASS_RATE, 1, nullptr)); },

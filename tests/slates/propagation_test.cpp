@@ -80,8 +80,9 @@ TEST_F(PropagationTest, OnRequest) {
     };
     EXPECT_EQ(joined(after("API"), after("spgr"), after("kg/m3")), "API spgr lb/ft3");
     for (const auto &rules : {uom_PropagateHXRules, uom_PropagateCommonRules}) {
-        EXPECT_EQ("1 1 1 1", joined(rules(-1, density, &unit, &multiplier), rules(UOM_SET_MAX, density, &unit, &multiplier),
-                                    rules(slate, density, nullptr, &multiplier), rules(slate, density, &unit, nullptr)));
+        EXPECT_EQ("1 1 1 1",
+                  joined(rules(-1, density, &unit, &multiplier), rules(UOM_SET_MAX, density, &unit, &multiplier),
+                         rules(slate, density, nullptr, &multiplier), rules(slate, density, &unit, nullptr)));
     }
     EXPECT_EQ("1 1", joined(uom_PropagateCommonRules(slate, -1, &unit, &multiplier),
                             uom_PropagateCommonRules(slate, uomClassCount, &unit, &multiplier)));

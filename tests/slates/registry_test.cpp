@@ -162,4 +162,17 @@ TEST_F(RegistryTest, ClearingWithdrawsEveryDefault) {
     EXPECT_EQ(resolved("Plant", "Temp"), "C");
 }
 
+TEST_F(RegistryTest, ClearingNamesClassesInTheStyleOfTheHost) {
+    for (int32_t style = 1; style <= 6; ++style) {
+        newSlate("Plant", "Metric");
+        for (const auto &[name, units] : {std::pair{"Temp", "F"}, {"Density", "lb/ft3"}, {"Mass", "lb"}})
+            ASSERT_TRUE(state("Plant", name, units));
+        defaultScanClassStyle = style;
+        EXPECT_EQ(0, uoms_ClearSet("Plant"));
+        defaultScanClassStyle = 1;
+        EXPECT_EQ("  ", joined(stated("Plant", "Temp"), stated("Plant", "Density"), stated("Plant", "Mass"))) << style;
+        uoms_DeleteSet("Plant");
+    }
+}
+
 } // namespace

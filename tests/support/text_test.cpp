@@ -70,7 +70,8 @@ TEST(SupportText, ComparesWithoutCase) {
     const char cases[] = R"(
         abc | ABC | 1 1; abc | ab | 0 1; ab | abc | 0 0; a[ | A{ | 0 0; | | 1 1; a@ | a` | 0 0; Zz | zZ | 1 1
     )";
-    expectAnswers(cases, [](const Cells &c) { return joined(str_EqualNoCase(c[0], c[1]), str_StartsNoCase(c[0], c[1])); });
+    expectAnswers(cases,
+                  [](const Cells &c) { return joined(str_EqualNoCase(c[0], c[1]), str_StartsNoCase(c[0], c[1])); });
 }
 
 TEST(SupportText, MemoryIsCheckedAndCounted) {
