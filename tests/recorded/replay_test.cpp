@@ -16,7 +16,7 @@
 // \t, \r, \xNN and a "\" in front of quotes and of itself, and with {shipped}, {small}, {own}, {none} and {out} for
 // paths. Integers are numbers, exported variables, %classes, &slates, or units: by token, in quotes where the token
 // needs them. Lists stand in brackets; null is null. For a text that is written there is the size of its buffer, or
-// null for no buffer; for other outputs there is nothing.
+// null for no buffer; for other outputs there is nothing. "-" is any text.
 #include "tests/library_fixture.h"
 
 #include <charconv>
@@ -254,8 +254,10 @@ template <> struct Arg<char *> {
     char *pass() { return null ? nullptr : text.data(); }
     void put(Call &c) {
         const bool untouched = text == before && !inPlace;
-        if (null || (c.returned && c.returned != pass()))
-            c.given.push_back(null ? "null" : "another buffer");
+        if (null || c.wanted() == "-")
+            c.given.push_back(null ? "null" : "-");
+        else if ((untouched && room > 1) || (c.returned && c.returned != pass()))
+            c.given.push_back(untouched ? "untouched" : "another buffer");
         else if (text.substr(room) != before.substr(room) || (!untouched && text.find('\0') >= room))
             c.given.push_back("text written behind the buffer");
         else
