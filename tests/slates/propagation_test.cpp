@@ -1,6 +1,7 @@
 // The defaults that follow from a default, in ordinary slates and in the HX family.
 #include "slates/propagation.h"
 
+#include "slates/properties.h"
 #include "tests/library_fixture.h"
 
 namespace {
@@ -86,6 +87,17 @@ TEST_F(PropagationTest, OnRequest) {
     }
     EXPECT_EQ("1 1", joined(uom_PropagateCommonRules(slate, -1, &unit, &multiplier),
                             uom_PropagateCommonRules(slate, uomClassCount, &unit, &multiplier)));
+}
+
+TEST_F(PropagationTest, WhatFollowsIsReadAsTokens) {
+    uoms_PutServerProperty("defaultScanClassStyle", "keyword");
+    uoms_PutServerProperty("defaultScanUOMStyle", "keyword");
+    newSlate("Fresh", "HXREPORT");
+    EXPECT_TRUE(state("Fresh", "AREA", "FT2"));
+    EXPECT_TRUE(state("Fresh", "HTCO", "W/M2-K")) << lastError();
+    uoms_PutServerProperty("defaultScanClassStyle", "token");
+    EXPECT_EQ(joined(stated("Fresh", "FineLeng"), stated("Fresh", "Velocity"), stated("Fresh", "Foul")),
+              "in ft/sec m2-K/W");
 }
 
 } // namespace

@@ -57,7 +57,9 @@ TEST_F(UnitPairs, ChoicesOfAUser) {
         Rate | Basis:Mole, Mass:lb-mol, Time:day | 0 Rate(Mole):lb-mol/day
         Rate | Basis:Vap. Vol., x:SCF, Time:hr | 0 Rate(Vap. Vol.):SCF/hr; Leng Mass | Leng:~~m, Time:hr | 0 Leng Mass:m
         Leng Mass | Leng:m, kg | 0 Leng Mass:m; Power | PowerTop:kW, Time:hr | 0 Power:kW
-        Power | PowerTop:KVA, Time:hr | 0 Power:KVA/hr; E6Power | E6PowerTop:x 10^6 W, Time:hr | 0 E6Power:x 10^6 W
+        Power | PowerTop:KVA, Time:hr | 0 Power:KVA/hr; Power | PowerTop:KVAR, Time:hr | 0 Power:KVAR/hr
+        E6Power | E6PowerTop:x 10^6 KVA, Time:hr | 0 E6Power:x 10^6 KVA/hr
+        E6Power | E6PowerTop:x 10^6KVAR, Time:hr | 0 E6Power:x 10^6KVAR/hr; E6Power | E6PowerTop:x 10^6 W, Time:hr | 0 E6Power:x 10^6 W
         PetroDensity | PetroMass:spgr, StdLiqVol:m3 | 0 PetroDensity:spgr; Leng | Leng:kg | 2; x | x:m | 2; | x:m | 1
     )";
     expectAnswers(cases, [](const Cells &c) { return put(c[0], c[1]); });
