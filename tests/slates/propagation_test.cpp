@@ -92,12 +92,10 @@ TEST_F(PropagationTest, OnRequest) {
 TEST_F(PropagationTest, WhatFollowsIsReadAsTokens) {
     uoms_PutServerProperty("defaultScanClassStyle", "keyword");
     uoms_PutServerProperty("defaultScanUOMStyle", "keyword");
-    newSlate("Fresh", "HXREPORT");
-    EXPECT_TRUE(state("Fresh", "AREA", "FT2"));
-    EXPECT_TRUE(state("Fresh", "HTCO", "W/M2-K")) << lastError();
+    const int32_t unit = unitOf("Sm3 60F"), none = 0;
+    EXPECT_EQ(uom_SetClassDefault(newSlate("Fresh", "HXREPORT"), CLASS_VAP_VOL, &unit, &none), 0);
     uoms_PutServerProperty("defaultScanClassStyle", "token");
-    EXPECT_EQ(joined(stated("Fresh", "FineLeng"), stated("Fresh", "Velocity"), stated("Fresh", "Foul")),
-              "in ft/sec m2-K/W");
+    EXPECT_EQ(stated("Fresh", "VapVolRate"), "Sm3 60F/min");
 }
 
 } // namespace
