@@ -86,7 +86,7 @@ static void plant(void) {
     };
     UomTable *table = tbl_Create(0, 2);
     for (size_t i = 0; i < sizeof lines / sizeof *lines; ++i)
-        tbl_PutText(table, 0xFFFFFFFFu, lines[i]);
+        tbl_PutText(table, UOM_APPEND, lines[i]);
     uoms_NewSet("Plant");
     expectDone(uoms_PutSetDefinition("Plant", table));
     tbl_Free(table);
