@@ -8,13 +8,6 @@ namespace {
 
 class ListsTest : public ShippedTest {
 protected:
-    static Lines Units(const char *className) { return takeLines(uom_GetUnitList(classOf(className))); }
-    static int32_t Choose(const char *className, const Lines &tokens) {
-        UomTable *table = tableOf(tokens);
-        const int32_t status = uoms_SetUOMChoices(className, table);
-        tbl_Free(table);
-        return status;
-    }
     static Lines Take(char **texts) {
         if (!texts)
             return {"null"};
@@ -33,69 +26,18 @@ protected:
     }
 };
 
-TEST_F(ListsTest, ChoicesNarrowAndRestore) {
-    const Lines all = Units("Mass");
-    EXPECT_GT(all.size(), 8u);
-    EXPECT_EQ(Choose("mass", {"LB", "nosuch", "", "g", "ft"}), 0); // the class of a unit is not looked at
-    EXPECT_EQ(Units("Mass"), (Lines{"lb", "g", "ft"}));
-    char kg[] = "kg", lb[] = "lb";
-    EXPECT_EQ(uom_GetUnitFromString(CLASS_MASS, kg, 1), UOM_NULL);
-    EXPECT_NE(uom_GetUnitFromString(CLASS_MASS, lb, 1), UOM_NULL);
-    EXPECT_EQ(uoms_ValidateUOM("MassRate", "kg/hr"), 2); // wherever the class stands
-    EXPECT_EQ(uoms_ValidateUOM("MassRate", "lb/hr"), 0);
-    EXPECT_EQ(Choose("Mass", {"nosuch", "none at all"}), 0); // nothing known restores
-    EXPECT_EQ(Units("Mass"), all);
-    EXPECT_EQ(Choose("Mass", {"g"}), 0);
-    EXPECT_EQ(uoms_SetUOMChoices("Mass", nullptr), 0);
-    EXPECT_EQ(Units("Mass"), all);
-    EXPECT_EQ(uoms_SetUOMChoices("Nosuch", nullptr), 1);
-    EXPECT_EQ(Choose("Nosuch", {"lb"}), 1);
-    const int32_t units[] = {uom_GetUnitType("g"), uom_GetUnitType("oz"), 0};
+TEST_F(ListsTest, TheOwnListStandsBehindTheChoices) {
+    const int32_t units[] = {uom_GetUnitType("g"), 0};
     EXPECT_EQ(uom_SetUOMChoices(CLASS_MASS, units), 0);
-    EXPECT_EQ(Units("Mass"), (Lines{"g", "oz"}));
-    for (const int32_t bad : {0, -1, uom_GetUOMClassCount()})
-        EXPECT_EQ(uom_SetUOMChoices(bad, units), 1);
     UomTable *numbers = tbl_Create(2, TABLE_DOUBLE);
     EXPECT_EQ(uoms_SetUOMChoices("Mass", numbers), 1);
     tbl_Free(numbers);
-    EXPECT_EQ(Units("Mass"), (Lines{"g", "oz"}));
-    // The class's own list stands behind the choices.
-    EXPECT_EQ(uom_SetUOMChoices(CLASS_MASS, nullptr), 0);
     UomTable *own = tableOf({"slug", "kg"});
     EXPECT_EQ(uoms_SetClassList("Mass", own), 0);
     EXPECT_EQ(uoms_SetClassList("Nosuch", own), 1);
     tbl_Free(own);
-    EXPECT_EQ(Units("Mass"), (Lines{"slug", "kg"}));
-}
-
-TEST_F(ListsTest, ApplicationLists) {
-    // What an application recognises; the one for Cake Resistance stays until others restore it.
-    const char cases[] = R"(
-        Rate | Time | 5 1; Rate | Mass | 5 1; Rate | Mole | 4 1; Rate | StdLiqVol | 7 1; Rate | StdVapVol | 7 1
-        Cp | Cp | 11 1; Density | Mass | 3 1; Density | StdLiqVol | 7 1; PetroDensity | PetroMass | 5 1
-        VaporDensity | StdVapVol | 7 1; SpVol | Mole | 3 1; VapSpVol | StdVapVol | 7 1; Velocity | Leng | 7 1
-        Velocity | Time | 5 1; SpEnthalpy | Energy | 7 1; SpEnthalpy | Mole | 3 1; cakeRes | Mass | 3 0
-        cakeRes | Leng | 5 0
-    )";
-    expectAnswers(cases, [](const Cells &c) {
-        const Lines all = Units(c[1].c_str());
-        EXPECT_EQ(uoms_LoadApplicationList(c[0].c_str()), UOM_NULL);
-        const size_t narrowed = Units(c[1].c_str()).size();
-        EXPECT_EQ(uoms_LoadNormalList(c[0].c_str()), 0);
-        const bool restored = Units(c[1].c_str()) == all;
-        EXPECT_EQ(uoms_LoadNormalList("Rate") + uoms_LoadNormalList("Velocity"), 0);
-        EXPECT_EQ(Units(c[1].c_str()), all);
-        return joined(narrowed, restored);
-    });
-    const Lines all = Units("Mass");
-    const Chain rate("Rate Leng"), massRate("MassRate");
-    EXPECT_EQ(uom_LoadApplicationList(massRate.head), UOM_NULL); // has no lists
-    EXPECT_EQ(uom_LoadApplicationList(rate.head), UOM_NULL);     // by the first node
-    EXPECT_EQ(Units("Mass"), (Lines{"lb", "kg", "g", "tonne", "lton"}));
-    EXPECT_EQ(uom_LoadNormalList(massRate.head), 0);
-    EXPECT_EQ(Units("Mass").size(), 5u);
-    EXPECT_EQ(uom_LoadNormalList(rate.head), 0);
-    EXPECT_EQ(Units("Mass"), all);
+    EXPECT_EQ(uom_SetUOMChoices(CLASS_MASS, nullptr), 0);
+    EXPECT_EQ(takeLines(uom_GetUnitList(CLASS_MASS)), (Lines{"slug", "kg"}));
 }
 
 TEST_F(ListsTest, ForInterfaces) {

@@ -48,19 +48,6 @@ TEST_F(PropertiesTest, GaugeBasis) {
     EXPECT_EQ(stated("Child", "GaugePresBasis"), ""); // not inherited
 }
 
-TEST_F(PropertiesTest, Flags) {
-    const struct {
-        const char *value, *text;
-    } cases[] = {{"1", "1"}, {"0", "0"}, {"2", "1"}, {"", "0"}, {"-1", "1"}, {"true", "0"}, {" 7x", "1"}, {"abc", "0"}};
-    for (const char *flag : {"isSystem", "ISHIDDEN", "allowDelete", "AllowModify"}) {
-        EXPECT_EQ(Get(flag), flag[0] == 'a' || flag[0] == 'A' ? "1" : "0");
-        for (const auto &c : cases) {
-            EXPECT_EQ(uoms_PutSetProperty("Plant", flag, c.value), 0);
-            EXPECT_EQ(Get(flag), c.text) << flag << " " << c.value;
-        }
-    }
-}
-
 TEST_F(PropertiesTest, FailuresOfSlateProperties) {
     char out[8] = "#";
     const struct {

@@ -41,53 +41,6 @@ TEST_F(RegistryTest, NewSlates) {
     EXPECT_EQ(joined(uoms_IsSetValid("pLANT"), uoms_IsSetValid("")), "1 0");
 }
 
-TEST_F(RegistryTest, DeletionMovesLaterSlatesDown) {
-    const int32_t a = newSlate("A", "Metric"), b = newSlate("B", "A"), c = newSlate("C", "B");
-    ASSERT_TRUE(state("C", "Temp", "F"));
-    ASSERT_TRUE(state("B", "Rate", "lb/hr"));
-    ASSERT_TRUE(state("B", "GaugePresBasis", "90"));
-    ASSERT_TRUE(state("B", "allowDelete", "0")); // nobody asks
-    EXPECT_EQ(uoms_DeleteSet("b"), 0);
-    EXPECT_EQ(uom_GetSetType("A"), a);
-    EXPECT_EQ(uom_GetSetType("C"), b);
-    EXPECT_EQ(UOM_SET_MAX, c);
-    EXPECT_EQ(stated("C", "Temp"), "F");
-    EXPECT_EQ(Parent("C"), "B");
-    EXPECT_EQ(Root("C"), "C"); // the walk ends at the name that is gone
-    EXPECT_EQ(uoms_DeleteSet("b"), 1);
-    for (const int32_t bad : {-1, UOM_SET_MAX, 1 << 30})
-        EXPECT_EQ(uom_DeleteSet(bad), 1);
-    EXPECT_EQ(UOM_SET_MAX, c);
-    while (UOM_SET_MAX > 0)
-        EXPECT_EQ(uom_DeleteSet(UOM_SET_MAX - 1), 0);
-    EXPECT_EQ(uom_DeleteSet(0), 1);
-}
-
-TEST_F(RegistryTest, InitialisingCopiesWhatIsStated) {
-    const int32_t source = newSlate("Source", "Metric"), target = newSlate("Target", "SI");
-    ASSERT_TRUE(state("Source", "Time", "day"));
-    ASSERT_TRUE(state("Source", "Mass", "k*g"));
-    ASSERT_TRUE(state("Source", "Density", "lb/ft3"));
-    ASSERT_TRUE(state("Source", "GaugePresBasis", "80"));
-    ASSERT_TRUE(state("Source", "isHidden", "1"));
-    ASSERT_TRUE(state("Source", "MassFlux", "lb/ft2-day")); // a custom class
-    ASSERT_TRUE(state("Target", "Leng", "mile"));
-    ASSERT_TRUE(state("Target", "Power", "HP"));
-    ASSERT_TRUE(state("Target", "MassFlux", "lb/ft2-sec"));
-    EXPECT_EQ(uom_InitializeSet(target, target), 1);
-    for (const int32_t bad : {0, -1, UOM_SET_MAX})
-        EXPECT_EQ(joined(uom_InitializeSet(target, bad), uom_InitializeSet(bad, source)), "1 1");
-    EXPECT_EQ(uoms_CopySet("Nosuch", "Source"), 1);
-    EXPECT_EQ(stated("Target", "Leng"), "mile");
-    EXPECT_EQ(uoms_CopySet("target", "source"), 0);
-    EXPECT_EQ(Parent("Target"), "Source");
-    const char cases[] = "Time | day; Mass | k*g; Density | lb/ft3; GaugePresBasis |; isHidden | 0; Leng |; Power |\n"
-                         "MassFlux | lb/ft2-sec\n"; // what the target alone stated is wiped, but for custom classes
-    expectAnswers(cases, [](const Cells &c) { return stated("Target", c[0].c_str()); });
-    ASSERT_TRUE(state("Source", "Density", "g/cm3")); // the copy is the target's own
-    EXPECT_EQ(stated("Target", "Density"), "lb/ft3");
-}
-
 TEST_F(RegistryTest, RootsAndAncestors) {
     newSlate("Plant", "metric");
     newSlate("Unit", "Plant");
@@ -143,23 +96,6 @@ TEST_F(RegistryTest, LongRowsOfSlates) {
     EXPECT_STREQ(uoms_GetInheritedSetProperty("gaugePRESbasis", "Deep59", out, sizeof out), "70");
     EXPECT_STREQ(uoms_GetInheritedSetProperty("isHidden", "Deep59", out, sizeof out), "");
     EXPECT_STREQ(uoms_GetInheritedSetProperty("GaugePresBasis", "Nosuch", out, sizeof out), "");
-}
-
-TEST_F(RegistryTest, ClearingWithdrawsEveryDefault) {
-    newSlate("Plant", "Metric");
-    const char *const defaults[][2] = {
-        {"Temp", "F"}, {"Leng", "ft"}, {"Rate", "lb/hr"}, {"E6Energy", "x 10^6 J"}, {"Permeability", "darcy"}};
-    for (const auto &pair : defaults)
-        ASSERT_TRUE(state("Plant", pair[0], pair[1])) << pair[0] << lastError();
-    ASSERT_TRUE(state("Plant", "GaugePresBasis", "88"));
-    ASSERT_TRUE(state("Plant", "isHidden", "1"));
-    EXPECT_EQ(uoms_ClearSet("Nosuch"), 1);
-    EXPECT_EQ(uoms_ClearSet("plant"), 0);
-    for (int32_t classId = 1; classId < uom_GetUOMClassCount(); ++classId)
-        EXPECT_EQ(stated("Plant", class_Token(classId)), "") << class_Token(classId);
-    EXPECT_EQ(stated("Plant", "GaugePresBasis"), "88");
-    EXPECT_EQ(stated("Plant", "isHidden"), "1");
-    EXPECT_EQ(resolved("Plant", "Temp"), "C");
 }
 
 TEST_F(RegistryTest, ClearingNamesClassesInTheStyleOfTheHost) {
