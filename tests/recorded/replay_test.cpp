@@ -383,6 +383,8 @@ protected:
         compareWithStated();
         std::set<UomStruct> all;
         for (const auto &[name, chain] : stage.chains)
+            renamed.push_back(chain);
+        for (const UomStruct chain : renamed)
             for (UomStruct node = chain; node; node = node->next)
                 all.insert(node);
         for (UomStruct node : all)
@@ -390,6 +392,7 @@ protected:
         for (UomStruct node : all)
             uom_Free(&node);
         stage.chains.clear();
+        renamed.clear();
         nodes.clear();
     }
 
@@ -423,6 +426,8 @@ protected:
             std::remove(stage.paths["{out}"].c_str());
         }
         if (!name.empty()) {
+            if (std::find(call.args.begin(), call.args.end(), name) == call.args.end())
+                renamed.push_back(stage.chains[name]);
             stage.chains[name] = call.made;
             nodes.erase(name);
         }
@@ -444,6 +449,7 @@ protected:
     }
 
     Stage stage;
+    std::vector<UomStruct> renamed;           // chains whose names are others' now
     std::map<std::string, std::string> nodes; // as the file states them
     std::string error, report, printed, own;
 };
