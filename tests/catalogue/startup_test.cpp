@@ -10,6 +10,16 @@
 
 namespace {
 
+// What a host finds before its first start.
+const std::string atLoad =
+    joined(UOM_NULL, UOM_BASMOLE, UOM_BASMOLAR, UOM_BASMASS, UOM_BASLIQV, UOM_BASVAPV, UOM_BASACTV, UOM_SET_NULL,
+           UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_SI, UOM_SET_INTERNAL, UOM_SET_OXINTERNAL, UOM_SET_CURRENT,
+           UOM_SET_MAX, uomInitDone, uomClassCount, uomUnitCount, uomCurrentSet, uomRunFactor, uomRunOffset,
+           uomRunLinear) +
+    " | " +
+    joined(uomModeKesta, uomModeVel2go, uomModeOrbex, uomAllowMult, uomModeQx71, uomMoleQuantity,
+           uom_GetDefaultDisplayStyle(), defaultScanClassStyle, defaultScanUOMStyle, uomDataFile, uomLastError);
+
 class CatalogueStartup : public LibraryTest {
 protected:
     // The words of a text, blanks between, or "|" where they are paths that may hold blanks.
@@ -162,6 +172,10 @@ TEST_F(CatalogueStartup, RenamesByMode) {
         stop();
         return places;
     });
+}
+
+TEST_F(CatalogueStartup, NothingIsThereAtLoad) {
+    EXPECT_EQ("0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 | -1 -1 -1 -1 -1 -1 1 1 1  ", atLoad);
 }
 
 TEST_F(CatalogueStartup, DebugTextKeepsTheNewest) {
