@@ -40,12 +40,6 @@ TEST_F(CatalogueShippedData, UnitLinesAreWhole) {
     EXPECT_EQ(0u, tokens.count("tons")) << "the name that start-up gives in one mode";
 }
 
-TEST_F(CatalogueShippedData, WellKnownUnitsAreAllThere) {
-#define WELL_KNOWN(variable, token) EXPECT_LT(UOM_NULL, variable) << token;
-#include "catalogue/well_known_units.def"
-#undef WELL_KNOWN
-}
-
 TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
     std::set<std::string> tokens, listed, applicationLists;
     const std::vector<Fields> lines = shippedUnits();

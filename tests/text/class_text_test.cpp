@@ -1,4 +1,4 @@
-// Class strings and keyword texts out and in again, and the texts of class rows.
+// Keyword texts out and in again, and the texts of class rows.
 #include "text/class_text.h"
 
 #include "catalogue/units.h"
@@ -9,11 +9,6 @@ namespace {
 
 class ClassTextTest : public ShippedTest {
 protected:
-    static std::string built(const std::string &classString) {
-        char out[256] = "#";
-        uom_BuildClassString(Chain(classString).head, out, sizeof out, 1);
-        return out;
-    }
     // Of an operation that gives a text: its status, and the text when there is one.
     template <class Operation> static std::string given(Operation operation) {
         char out[128] = "";
@@ -24,56 +19,7 @@ protected:
         char out[256] = "#";
         return uom_StructToOXString(chain, out, sizeof out);
     }
-    static std::string fields(UomStruct chain) {
-        std::string all;
-        for (UomStruct node = chain; node; node = node->next)
-            all += joined(node->tag, node->classId, node->exponent, node->baseClass, node->baseExponent, node->unit) +
-                   "; ";
-        return all;
-    }
 };
-
-// Class strings of one to four factors, some of them groups, the same on every machine.
-std::string madeUp(uint32_t state) {
-    const auto below = [&](uint32_t n) {
-        state = state * 1664525u + 1013904223u;
-        return static_cast<int32_t>((state >> 10) % n);
-    };
-    const char *const bases[] = {"", " (Mass)", " (Vap. Vol.)", " (Molar)"};
-    std::string text;
-    bool basis = false; // which a group behind it could be taken for
-    const auto add = [&] {
-        const int32_t classId = 3 + below(68), exponent = below(7) - 2;
-        basis = uom_ClassHasBasis(classId) && classId != CLASS_BASIS;
-        text += class_Token(classId);
-        text += basis ? bases[below(4)] : "";
-        text += exponent == 1 ? " " : " " + std::to_string(exponent) + " ";
-        basis = uom_ClassHasBasis(classId);
-    };
-    for (int32_t more = below(4); more >= 0; --more) {
-        text += below(3) > 0 ? "" : text.empty() ? "1 / " : "/ ";
-        if (basis || below(3) > 0) {
-            add();
-            continue;
-        }
-        text += "(";
-        add();
-        text += below(2) ? "/ " : "";
-        add();
-        text += below(2) ? ") " : ") " + std::to_string(2 + below(3)) + " ";
-        basis = false;
-    }
-    return text;
-}
-
-TEST_F(ClassTextTest, ClassStringsReadBack) {
-    for (uint32_t seed = 1; seed <= 5000; ++seed) {
-        const std::string classString = madeUp(seed * 2654435761u);
-        const Chain chain(classString), back(built(classString));
-        ASSERT_EQ(fields(back.head), fields(chain.head)) << classString << " printed as " << built(classString);
-        ASSERT_EQ(built(built(classString)), built(classString));
-    }
-}
 
 TEST_F(ClassTextTest, TextsOfRows) {
     ASSERT_EQ(uoms_NewClass("Flux", "Mass / Area"), 0);
