@@ -240,12 +240,13 @@ template <> struct Arg<const char *> {
 // A buffer in front of its size, or of the last text, which it has to hold, or of nothing; or a text changed in place.
 template <> struct Arg<char *> {
     bool null, inPlace = false;
+    int32_t size = ROOM;
     size_t room = ROOM; // of which it may write
     std::string before, text;
     explicit Arg(Call &c) : null(c.next() == "null") {
         const bool isText = c.next()[0] == '"';
         const std::string given = isText ? c.on.text(c.next()) : "";
-        const int32_t size = isText || null || c.next().empty() ? ROOM : c.on.number(c.next());
+        size = isText || null || c.next().empty() ? ROOM : c.on.number(c.next());
         inPlace = isText && c.arg + 1 < c.args.size();
         room = isText ? given.size() + 1 : size > 0 ? static_cast<size_t>(size) : 1;
         before = (inPlace ? given + '\0' : std::string(room, '#')) + std::string(ROOM, '!');
@@ -257,7 +258,7 @@ template <> struct Arg<char *> {
         const bool untouched = text == before && !inPlace;
         if (null || c.wanted() == "-")
             c.given.push_back(null ? "null" : "-");
-        else if ((untouched && room > 1) || (c.returned && c.returned != pass()))
+        else if ((untouched && size > 0) || (c.returned && c.returned != pass()))
             c.given.push_back(untouched ? "untouched" : "another buffer");
         else if (text.substr(room) != before.substr(room) || (!untouched && text.find('\0') >= room))
             c.given.push_back("text written behind the buffer");
