@@ -49,6 +49,14 @@ TEST_F(LimitsTest, LongTexts) {
     EXPECT_EQ(uom_FillStruct(Chain("Leng").head, CLASS_LENG, ("m" + blanks).c_str(), 1), 0);
 }
 
+TEST_F(LimitsTest, WordsOfAnyLength) {
+    for (const char *head : {"PRES ", "PRES KG/", "RATE ", "SPVO FT3/"}) {
+        UomStruct chain = uom_ClassAndUnitToStruct((head + std::string(10000, 'X')).c_str(), 2);
+        EXPECT_NE(chain, nullptr) << head;
+        uom_Free(&chain);
+    }
+}
+
 TEST_F(LimitsTest, GreatExponents) {
     // A factor of 1 makes a sum that is known at once: C has the offset 273.15 and the factor 1.
     const int32_t most = INT32_MAX;

@@ -186,7 +186,9 @@ extern UOM_API int32_t UOM_BASVAPV;
 extern UOM_API int32_t UOM_BASACTV;
 
 /* Indices of the slates of these names, -1 for a name that the data file did not define. UOM_SET_NULL is the unnamed
- * slate 0, which is never usable. Deleting a slate moves later slates down and leaves these as they are. */
+ * slate 0, which is never usable. Deleting a slate moves later slates down and leaves these as they are, and so does
+ * uom_Cleanup: while the next start reads its file they still tell which slates are roots. Give slates of one process'
+ * data files the same order, English, Metric and SI first, as the shipped file has. */
 extern UOM_API int32_t UOM_SET_NULL;
 extern UOM_API int32_t UOM_SET_ENGLISH;
 extern UOM_API int32_t UOM_SET_METRIC;
@@ -303,8 +305,9 @@ UOM_API void tbl_FreeTextArray(char **texts);
 /* The number of a class, 0 when there is none. Mode 2 looks at keywords ("PRES"); any other mode at tokens ("Pres"),
  * alternative tokens and then long names ("Pressure"). Keywords of a rate of any basis answer Rate. Under "qx71" the
  * answer is the number in the older numbering, for hosts that keep such numbers (MassRate is 61 there and not 64): 0
- * for classes that it lacks, and the number of this interface for keywords of rates and fractions. No operation accepts
- * an older number as a class. */
+ * for compiled classes that it lacks and for composite custom ones, for a copy of a base class ("Foo=Leng") the number
+ * of that, and the number of this interface for keywords of rates and fractions. No operation accepts an older number
+ * as a class. */
 UOM_API int32_t uom_GetClassType(const char *text, int32_t mode);
 UOM_API int32_t uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty */
 
@@ -506,7 +509,8 @@ UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const cha
  *   classString  the quantity, e.g. "Pres/VolRate 2"
  *   fromUnits, toUnits  unit text, e.g. "kpa/(m3/sec)2", or the name of a slate
  * Returns 0, or 1 bad arguments, 2 class, 3 source units, 4 target units not understood, with the reason in
- * uom_GetLastErrorMessage(). On 1 to 4 the values are as they were.
+ * uom_GetLastErrorMessage(), but for a class string with no class in it ("", "/"): 2, and the message stays what it
+ * was. On 1 to 4 the values are as they were.
  * A group raised to a power, as in "(Leng Mass) 2", or standing under a "/" leaves a factor that is one power short:
  * elements behind the first, and uoms_CalculateConvConstants, follow it. Convert such values one at a time. */
 UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *classString, const char *fromUnits,
@@ -736,7 +740,8 @@ UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
  * Custom classes. They take the numbers from 71 up; deleting one moves later ones down.
  *
  * Name them by letters. Digits are exponents in class strings, so a name with one never reads there, in quotes or not
- * ("E6" is the exception: a 6 directly behind an e belongs to the name), nor does it take a default by text.
+ * ("E6" is the exception: a 6 directly behind an e belongs to the name), nor does it take a default by text. An empty
+ * name makes a class that nothing finds, each time another, until uom_Cleanup.
  */
 
 /* A new class: a copy of a compiled base class ("Leng"), or a composite of at most three components given as a class

@@ -15,31 +15,6 @@ std::string lowered(std::string text) {
 
 class CatalogueShippedData : public ShippedTest {};
 
-TEST_F(CatalogueShippedData, UnitLinesAreWhole) {
-    const std::vector<Fields> lines = shippedUnits();
-    ASSERT_EQ(static_cast<size_t>(uomUnitCount), lines.size());
-    std::set<std::string> tokens;
-    for (const Fields &fields : lines) {
-        ASSERT_EQ(6u, fields.size()) << fields[0];
-        SCOPED_TRACE(fields[0]);
-        const std::string &token = fields[0], &keyword = fields[1];
-        EXPECT_TRUE(tokens.insert(lowered(token)).second) << "two tokens differ in case alone";
-        EXPECT_TRUE(str_IsLetter(token[0]) || token[0] == '$');
-        EXPECT_FALSE(keyword.empty());
-        EXPECT_GE(20u, keyword.size());
-        EXPECT_EQ(std::string::npos, keyword.find(' '));
-        EXPECT_EQ(std::string::npos, keyword.find_first_of("abcdefghijklmnopqrstuvwxyz"));
-        EXPECT_FALSE(fields[2].empty());
-        EXPECT_TRUE(fields[3] == "0" || fields[3] == "1");
-        char *end;
-        EXPECT_LE(0.0, std::strtod(fields[4].c_str(), &end));
-        EXPECT_EQ('\0', *end);
-        EXPECT_LT(0.0, std::strtod(fields[5].c_str(), &end));
-        EXPECT_EQ('\0', *end);
-    }
-    EXPECT_EQ(0u, tokens.count("tons")) << "the name that start-up gives in one mode";
-}
-
 TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
     std::set<std::string> tokens, listed, applicationLists;
     const std::vector<Fields> lines = shippedUnits();

@@ -40,11 +40,6 @@ protected:
         const SplitWords words(text, '|');
         return uom_Init3(words.count(), words.words.data());
     }
-    static std::string textOf(int32_t unit, int32_t style) {
-        char text[64] = "";
-        uom_GetUnitText(unit, text, sizeof text, style);
-        return text;
-    }
 };
 
 TEST_F(CatalogueStartup, WordsAndThenTheFileDecideTheModes) {
@@ -142,38 +137,6 @@ TEST_F(CatalogueStartup, TellsTheNamesThatItLooksFor) {
     EXPECT_EQ(joined(92, 19), joined(units.size(), lists.size()));
 }
 
-TEST_F(CatalogueStartup, RenamesByMode) {
-    const char cases[] = R"(
-        orbex | Liq. Vol.=Liquid Volume, Vap. Vol.=Vapor Volume, tons
-        kesta | StdLiqVol=Standard Liquid Volume, StdVapVol=Standard Vapor Volume, ton
-        vel2go | StdLiqVol=Standard Liquid Volume, StdVapVol=Standard Vapor Volume, ton
-    )";
-    expectAnswers(cases, [&](const Cells &c) {
-        EXPECT_EQ(0, startShipped({c[0].c_str()}));
-        std::string all;
-        for (const int32_t unit : {UOM_BASLIQV, UOM_BASVAPV}) {
-            all += textOf(unit, 1) + "=" + textOf(unit, 5) + ", ";
-            EXPECT_EQ(unit, unitOf(textOf(unit, 1).c_str())) << "not found by its new name";
-        }
-        all += textOf(UOM_U_TON, 1);
-        EXPECT_EQ(UOM_U_TON, unitOf(textOf(UOM_U_TON, 1).c_str()));
-        EXPECT_EQ("0 3", joined(uom_GetUnitListIndex(40, UOM_BASMOLE), uom_GetUnitListIndex(40, UOM_BASVAPV)));
-        EXPECT_EQ("15 16", joined(classOf("Vol"), classOf("VapVol")));
-        stop();
-        return all;
-    });
-    // The list of Basis comes from the list of the mode.
-    const std::string file = "BEGINUOMLIST\nnone N N 0 0 1\nMole M M 0 0 1\nMass W W 0 0 1\nENDUOMLIST\n"
-                             "BEGINLIST\nBasis\nMole\nENDLIST\nBEGINLIST\nKSBasisList\nMass\nENDLIST\n"
-                             "BEGINLIST\nOXBasisList\nMass\nMole\nENDLIST\n";
-    expectAnswers("kesta | 0 -1; orbex | 0 1\n", [&](const Cells &c) {
-        EXPECT_EQ(0, startWith(file, {c[0].c_str()}));
-        const std::string places = joined(uom_GetUnitListIndex(40, UOM_BASMASS), uom_GetUnitListIndex(40, UOM_BASMOLE));
-        stop();
-        return places;
-    });
-}
-
 TEST_F(CatalogueStartup, NothingIsThereAtLoad) {
     EXPECT_EQ("0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 | -1 -1 -1 -1 -1 -1 1 1 1  ", atLoad);
 }
@@ -223,25 +186,6 @@ TEST_F(CatalogueStartup, WhatSurvivesACleanup) {
     chain = uoms_New("Rate Quantity");
     EXPECT_EQ("40:- 20:- 10:- 40:- 20:-", describeUnits(chain)) << "when it comes first";
     uom_Free(&chain);
-}
-
-TEST_F(CatalogueStartup, Init3StartsAnewForAnotherFileAlone) {
-    const std::string shipped = UOM_TEST_DATA;
-    std::string upper = shipped;
-    std::transform(upper.begin(), upper.end(), upper.begin(), str_Upper);
-    EXPECT_EQ(0, init3("-f|" + shipped));
-    const int32_t units = uomUnitCount;
-    std::ofstream(path) << "BEGINUOMLIST\nnone N N 0 0 1\nkg KG KG 0 0 1\nENDUOMLIST\n";
-    for (const std::string &words :
-         {std::string(), std::string("kesta"), std::string("-f"), "-f|" + shipped + "|-f", "kesta|-f" + upper}) {
-        EXPECT_EQ(0, init3(words));
-        EXPECT_EQ(joined(units, 0), joined(uomUnitCount, uomModeKesta)) << words;
-    }
-    EXPECT_EQ(0, init3("kesta|-f|" + path));
-    EXPECT_EQ("2 1", joined(uomUnitCount, uomModeKesta));
-    EXPECT_EQ(1, init3("-f/no/such/file"));
-    EXPECT_EQ(0, uomInitDone);
-    EXPECT_EQ(0, init3("-f|" + path));
 }
 
 // The build puts the data file where it stands beside an installed library.

@@ -59,6 +59,9 @@ is "no data file" $'uom: Unable to open the Unit of Measure data file "/nowhere"
     "$(run --data /nowhere convert Leng ft m 1)"
 is "no room" $'uom: Unable to write the output.\n1' "$("$uom" convert Leng ft m 1 2>&1 >/dev/full; echo $?)"
 
+for class in "" " " 2 /; do
+    is "no class in '$class'" $'uom: The Unit-of-Measure class is missing.\nstatus 1' "$(run convert -- "$class" m ft 1)"
+done
 for format in %d %s '%.6g %g' plain '%*g' %Lg %1000g %; do
     refused convert Leng ft m 1 --format "$format"
 done

@@ -9,17 +9,21 @@
 // characters.
 static constexpr int32_t TEXT_SIZE = 8192;
 
+static const char classMissing[] = "The Unit-of-Measure class is missing.";
+
+// A class string with no class in it ("", "/") is refused without a message.
 std::string libraryMessage() {
-    return uom_GetLastErrorMessage();
+    const std::string message = uom_GetLastErrorMessage();
+    return message.empty() ? classMissing : message;
 }
 
 Chain newChain(const std::string &classString) {
     Chain chain(uoms_New(classString.c_str()));
     if (chain)
         return chain;
-    // A blank class string leaves whatever message there was.
+    // It leaves whatever message there was.
     if (classString.find_first_not_of(" \t") == std::string::npos)
-        throw Failure("The Unit-of-Measure class is missing.");
+        throw Failure(classMissing);
     throw Failure(libraryMessage());
 }
 
