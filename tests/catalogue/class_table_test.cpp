@@ -27,6 +27,7 @@ TEST(CatalogueClassRows, CompositesHaveTheDimensionsOfTheirComponents) {
     for (const UomClassRow &row : uomStaticRows) {
         for (const int32_t own : row.dimension)
             EXPECT_TRUE(own == 0 || !class_IsComposite(row)) << row.token;
+        EXPECT_TRUE(row.hasOffset == 0 || !class_IsComposite(row)) << row.token;
         for (const int32_t flag : {row.allowExponent, row.hasOffset, row.internalFlag})
             EXPECT_TRUE(flag == 0 || flag == 1) << row.token;
     }

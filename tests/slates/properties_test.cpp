@@ -82,6 +82,9 @@ TEST_F(PropertiesTest, OfTheLibrary) {
     EXPECT_EQ(uoms_PutServerProperty("DEFAULTDISPLAYSTYLE", "Html"), 1);
     EXPECT_EQ(uoms_PutServerProperty("defaultDisplayStyle", "nosuch"), 6);
     EXPECT_EQ(Server("defaultDisplayStyle"), "html");
+    char one[] = "#";
+    EXPECT_EQ(uoms_GetServerProperty("defaultDisplayStyle", 1, one), 0);
+    EXPECT_STREQ(one, "");
     EXPECT_EQ(uom_GetDefaultDisplayStyle(), 6);
     const struct {
         const char *name;

@@ -74,7 +74,7 @@ void requireUnitWords(const ConversionArguments &arguments) {
 // Each value is a call of its own: what a value gives does not depend on its place in the input.
 double convert(const Units &units, double value) {
     if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != UOM_DONE)
-        throw Failure(libraryMessage());
+        throw Failure(refusalMessage());
     return value;
 }
 
@@ -142,7 +142,7 @@ int runConstants(const ConversionArguments &arguments) {
     if (status == UOM_CONVERT_NOT_LINEAR)
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != UOM_DONE)
-        throw Failure(libraryMessage());
+        throw Failure(refusalMessage());
     std::cout << "factor " << roundedNumber(factor, arguments.digits) << '\n';
     std::cout << "offset " << roundedNumber(offset, arguments.digits) << '\n';
     return 0;

@@ -11,9 +11,12 @@ static constexpr int32_t TEXT_SIZE = 8192;
 
 static const char classMissing[] = "The Unit-of-Measure class is missing.";
 
-// A class string with no class in it ("", "/") is refused without a message.
 std::string libraryMessage() {
-    const std::string message = uom_GetLastErrorMessage();
+    return uom_GetLastErrorMessage();
+}
+
+std::string refusalMessage() {
+    const std::string message = libraryMessage();
     return message.empty() ? classMissing : message;
 }
 

@@ -25,6 +25,9 @@ using Table = std::unique_ptr<UomTable, TableDeleter>;
 // The last-error text.
 std::string libraryMessage();
 
+// The same behind a call that was refused: a class string with no class in it ("", "/") leaves no message.
+std::string refusalMessage();
+
 // A chain for a class string; throws the library's message.
 Chain newChain(const std::string &classString);
 
