@@ -49,6 +49,35 @@ TEST_F(LimitsTest, LongTexts) {
     EXPECT_EQ(uom_FillStruct(Chain("Leng").head, CLASS_LENG, ("m" + blanks).c_str(), 1), 0);
 }
 
+TEST_F(LimitsTest, LongClassStrings) {
+    const std::string twenty = repeated("Pres ", 100);
+    EXPECT_EQ(uom_GetUnitCount(Chain(twenty).head), 20);
+    EXPECT_FALSE(uoms_New((twenty + "Pres").c_str()));
+    EXPECT_FALSE(uoms_New((std::string(100, '(') + "Pres" + std::string(100, ')')).c_str()));
+    for (const std::string piece : {"x", "Pres ", "(", ")", "7 ", "/", "'", "Rate ("})
+        EXPECT_EQ(0, uoms_IsClassValid(repeated(piece, 10000).c_str())) << piece;
+    EXPECT_FALSE(uoms_New(std::string(10000, 'x').c_str()));
+    EXPECT_EQ("Parsing UOM class string \"" + std::string(485, 'x'), lastError());
+    EXPECT_EQ(Chain(std::string(10000, ' ') + "Pres" + std::string(10000, ' ') + "2").head->exponent, 2);
+}
+
+TEST_F(LimitsTest, LongUnitStrings) {
+    const std::string open(100, '('), close(100, ')');
+    std::vector<std::string> texts = {open + "ft" + close, open + "lb/ft3" + close, "k*" + std::string(10000, '*'),
+                                      "ft" + std::string(10000, '7')};
+    for (const char c : {'x', '(', ')', '/', '7', '-', '\xB2'})
+        texts.push_back(std::string(10000, c));
+    for (const char *classes : {"Leng", "Density", "Rate", "(Leng Mass) 2", "((Leng)2)2", "Power", "BasisFrac"})
+        for (const std::string &text : texts) {
+            EXPECT_NE(0, filled(classes, text)) << classes;
+            EXPECT_EQ(0u, lastError().find("UOM string")) << classes;
+        }
+    EXPECT_EQ(2, filled("Leng", std::string(10000, 'x')));
+    EXPECT_EQ("UOM string \"" + std::string(499, 'x'), lastError());
+    EXPECT_EQ(0, filled("Leng", std::string(10000, ' ') + "ft" + std::string(9999, ' ')));
+    EXPECT_EQ(0, filled("Leng", std::string(30, '(') + "ft" + std::string(30, ')')));
+}
+
 TEST_F(LimitsTest, WordsOfAnyLength) {
     for (const char *head : {"PRES ", "PRES KG/", "RATE ", "SPVO FT3/"}) {
         UomStruct chain = uom_ClassAndUnitToStruct((head + std::string(10000, 'X')).c_str(), 2);

@@ -1,7 +1,6 @@
-// Keyword texts out and in again, and the texts of class rows.
+// The texts of class rows.
 #include "text/class_text.h"
 
-#include "catalogue/units.h"
 #include "slates/custom_classes.h"
 #include "tests/library_fixture.h"
 
@@ -14,10 +13,6 @@ protected:
         char out[128] = "";
         const int32_t status = operation(out);
         return joined(status, out);
-    }
-    static std::string keywordText(UomStruct chain) {
-        char out[256] = "#";
-        return uom_StructToOXString(chain, out, sizeof out);
     }
 };
 
@@ -52,39 +47,6 @@ TEST_F(ClassTextTest, TextsOfRows) {
         return text;
     });
     EXPECT_EQ(uoms_PutClassListName("Mass", "") + uoms_PutClassNote("Mass", ""), 0); // a clean-up leaves both
-}
-
-// With every unit of a base class, and with the units that slates have for a composite one.
-TEST_F(ClassTextTest, KeywordTextsReadBack) {
-    int32_t total = 0;
-    const auto expectBack = [&](UomStruct head) {
-        const std::string text = keywordText(head);
-        UomStruct back = uom_ClassAndUnitToStruct(text.c_str(), 2);
-        EXPECT_EQ(keywordText(back), text) << describeUnits(head) << " came back as " << describeUnits(back);
-        uom_Free(&back);
-        ++total;
-    };
-    for (int32_t id = 4; id < STATIC_CLASSES; ++id) {
-        const Chain chain(class_Token(id));
-        if (!class_Row(id)->keyword)
-            continue; // nor is anything said of products, inverses and what shares its keyword with a basis
-        if (!uom_IsClassBase(id)) {
-            for (const int32_t slate : {UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_SI}) {
-                uom_InitializeUnits(chain.head, slate);
-                const std::string units = display(chain.head, 2);
-                if (units.find('-') == std::string::npos && units.compare(0, 2, "1/") != 0 && id != CLASS_BASIS_FRAC &&
-                    id != CLASS_QUANTITY && std::strcmp(class_Row(id)->keyword, "MRAT") != 0)
-                    expectBack(chain.head);
-            }
-            continue;
-        }
-        for (const int32_t *unit = uom_GetClassUnits(id); unit && *unit != UOM_NULL; ++unit) {
-            chain_SetUnit(chain.head, *unit);
-            if (std::strlen(unit_Record(*unit)->keyword) <= 20)
-                expectBack(chain.head);
-        }
-    }
-    EXPECT_GT(total, 400);
 }
 
 } // namespace
