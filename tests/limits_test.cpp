@@ -249,6 +249,11 @@ TEST_F(LimitsTest, NullAndBadArguments) {
                                 uoms_GetClassNote("nosuch", 8, out), uoms_GetClassNote("Leng", 8, nullptr)));
     EXPECT_EQ("1 1 1 1", joined(uoms_GetSetParent("SI", 0, out), uoms_GetSetParent("SI", 8, nullptr),
                                 uoms_GetSetRoot("SI", 0, out), uoms_GetSetRoot("nosuch", 8, out)));
+    for (const auto &ask : {uoms_GetSetParent, uoms_GetSetRoot}) { // room for the end of a text alone
+        str_CopyBounded(out, sizeof out, "same");
+        EXPECT_EQ(0, ask("SI", 1, out));
+        EXPECT_STREQ("", out);
+    }
     EXPECT_EQ("0 0 0 0", joined(uoms_IsSetDerivedFrom("", "SI"), uoms_IsSetDerivedFrom("SI", nullptr),
                                 uoms_IsSetDerivedFrom("SI", "nosuch"), uoms_IsSetDerivedFrom("nosuch", "SI")));
     str_CopyBounded(out, sizeof out, "same");
