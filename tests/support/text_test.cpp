@@ -104,7 +104,7 @@ TEST(SupportText, MemoryIsCheckedAndCounted) {
 TEST(SupportText, TrimsBlanks) {
     const char cases[] = R"(
         | [] []; ~\t | [] []; a~\t\n | [a] [a~\t\n]; a\r | [a\r] [a\r]; a~\r\n | [a~\r] [a~\r\n]
-        \t~a~b | [\t~a~b] [a~b]; \n~a | [\n~a] [\n~a]; \n | [] [\n]
+        ~a | [~a] [a]; \t~a~b | [\t~a~b] [a~b]; \n~a | [\n~a] [\n~a]; \n | [] [\n]
     )";
     expectAnswers(cases, [](const Cells &c) {
         char right[16], left[16];
