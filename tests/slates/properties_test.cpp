@@ -81,7 +81,9 @@ TEST_F(PropertiesTest, OfTheLibrary) {
     // The display style answers with the style before, and stays when the name is unknown.
     EXPECT_EQ(uoms_PutServerProperty("DEFAULTDISPLAYSTYLE", "Html"), 1);
     EXPECT_EQ(uoms_PutServerProperty("defaultDisplayStyle", "nosuch"), 6);
+    error_Set("old");
     EXPECT_EQ(Server("defaultDisplayStyle"), "html");
+    EXPECT_EQ(lastError(), "") << "nothing of an earlier failure is left";
     char one[] = "#";
     EXPECT_EQ(uoms_GetServerProperty("defaultDisplayStyle", 1, one), 0);
     EXPECT_STREQ(one, "");
