@@ -186,4 +186,18 @@ TEST_F(CombinationsTest, Offsets) {
                     }
 }
 
+// Long after the sum of the powers has come to its limit, the factor is still to be raised.
+TEST_F(CombinationsTest, OffsetsToGreatPowers) {
+    for (const int exponent : {10, 60, 70, 80, 200}) {
+        const std::string text = "TempAbs " + std::to_string(exponent);
+        const Chain from(text), to(text);
+        fill(from.head, {F}, 0);
+        fill(to.head, {K}, 0);
+        uom_ConvertFromTo(250, from.head, to.head);
+        expectNear(uomRunFactor, std::pow(F.factor, exponent + 2));
+        expectNear(uomRunOffset,
+                   F.offset / std::pow(F.factor, exponent) * (1 - std::pow(F.factor, exponent + 1)) / (1 - F.factor));
+    }
+}
+
 } // namespace

@@ -14,6 +14,8 @@ TEST_F(DefaultsTest, AreToldByTheirText) {
     EXPECT_EQ(uoms_IsClassDefault("Rate", "Plant", "MM BBL / day"), 0);
     EXPECT_EQ(uoms_IsClassDefault("Rate", "Plant", "mm bbl/day"), 0); // letters' case counts here
     EXPECT_EQ(uoms_IsClassDefault("Mass", "Plant", ""), 1);
+    EXPECT_EQ(uoms_IsClassDefault("Mass", "Plant", nullptr), 0);
+    EXPECT_EQ(uoms_IsClassDefault("Mass", "nosuch", ""), 0);
 }
 
 } // namespace
