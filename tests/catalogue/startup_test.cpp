@@ -154,6 +154,14 @@ TEST_F(CatalogueStartup, DebugTextKeepsTheNewest) {
         ASSERT_TRUE(kept.size() == before.size() + 100 || before.size() + 100 >= 8192) << "and only when it has to";
         ASSERT_EQ(before.substr(before.size() + 100 - kept.size()) + line, kept);
     }
+    ASSERT_EQ(0, startSmall());
+    char parent[64];
+    for (const std::string &name : {std::string("uom_GetSetBasedOn"), std::string("uoms_GetSetBasedOn")}) {
+        name[3] == 's' ? uoms_GetSetBasedOn("SI", parent) : uom_GetSetBasedOn(UOM_SET_SI, parent);
+        const std::string notice = "COREKIT.DLL: call to deprecated function " + name + ".\n",
+                          text = platform_DebugText();
+        EXPECT_EQ(notice, text.substr(text.size() - notice.size()));
+    }
 }
 
 TEST_F(CatalogueStartup, WhatSurvivesACleanup) {

@@ -42,7 +42,7 @@ TEST_F(SupportNumbers, ConstantsHaveValuesThatCanBeSetAndTakenBack) {
               joined(num_IsNull(1.9), num_IsNull(2), num_IsNullFloat(3.9f), num_IsNullFloat(4), num_IsNullInt(5),
                      num_IsNullInt(4), num_IsNullUnsigned(6), num_IsNullUnsigned(7)));
     EXPECT_EQ("1 1 0", joined(num_Equal(6, -6), num_Equal(7, -48), num_Equal(7, -49))) << "zero below 7, 8 times";
-    EXPECT_EQ("1 1 0", joined(num_EqualF(8, -8), num_EqualF(9, -80), num_EqualF(9, -81)));
+    EXPECT_EQ("1 1 0 0", joined(num_EqualF(8, -8), num_EqualF(9, -80), num_EqualF(9, -81), num_EqualF(8, 9)));
 
     num_InitConstants();
     EXPECT_EQ("0 1", joined(num_Equal(6, -6), num_IsNull(-1.5e35)));
