@@ -12,25 +12,13 @@ struct Scale {
     bool hasOffset;
 };
 
-// As num_PowInt.
-double power(double x, int64_t n, Rounds &rounds) {
-    double product = 1.0;
-    for (; n > 0 && rounds.take(); --n) {
-        const double next = product * x;
-        if (num_Same(next, product))
-            return next;
-        product = next;
-    }
-    return product;
-}
-
 // With an offset the factor comes out to the power n + 2, kept: a squared temperature or pressure has no
 // other defined meaning.
 void raise(Scale &scale, int64_t n, Rounds &rounds) {
     if (n <= 1)
         return;
     if (!scale.hasOffset) {
-        scale.factor = power(scale.factor, n, rounds);
+        scale.factor = num_PowWhile(scale.factor, n, [&rounds] { return rounds.take(); });
         return;
     }
     double product = 1.0;

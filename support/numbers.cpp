@@ -43,15 +43,7 @@ bool num_EqualF(float a, float b) {
 }
 
 double num_PowInt(double x, int32_t n) {
-    double power = 1.0;
-    for (int64_t i = num_Magnitude(n); i > 0; --i) {
-        const double next = power * x;
-        // A product that no longer changes (1, 0, infinity) stays as it is however often x comes.
-        if (num_Same(next, power))
-            return next;
-        power = next;
-    }
-    return power;
+    return num_PowWhile(x, num_Magnitude(n), [] { return true; });
 }
 
 int32_t num_IsIntegerText(const char *text) {

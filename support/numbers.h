@@ -147,4 +147,17 @@ inline int64_t num_Magnitude(int32_t n) {
     return n < 0 ? -static_cast<int64_t>(n) : n;
 }
 
+// x multiplied by itself n times, left to right, for as long as more() says.
+template <class More> double num_PowWhile(double x, int64_t n, More more) {
+    double power = 1.0;
+    for (; n > 0 && more(); --n) {
+        const double next = power * x;
+        // A product that no longer changes (1, 0, infinity) stays as it is however often x comes.
+        if (num_Same(next, power))
+            return next;
+        power = next;
+    }
+    return power;
+}
+
 #endif
