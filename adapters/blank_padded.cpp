@@ -16,7 +16,7 @@ template <size_t Size> struct FixedText {
         const size_t copied = length < Size ? length : Size - 1;
         if (padded && length < BAD_LENGTH)
             std::memcpy(text, padded, copied);
-        str_TrimRight(text);
+        uom::str_TrimRight(text);
     }
 };
 using FixedName = FixedText<32>;

@@ -7,6 +7,8 @@
 // are kept, the lowest row wins.
 #include "catalogue/class_rows.h"
 
+namespace uom {
+
 namespace {
 
 constexpr int32_t BASE = CLASS_SYSTEM | CLASS_BASE;
@@ -52,7 +54,7 @@ constexpr UomClassRow row(int32_t index, const char *name, const char *token, co
 } // namespace
 
 // clang-format off
-UomClassRow uomStaticRows[STATIC_CLASSES] = {
+const UomClassRow uomStaticRows[STATIC_CLASSES] = {
     row(0, "", "", "", "", 0, 0, 0, BASE, {0, 0, 0, 0, 0, 0}, 0, 0, 0),
     row(1, "OpenParenthesis", "(", nullptr, "(", 1, 0, 0, PAREN, {0, 0, 0, 0, 0, 0}, 0, 0, 1),
     row(2, "CloseParenthesis", ")", nullptr, ")", 1, 0, 0, PAREN, {0, 0, 0, 0, 0, 0}, 0, 0, 2),
@@ -126,3 +128,5 @@ UomClassRow uomStaticRows[STATIC_CLASSES] = {
     row(70, "Inverse Length", "InvLeng", nullptr, "ILEN", 1, 0, 0, JOINT, {0, 0, 0, 0, 0, 0}, 0, 0, 67, {11}, {-1}),
 };
 // clang-format on
+
+} // namespace uom

@@ -6,6 +6,8 @@
 
 #include "uom/uom.h"
 
+namespace uom {
+
 constexpr int32_t STATIC_CLASSES = UOM_COMPILED_CLASSES; // compiled rows; custom classes stand behind them
 constexpr int32_t COMPOSITE_SLOTS = 3;                   // constituents that a class can have
 constexpr int32_t DIMENSIONS = 6;                        // mass, length, time, temperature, charge, currency
@@ -90,6 +92,9 @@ struct UomClassRow {
     int32_t startWords;  // of a letter's bits
 };
 
-extern UomClassRow uomStaticRows[STATIC_CLASSES];
+// Never changes: each catalogue works on a copy.
+extern const UomClassRow uomStaticRows[STATIC_CLASSES];
+
+} // namespace uom
 
 #endif

@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "catalogue/state.h"
 #include "support/memory.h"
-#include "support/name_index.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -30,51 +30,51 @@ int32_t findDirectKeyword(const char *text) {
     return CLASS_NONE;
 }
 
-int32_t findKeyword(const char *text) {
+int32_t findKeyword(const Catalogue &catalogue, const char *text) {
     char trimmed[KEYWORD_BUFFER];
     str_CopyBounded(trimmed, sizeof trimmed, text);
     str_TrimRight(trimmed);
-    for (int32_t i = 0; i < uomClassCount; ++i) {
-        const UomClassRow *row = class_Row(i);
+    for (int32_t i = 0; i < catalogue.classes.count; ++i) {
+        const UomClassRow *row = class_Row(catalogue, i);
         if (row && (str_EqualNoCase(row->keyword, text) || str_EqualNoCase(row->keyword, trimmed)))
             return i;
     }
     return CLASS_NONE;
 }
 
-NameIndex tokenIndex; // tokens and alternative tokens
-NameIndex nameIndex;  // long names
-
-bool hasToken(int32_t classId, const char *text) {
-    const UomClassRow *row = class_Row(classId);
+bool hasToken(const Catalogue &catalogue, int32_t classId, const char *text) {
+    const UomClassRow *row = class_Row(catalogue, classId);
     return row && (str_EqualNoCase(row->token, text) || str_EqualNoCase(row->altToken, text));
 }
 
-bool hasName(int32_t classId, const char *text) {
-    const UomClassRow *row = class_Row(classId);
+bool hasName(const Catalogue &catalogue, int32_t classId, const char *text) {
+    const UomClassRow *row = class_Row(catalogue, classId);
     return row && str_EqualNoCase(row->name, text);
 }
 
 // Tokens of all rows go before the first long name.
-int32_t findToken(const char *text) {
-    const int32_t count = static_cast<int32_t>(tbl_Count(uomClassTable));
-    int32_t found = names_Find(tokenIndex, text, count, [=](int32_t i) { return hasToken(i, text); });
+int32_t findToken(const Catalogue &catalogue, const char *text) {
+    const int32_t count = static_cast<int32_t>(table_Count(catalogue.classes.rows));
+    int32_t found =
+        names_Find(catalogue.classes.tokens, text, count, [&](int32_t i) { return hasToken(catalogue, i, text); });
     if (found < 0)
-        found = names_Find(nameIndex, text, count, [=](int32_t i) { return hasName(i, text); });
+        found =
+            names_Find(catalogue.classes.names, text, count, [&](int32_t i) { return hasName(catalogue, i, text); });
     return found < 0 ? CLASS_NONE : found;
 }
 
-using HasText = bool (*)(int32_t classId, const char *text);
+using HasText = bool (*)(const Catalogue &catalogue, int32_t classId, const char *text);
 
-bool indexText(NameIndex &index, const char *text, int32_t classId, HasText has) {
-    return str_IsEmpty(text) || names_Add(index, text, classId, [=](int32_t other) { return has(other, text); });
+bool indexText(const Catalogue &catalogue, NameIndex &index, const char *text, int32_t classId, HasText has) {
+    return str_IsEmpty(text) ||
+           names_Add(index, text, classId, [&](int32_t other) { return has(catalogue, other, text); });
 }
 
-bool indexRow(int32_t classId) {
-    const UomClassRow *row = class_Row(classId);
-    return !row || (indexText(tokenIndex, row->token, classId, hasToken) &&
-                    indexText(tokenIndex, row->altToken, classId, hasToken) &&
-                    indexText(nameIndex, row->name, classId, hasName));
+bool indexRow(Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_Row(catalogue, classId);
+    return !row || (indexText(catalogue, catalogue.classes.tokens, row->token, classId, hasToken) &&
+                    indexText(catalogue, catalogue.classes.tokens, row->altToken, classId, hasToken) &&
+                    indexText(catalogue, catalogue.classes.names, row->name, classId, hasName));
 }
 
 void unindexText(NameIndex &index, const char *text, int32_t classId) {
@@ -82,79 +82,87 @@ void unindexText(NameIndex &index, const char *text, int32_t classId) {
         names_Remove(index, text, classId);
 }
 
-int32_t lastRow() {
-    return static_cast<int32_t>(tbl_Count(uomClassTable)) - 1;
+int32_t lastRow(const Catalogue &catalogue) {
+    return static_cast<int32_t>(table_Count(catalogue.classes.rows)) - 1;
 }
 
 } // namespace
 
-void class_DropIndex() {
-    names_Free(tokenIndex);
-    names_Free(nameIndex);
+void class_DropIndex(Catalogue &catalogue) {
+    names_Free(catalogue.classes.tokens);
+    names_Free(catalogue.classes.names);
 }
 
-void class_IndexTexts() {
-    const uint32_t count = tbl_Count(uomClassTable);
-    if (!names_Reset(tokenIndex, 2 * count) || !names_Reset(nameIndex, count))
-        return class_DropIndex();
-    for (int32_t i = 0; i <= lastRow(); ++i)
-        indexRow(i);
+void class_IndexTexts(Catalogue &catalogue) {
+    const uint32_t count = table_Count(catalogue.classes.rows);
+    if (!names_Reset(catalogue.classes.tokens, 2 * count) || !names_Reset(catalogue.classes.names, count))
+        return class_DropIndex(catalogue);
+    for (int32_t i = 0; i <= lastRow(catalogue); ++i)
+        indexRow(catalogue, i);
 }
 
-void class_IndexLastRow() {
-    if (!indexRow(lastRow()))
-        class_IndexTexts();
+void class_IndexLastRow(Catalogue &catalogue) {
+    if (!indexRow(catalogue, lastRow(catalogue)))
+        class_IndexTexts(catalogue);
 }
 
-void class_UnindexLastRow() {
-    const UomClassRow *row = class_Row(lastRow());
+void class_UnindexLastRow(Catalogue &catalogue) {
+    const UomClassRow *row = class_Row(catalogue, lastRow(catalogue));
     if (!row)
         return;
-    unindexText(tokenIndex, row->token, lastRow());
-    unindexText(tokenIndex, row->altToken, lastRow());
-    unindexText(nameIndex, row->name, lastRow());
+    unindexText(catalogue.classes.tokens, row->token, lastRow(catalogue));
+    unindexText(catalogue.classes.tokens, row->altToken, lastRow(catalogue));
+    unindexText(catalogue.classes.names, row->name, lastRow(catalogue));
 }
 
-int32_t class_SetName(int32_t classId, const char *name) {
-    UomClassRow *row = class_Row(classId);
-    const bool last = classId == lastRow();
+int32_t class_SetName(Catalogue &catalogue, int32_t classId, const char *name) {
+    UomClassRow *row = class_Row(catalogue, classId);
+    const bool last = classId == lastRow(catalogue);
     if (last)
-        class_UnindexLastRow();
+        class_UnindexLastRow(catalogue);
     const int32_t status = mem_ExchangeText(&row->name, name);
     if (last)
-        class_IndexLastRow();
+        class_IndexLastRow(catalogue);
     else
-        class_IndexTexts();
+        class_IndexTexts(catalogue);
     return status;
 }
 
-bool class_IsValid(int32_t classId) {
-    return classId >= 1 && classId < uomClassCount;
+bool class_IsValid(const Catalogue &catalogue, int32_t classId) {
+    return classId >= 1 && classId < catalogue.classes.count;
 }
 
-UomClassRow *class_Row(int32_t classId) {
-    return tbl_Record<UomClassRow>(uomClassTable, classId);
+const UomClassRow *class_Row(const Catalogue &catalogue, int32_t classId) {
+    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
 }
 
-UomClassRow *class_ValidRow(int32_t classId) {
-    return class_IsValid(classId) ? class_Row(classId) : nullptr;
+const UomClassRow *class_ValidRow(const Catalogue &catalogue, int32_t classId) {
+    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
 }
 
-int32_t class_Find(const char *text, int32_t style) {
+UomClassRow *class_Row(Catalogue &catalogue, int32_t classId) {
+    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
+}
+
+UomClassRow *class_ValidRow(Catalogue &catalogue, int32_t classId) {
+    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
+}
+
+int32_t class_Find(const Catalogue &catalogue, const char *text, int32_t style) {
     if (str_IsEmpty(text))
         return CLASS_NONE;
     if (style != STYLE_KEYWORD)
-        return findToken(text);
+        return findToken(catalogue, text);
     const int32_t direct = findDirectKeyword(text);
-    return direct != CLASS_NONE ? direct : findKeyword(text);
+    return direct != CLASS_NONE ? direct : findKeyword(catalogue, text);
 }
 
 bool class_IsComposite(const UomClassRow &row) {
     return row.baseClass[0] != 0 || row.baseClass[1] != 0;
 }
 
-bool uom_ClassHasBasis(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row || !class_IsComposite(*row))
         return classId == CLASS_BASIS;
     for (int32_t slot = 0; slot < COMPOSITE_SLOTS && row->baseClass[slot] != 0; ++slot)
@@ -163,72 +171,59 @@ bool uom_ClassHasBasis(int32_t classId) {
     return false;
 }
 
-const char *class_Token(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+const char *class_Token(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     return row && row->token ? row->token : "";
 }
 
-const int32_t *uom_GetClassUnits(int32_t classId) {
-    const UomClassRow *row = class_Row(classId);
+const int32_t *uom_GetClassUnits(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_Row(catalogue, classId);
     if (!row)
         return nullptr;
     return row->uomChoices ? row->uomChoices : row->uomList;
 }
 
-int32_t uom_GetClassType(const char *text, int32_t mode) {
-    const int32_t classId = class_Find(text, mode);
-    if (uomModeQx71 == 0 || (mode == STYLE_KEYWORD && text && findDirectKeyword(text) != CLASS_NONE))
+int32_t uom_GetClassType(const Catalogue &catalogue, const char *text, int32_t mode) {
+    const int32_t classId = class_Find(catalogue, text, mode);
+    if (catalogue.modes.qx71 == 0 || (mode == STYLE_KEYWORD && text && findDirectKeyword(text) != CLASS_NONE))
         return classId;
-    const UomClassRow *row = class_ValidRow(classId);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     return row ? row->legacyNumber : CLASS_NONE;
 }
 
-int32_t uom_GetUOMClassCount(void) {
-    return uomClassCount;
+int32_t uom_GetUOMClassCount(const Catalogue &catalogue) {
+    return catalogue.classes.count;
 }
 
-int32_t uom_GetClassTextLen(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+int32_t uom_GetClassTextLen(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     return row && row->name ? static_cast<int32_t>(std::strlen(row->name)) : 0;
 }
 
-UomTable *uom_GetClassList(int32_t style) {
-    UomTable *list = tbl_Create(0, TABLE_TEXT);
-    for (int32_t i = 0; list && i < uomClassCount; ++i) {
-        if (i == CLASS_PETRO_MASS || i == CLASS_POWER_TOP || i == CLASS_E6_POWER_TOP)
-            continue;
-        char text[80];
-        uom_GetClassText(i, text, sizeof text, style);
-        if (*text && !tbl_PutText(list, TABLE_APPEND, text)) {
-            tbl_Free(list);
-            return nullptr;
-        }
-    }
-    return list;
-}
-
-void uom_GetClassGUIWidths(int32_t classId, int32_t *width1, int32_t *width2) {
-    const UomClassRow *row = class_ValidRow(classId);
+void uom_GetClassGUIWidths(const Catalogue &catalogue, int32_t classId, int32_t *width1, int32_t *width2) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (width1)
         *width1 = row ? row->guiWidth1 : 0;
     if (width2)
         *width2 = row ? row->guiWidth2 : 0;
 }
 
-int32_t uom_IsClassBase(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+int32_t uom_IsClassBase(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     return !row || !class_IsComposite(*row);
 }
 
-int32_t uom_IsClassBasis(int32_t classId) {
+int32_t class_IsBasis(int32_t classId) {
     return classId == CLASS_BASIS;
 }
 
-int32_t uom_GetUnitMax(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+int32_t uom_GetUnitMax(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row)
         return 0;
     if (row->baseClass[0] == 0)
         return 1;
     return 1 + (row->baseClass[1] != 0) + (row->baseClass[2] != 0);
 }
+
+} // namespace uom

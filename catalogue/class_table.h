@@ -4,6 +4,9 @@
 
 #include "catalogue/class_rows.h"
 #include "support/table.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 enum TextStyle : int32_t {
     STYLE_DEFAULT = UOM_STYLE_DEFAULT,
@@ -16,40 +19,53 @@ enum TextStyle : int32_t {
 };
 
 // A class number in range: at least 1 and below the count of classes.
-bool class_IsValid(int32_t classId);
+bool class_IsValid(const Catalogue &catalogue, int32_t classId);
 
 // The row of a class, row 0 included; null past the end and while the library is not started.
-UomClassRow *class_Row(int32_t classId);
+const UomClassRow *class_Row(const Catalogue &catalogue, int32_t classId);
+UomClassRow *class_Row(Catalogue &catalogue, int32_t classId);
 
 // The row of a valid class, else null.
-UomClassRow *class_ValidRow(int32_t classId);
+const UomClassRow *class_ValidRow(const Catalogue &catalogue, int32_t classId);
+UomClassRow *class_ValidRow(Catalogue &catalogue, int32_t classId);
 
 // The number of the class that a text names, 0 when there is none. Style 2 looks at keywords, any other at
 // tokens and then at long names.
-int32_t class_Find(const char *text, int32_t style);
+int32_t class_Find(const Catalogue &catalogue, const char *text, int32_t style);
 
 // The fast way of class_Find to tokens and long names. Built with the class table and after each change of these texts,
 // continued for a new last row, and cut back in front of its deletion; without it (or without the memory for it) a
 // look-up walks the table.
-void class_IndexTexts();
-void class_IndexLastRow();
-void class_UnindexLastRow();
-void class_DropIndex();
+void class_IndexTexts(Catalogue &catalogue);
+void class_IndexLastRow(Catalogue &catalogue);
+void class_UnindexLastRow(Catalogue &catalogue);
+void class_DropIndex(Catalogue &catalogue);
 
 // Replaces the long name of a custom class. 0, or 11 with the old name kept when memory is exhausted.
 // REQUIRES: the row exists and owns its texts.
-int32_t class_SetName(int32_t classId, const char *name);
+int32_t class_SetName(Catalogue &catalogue, int32_t classId, const char *name);
 
 // Whether the class is expanded into components: its first or second slot is used.
 bool class_IsComposite(const UomClassRow &row);
 
 // Whether a chain of the class holds a Basis node.
-bool uom_ClassHasBasis(int32_t classId);
+bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId);
 
 // The token of a valid class, else the empty text.
-const char *class_Token(int32_t classId);
+const char *class_Token(const Catalogue &catalogue, int32_t classId);
 
 // The list of units that the class recognises: its choices, else its list, else null. Takes any number.
-const int32_t *uom_GetClassUnits(int32_t classId);
+const int32_t *uom_GetClassUnits(const Catalogue &catalogue, int32_t classId);
+
+// What uom.h says of these, in a catalogue.
+int32_t uom_GetClassType(const Catalogue &catalogue, const char *text, int32_t mode);
+int32_t uom_GetUOMClassCount(const Catalogue &catalogue);
+int32_t uom_GetClassTextLen(const Catalogue &catalogue, int32_t classId);
+void uom_GetClassGUIWidths(const Catalogue &catalogue, int32_t classId, int32_t *width1, int32_t *width2);
+int32_t uom_IsClassBase(const Catalogue &catalogue, int32_t classId);
+int32_t class_IsBasis(int32_t classId);
+int32_t uom_GetUnitMax(const Catalogue &catalogue, int32_t classId);
+
+} // namespace uom
 
 #endif

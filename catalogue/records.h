@@ -6,6 +6,8 @@
 
 #include "uom/uom.h"
 
+namespace uom {
+
 // One unit line of the data file. A value x in the unit is (x + offset) * factor in base units.
 struct UomUnit {
     int32_t index; // place in the unit table; 0 is the placeholder that means no unit
@@ -32,5 +34,7 @@ struct UomSlate {
     UomTable *classDefaults;     // pairs: element 2c the unit of class c, 2c + 1 its multiplier
     UomTable *compositeDefaults; // element c: null, or the pairs of composite class c in slot order
 };
+
+} // namespace uom
 
 #endif

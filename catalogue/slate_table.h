@@ -4,31 +4,36 @@
 #define UOM_CATALOGUE_SLATE_TABLE_H
 
 #include "catalogue/records.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 // A usable slate index: above UOM_SET_NULL and below UOM_SET_MAX.
-bool slate_IsValid(int32_t slate);
+bool slate_IsValid(const Catalogue &catalogue, int32_t slate);
 
 // The record of a usable slate, else null.
-UomSlate *slate_Record(int32_t slate);
+const UomSlate *slate_Record(const Catalogue &catalogue, int32_t slate);
+UomSlate *slate_Record(Catalogue &catalogue, int32_t slate);
 
 // The record of any slate, the unnamed one included, null past the ends.
-UomSlate *slate_AnyRecord(int32_t slate);
+const UomSlate *slate_AnyRecord(const Catalogue &catalogue, int32_t slate);
+UomSlate *slate_AnyRecord(Catalogue &catalogue, int32_t slate);
 
 // The fast way of uom_GetSetType. Built anew by whoever deletes or renames a slate, continued for a new one, and cut
 // back in front of the deletion of the last; without it (or without the memory for it) a look-up walks the table.
-void slate_IndexNames();
-void slate_IndexLast();
-void slate_UnindexLast();
+void slate_IndexNames(Catalogue &catalogue);
+void slate_IndexLast(Catalogue &catalogue);
+void slate_UnindexLast(Catalogue &catalogue);
 
 // The number of records in the table.
-int32_t uom_GetSetCount();
+int32_t uom_GetSetCount(const Catalogue &catalogue);
 
 // The slate that this one is based on, -1 when there is none of that name.
-int32_t slate_Parent(const UomSlate &slate);
+int32_t slate_Parent(const Catalogue &catalogue, const UomSlate &slate);
 
 // The record of the first slate, from this one upward, that passes the test; null when none does up to the
 // root.
-const UomSlate *slate_FindUpward(int32_t slate, bool (*test)(const UomSlate &));
+const UomSlate *slate_FindUpward(const Catalogue &catalogue, int32_t slate, bool (*test)(const UomSlate &));
 
 // The slates met on a walk upward.
 struct SlatePath {
@@ -41,5 +46,10 @@ bool slate_IsOnPath(const SlatePath &path, int32_t slate);
 
 // Adds a slate to the path. False when it is there already, or the path is full.
 bool slate_Visit(SlatePath &path, int32_t slate);
+
+// What uom.h says of these, in a catalogue.
+int32_t uom_GetSetType(const Catalogue &catalogue, const char *name);
+
+} // namespace uom
 
 #endif

@@ -4,10 +4,11 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "support/memory.h"
-#include "support/name_index.h"
+#include "support/table.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -33,10 +34,8 @@ void enterInitial(uint64_t *starts, size_t words, size_t place, const char *name
         starts[initial * words + place / WORD_BITS] |= uint64_t{1} << (place % WORD_BITS);
 }
 
-NameIndex tokenIndex;
-
-const UomUnit *record(int32_t index) {
-    return tbl_Record<UomUnit>(uomUnitTable, index);
+const UomUnit *record(const Catalogue &catalogue, int32_t index) {
+    return table_Record<UomUnit>(catalogue.units.records, index);
 }
 
 bool hasToken(const UomUnit *unit, std::string_view token) {
@@ -94,50 +93,55 @@ bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
 
 } // namespace
 
-bool unit_IsValid(int32_t unit) {
-    return unit > UOM_NULL && unit < uomUnitCount;
+bool unit_IsValid(const Catalogue &catalogue, int32_t unit) {
+    return unit > NO_UNIT && unit < catalogue.units.count;
 }
 
-UomUnit *unit_Record(int32_t unit) {
-    return unit_IsValid(unit) ? tbl_Record<UomUnit>(uomUnitTable, unit) : nullptr;
+const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit) {
+    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
 }
 
-const char *unit_Token(int32_t unit) {
-    const UomUnit *found = unit_Record(unit);
+UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
+    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
+}
+
+const char *unit_Token(const Catalogue &catalogue, int32_t unit) {
+    const UomUnit *found = unit_Record(catalogue, unit);
     return found && found->token ? found->token : "";
 }
 
-int32_t unit_FindToken(std::string_view token) {
-    const int32_t count = static_cast<int32_t>(tbl_Count(uomUnitTable));
-    const int32_t found = names_Find(tokenIndex, token, count, [=](int32_t i) { return hasToken(record(i), token); });
-    return found < 0 ? UOM_NULL : found;
+int32_t unit_FindToken(const Catalogue &catalogue, std::string_view token) {
+    const int32_t count = static_cast<int32_t>(table_Count(catalogue.units.records));
+    const int32_t found = names_Find(catalogue.units.tokens, token, count,
+                                     [&](int32_t i) { return hasToken(record(catalogue, i), token); });
+    return found < 0 ? NO_UNIT : found;
 }
 
-int32_t unit_FindJoined(std::string_view head, std::string_view tail) {
+int32_t unit_FindJoined(const Catalogue &catalogue, std::string_view head, std::string_view tail) {
     char name[128];
     str_CopyBounded(name, sizeof name, head);
     const size_t used = std::strlen(name);
     str_CopyBounded(name + used, sizeof name - used, tail);
-    return unit_FindToken(name);
+    return unit_FindToken(catalogue, name);
 }
 
-void unit_DropIndex() {
-    names_Free(tokenIndex);
+void unit_DropIndex(Catalogue &catalogue) {
+    names_Free(catalogue.units.tokens);
 }
 
-void unit_IndexList(UomClassRow *row) {
+void unit_IndexList(const Catalogue &catalogue, UomClassRow *row) {
     mem_Free(row->starts);
     row->starts = nullptr;
     const int32_t *units = row->uomChoices ? row->uomChoices : row->uomList;
     size_t count = 0;
-    while (units && units[count] != UOM_NULL)
+    while (units && units[count] != NO_UNIT)
         ++count;
     const size_t words = (count + WORD_BITS - 1) / WORD_BITS;
     void *block = nullptr;
     mem_Calloc(&block, 2 * INITIALS * words, sizeof(uint64_t));
     uint64_t *starts = static_cast<uint64_t *>(block);
     for (size_t i = 0; starts && i < count; ++i) {
-        const UomUnit *unit = record(units[i]);
+        const UomUnit *unit = record(catalogue, units[i]);
         enterInitial(starts, words, i, unit ? unit->token : nullptr);
         enterInitial(starts + INITIALS * words, words, i, unit ? unit->keyword : nullptr);
     }
@@ -145,19 +149,19 @@ void unit_IndexList(UomClassRow *row) {
     row->startWords = static_cast<int32_t>(words);
 }
 
-void unit_IndexTokens() {
-    unit_DropIndex();
-    const uint32_t count = tbl_Count(uomUnitTable);
-    for (uint32_t i = 0; i < tbl_Count(uomClassTable); ++i)
-        if (UomClassRow *row = class_Row(static_cast<int32_t>(i)))
-            unit_IndexList(row);
-    if (!names_Reset(tokenIndex, count))
+void unit_IndexTokens(Catalogue &catalogue) {
+    unit_DropIndex(catalogue);
+    const uint32_t count = table_Count(catalogue.units.records);
+    for (uint32_t i = 0; i < table_Count(catalogue.classes.rows); ++i)
+        if (UomClassRow *row = class_Row(catalogue, static_cast<int32_t>(i)))
+            unit_IndexList(catalogue, row);
+    if (!names_Reset(catalogue.units.tokens, count))
         return;
     for (uint32_t i = 0; i < count; ++i) {
-        const UomUnit *unit = record(static_cast<int32_t>(i));
+        const UomUnit *unit = record(catalogue, static_cast<int32_t>(i));
         if (unit && unit->token)
-            names_Add(tokenIndex, unit->token, static_cast<int32_t>(i),
-                      [=](int32_t other) { return hasToken(record(other), unit->token); });
+            names_Add(catalogue.units.tokens, unit->token, static_cast<int32_t>(i),
+                      [&](int32_t other) { return hasToken(record(catalogue, other), unit->token); });
     }
 }
 
@@ -171,14 +175,15 @@ static size_t matchUnit(const UomUnit *unit, const char *text, bool byKeyword) {
 
 // The longest match so far; the first in the list wins among equals.
 struct LongestMatch {
+    const Catalogue &catalogue;
     const char *text;
     bool byKeyword;
-    int32_t unit = UOM_NULL;
+    int32_t unit = NO_UNIT;
     size_t length = 0;
 };
 
 static void tryUnit(LongestMatch &longest, int32_t unit) {
-    const size_t matched = matchUnit(record(unit), longest.text, longest.byKeyword);
+    const size_t matched = matchUnit(record(longest.catalogue, unit), longest.text, longest.byKeyword);
     if (matched == NO_MATCH || matched <= longest.length)
         return;
     longest.unit = unit;
@@ -194,16 +199,17 @@ static void tryIndexed(LongestMatch &longest, const UomClassRow &row, const int3
             tryUnit(longest, units[word * WORD_BITS + static_cast<size_t>(std::countr_zero(bits))]);
 }
 
-int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int32_t *length) {
+int32_t uom_ScanUnitToken(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style,
+                          int32_t *length) {
     *length = 0;
-    const int32_t *units = uom_GetClassUnits(classId);
+    const int32_t *units = uom_GetClassUnits(catalogue, classId);
     if (!units || !text)
-        return UOM_NULL;
-    LongestMatch longest = {text, style == STYLE_KEYWORD};
-    const UomClassRow &row = *class_Row(classId);
+        return NO_UNIT;
+    LongestMatch longest = {catalogue, text, style == STYLE_KEYWORD};
+    const UomClassRow &row = *class_Row(catalogue, classId);
     if (row.starts)
         tryIndexed(longest, row, units);
-    for (; !row.starts && *units != UOM_NULL; ++units)
+    for (; !row.starts && *units != NO_UNIT; ++units)
         tryUnit(longest, *units);
     *length = static_cast<int32_t>(longest.length);
     return longest.unit;
@@ -211,10 +217,10 @@ int32_t uom_ScanUnitToken(int32_t classId, const char *text, int32_t style, int3
 
 int32_t unit_CopyList(int32_t **out, const int32_t *units) {
     *out = nullptr;
-    if (!units || *units == UOM_NULL)
+    if (!units || *units == NO_UNIT)
         return 0;
     size_t count = 1;
-    while (units[count - 1] != UOM_NULL)
+    while (units[count - 1] != NO_UNIT)
         ++count;
     *out = mem_NewArray<int32_t>(count);
     if (!*out)
@@ -223,20 +229,20 @@ int32_t unit_CopyList(int32_t **out, const int32_t *units) {
     return 0;
 }
 
-int32_t unit_ResolveList(int32_t **out, const UomTable *tokens) {
+int32_t unit_ResolveList(const Catalogue &catalogue, int32_t **out, const UomTable *tokens) {
     *out = nullptr;
-    const uint32_t count = tbl_Count(tokens);
+    const uint32_t count = table_Count(tokens);
     int32_t *units = mem_NewArray<int32_t>(size_t{count} + 1);
     if (!units)
         return 11;
     uint32_t kept = 0;
     for (uint32_t i = 0; i < count; ++i) {
-        const char *token = tbl_GetText(tokens, i);
-        const int32_t unit = str_IsEmpty(token) ? UOM_NULL : unit_FindToken(token);
-        if (unit != UOM_NULL)
+        const char *token = table_GetText(tokens, i);
+        const int32_t unit = str_IsEmpty(token) ? NO_UNIT : unit_FindToken(catalogue, token);
+        if (unit != NO_UNIT)
             units[kept++] = unit;
     }
-    units[kept] = UOM_NULL;
+    units[kept] = NO_UNIT;
     if (kept == 0) {
         mem_Free(units);
         return 0;
@@ -245,76 +251,78 @@ int32_t unit_ResolveList(int32_t **out, const UomTable *tokens) {
     return 0;
 }
 
-int32_t uom_GetUnitType(const char *text) {
-    return str_IsEmpty(text) ? UOM_NULL : unit_FindToken(text);
+int32_t uom_GetUnitType(const Catalogue &catalogue, const char *text) {
+    return str_IsEmpty(text) ? NO_UNIT : unit_FindToken(catalogue, text);
 }
 
-int32_t uom_GetUnitFromString(int32_t classId, char *text, int32_t mode) {
-    if (!text || !uom_GetClassUnits(classId))
-        return UOM_NULL;
-    return unit_FindByName(classId, str_TrimRight(text), mode);
+int32_t uom_GetUnitFromString(const Catalogue &catalogue, int32_t classId, char *text, int32_t mode) {
+    if (!text || !uom_GetClassUnits(catalogue, classId))
+        return NO_UNIT;
+    return unit_FindByName(catalogue, classId, str_TrimRight(text), mode);
 }
 
-int32_t unit_FindByName(int32_t classId, std::string_view text, int32_t style) {
-    const int32_t *units = uom_GetClassUnits(classId);
+int32_t unit_FindByName(const Catalogue &catalogue, int32_t classId, std::string_view text, int32_t style) {
+    const int32_t *units = uom_GetClassUnits(catalogue, classId);
     if (!units)
-        return UOM_NULL;
+        return NO_UNIT;
     text = str_Head(text, text.find_last_not_of(" \t\n") + 1);
     const bool byKeyword = style == STYLE_KEYWORD;
-    for (; *units != UOM_NULL; ++units) {
-        const UomUnit *unit = record(*units);
+    for (; *units != NO_UNIT; ++units) {
+        const UomUnit *unit = record(catalogue, *units);
         if (unit && equalsName(byKeyword ? unit->keyword : unit->token, text, !byKeyword))
             return *units;
     }
-    return UOM_NULL;
+    return NO_UNIT;
 }
 
-UomTable *uom_GetUnitList(int32_t classId) {
-    const int32_t *units = class_IsValid(classId) ? uom_GetClassUnits(classId) : nullptr;
+UomTable *uom_GetUnitList(const Catalogue &catalogue, int32_t classId) {
+    const int32_t *units = class_IsValid(catalogue, classId) ? uom_GetClassUnits(catalogue, classId) : nullptr;
     if (!units)
         return nullptr;
-    UomTable *list = tbl_Create(0, TABLE_TEXT);
-    for (; list && *units != UOM_NULL; ++units)
-        if (!tbl_PutText(list, TABLE_APPEND, unit_Token(*units))) {
-            tbl_Free(list);
+    UomTable *list = table_Create(0, TABLE_TEXT);
+    for (; list && *units != NO_UNIT; ++units)
+        if (!table_PutText(list, TABLE_APPEND, unit_Token(catalogue, *units))) {
+            table_Free(list);
             return nullptr;
         }
     return list;
 }
 
-int32_t uom_GetUnitIndices(int32_t classId, int32_t *units, int32_t n) {
+int32_t uom_GetUnitIndices(const Catalogue &catalogue, int32_t classId, int32_t *units, int32_t n) {
     if (!units || n < 1)
         return 1;
     std::memset(units, 0, static_cast<size_t>(n) * sizeof *units);
-    if (!class_IsValid(classId))
+    if (!class_IsValid(catalogue, classId))
         return 1;
-    const int32_t *list = uom_GetClassUnits(classId);
-    for (int32_t i = 0; list && i < n && list[i] != UOM_NULL; ++i)
+    const int32_t *list = uom_GetClassUnits(catalogue, classId);
+    for (int32_t i = 0; list && i < n && list[i] != NO_UNIT; ++i)
         units[i] = list[i];
     return 0;
 }
 
-int32_t uom_GetUnitListIndex(int32_t classId, int32_t unit) {
-    const int32_t *list = class_IsValid(classId) && unit_IsValid(unit) ? uom_GetClassUnits(classId) : nullptr;
-    for (int32_t i = 0; list && list[i] != UOM_NULL; ++i)
+int32_t uom_GetUnitListIndex(const Catalogue &catalogue, int32_t classId, int32_t unit) {
+    const int32_t *list = class_IsValid(catalogue, classId) && unit_IsValid(catalogue, unit)
+                              ? uom_GetClassUnits(catalogue, classId)
+                              : nullptr;
+    for (int32_t i = 0; list && list[i] != NO_UNIT; ++i)
         if (list[i] == unit)
             return i;
     return -1;
 }
 
-void uom_GetUnitDescription(int32_t unit, char *out, int32_t size) {
+void uom_GetUnitDescription(const Catalogue &catalogue, int32_t unit, char *out, int32_t size) {
     if (!out || size < 1)
         return;
-    const UomUnit *found = unit_Record(unit);
+    const UomUnit *found = unit_Record(catalogue, unit);
     str_CopyBounded(out, static_cast<size_t>(size), found ? found->description : nullptr);
 }
 
-int32_t uom_GetUnitTextLen(int32_t unit) {
-    return static_cast<int32_t>(std::strlen(unit_Token(unit)));
+int32_t uom_GetUnitTextLen(const Catalogue &catalogue, int32_t unit) {
+    return static_cast<int32_t>(std::strlen(unit_Token(catalogue, unit)));
 }
 
-int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor) {
-    const UomUnit *found = unit_Record(unit);
+int32_t uom_GetConvConstants(const Catalogue &catalogue, int32_t unit, double *offset, double *factor) {
+    const UomUnit *found = unit_Record(catalogue, unit);
     if (offset)
         *offset = found ? found->offset : 0.0;
     if (factor)
@@ -322,11 +330,13 @@ int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor) {
     return found ? 0 : 1;
 }
 
-int32_t uom_SetConvConstants(int32_t unit, double offset, double factor) {
-    UomUnit *found = unit_Record(unit);
+int32_t uom_SetConvConstants(Catalogue &catalogue, int32_t unit, double offset, double factor) {
+    UomUnit *found = unit_Record(catalogue, unit);
     if (!found)
         return 1;
     found->offset = offset;
     found->factor = factor;
     return 0;
 }
+
+} // namespace uom

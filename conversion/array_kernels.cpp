@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+namespace uom {
+
 // One body, compiled for each width of vectors. An addition before a multiplication never fuses, so all agree.
 #if defined(__GNUC__)
 __attribute__((always_inline))
@@ -58,3 +60,5 @@ void array_ConvertLinear(double *values, size_t count, double offset, double fac
 }
 
 #endif
+
+} // namespace uom

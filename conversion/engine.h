@@ -5,11 +5,24 @@
 
 #include "conversion/unit_factors.h"
 #include "uom/uom.h"
+#include "conversion/running.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 // The value of the node's unit in base units, and back. Both keep the running pair of the conversion as long
 // as it is linear. A gravity is completed by the next uom_FromBase after the one that met it, since it spans
 // two nodes.
-double uom_ToBase(double value, const UomStructNode *node, Rounds &rounds);
-double uom_FromBase(double value, const UomStructNode *node, Rounds &rounds);
+double uom_ToBase(const Catalogue &catalogue, Running &running, double value, const UomStructNode *node,
+                  Rounds &rounds);
+double uom_FromBase(const Catalogue &catalogue, Running &running, double value, const UomStructNode *node,
+                    Rounds &rounds);
+
+// What uom.h says of these, in a catalogue.
+double uom_ConvertFromTo(const Catalogue &catalogue, Running &running, double value, UomStruct from, UomStruct to);
+int32_t uom_ConvertArray(const Catalogue &catalogue, Running &running, double *values, int32_t count, UomStruct from,
+                         UomStruct to);
+
+} // namespace uom
 
 #endif

@@ -4,6 +4,8 @@
 #include "catalogue/units.h"
 #include "support/numbers.h"
 
+namespace uom {
+
 namespace {
 
 struct Scale {
@@ -41,15 +43,15 @@ void raise(Scale &scale, int64_t n, Rounds &rounds) {
 
 } // namespace
 
-int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit, int32_t baseExponent,
-                      int32_t multiplier, double *offset, double *factor, Rounds &rounds) {
+int32_t uom_UnitScale(const Catalogue &catalogue, int32_t classId, int32_t exponent, int32_t baseClass, int32_t unit,
+                      int32_t baseExponent, int32_t multiplier, double *offset, double *factor, Rounds &rounds) {
     *offset = 0.0;
     *factor = 1.0;
-    const UomClassRow *row = class_ValidRow(classId);
-    const UomClassRow *baseRow = class_ValidRow(baseClass);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
+    const UomClassRow *baseRow = class_ValidRow(catalogue, baseClass);
     if (!row || !baseRow)
         return 1;
-    const UomUnit *record = unit_Record(unit);
+    const UomUnit *record = unit_Record(catalogue, unit);
     if (!record)
         return 2;
     Scale scale = {record->factor, baseRow->hasOffset ? record->offset : 0.0, baseRow->hasOffset != 0};
@@ -74,3 +76,5 @@ int32_t uom_UnitScale(int32_t classId, int32_t exponent, int32_t baseClass, int3
     *factor = scale.factor;
     return 0;
 }
+
+} // namespace uom

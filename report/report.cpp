@@ -5,10 +5,13 @@
 #include <cstring>
 
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
+#include "slates/definition_text.h"
+#include "support/memory.h"
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -76,25 +79,25 @@ void writeSections(const Report &report) {
         std::fputs("</BODY></HTML>", report.out);
 }
 
-void writeDefinition(FILE *out, const UomSlate &slate) {
-    const ScopedTable lines(uoms_GetSetDefinition(slate.name, 2));
-    for (uint32_t i = 0; i < tbl_Count(lines.table); ++i)
-        std::fprintf(out, "%s\n", tbl_GetText(lines.table, i));
+void writeDefinition(const Catalogue &catalogue, Running &running, FILE *out, const UomSlate &slate) {
+    const ScopedTable lines(uoms_GetSetDefinition(catalogue, running, slate.name, 2));
+    for (uint32_t i = 0; i < table_Count(lines.table); ++i)
+        std::fprintf(out, "%s\n", table_GetText(lines.table, i));
 }
 
-void writeDefinitions(FILE *out) {
-    for (int32_t i = 1; i < UOM_SET_MAX; ++i) {
-        const UomSlate *slate = slate_Record(i);
-        if (!slate || i == UOM_SET_CURRENT || slate->allowModify == 0)
+void writeDefinitions(const Catalogue &catalogue, Running &running, FILE *out) {
+    for (int32_t i = 1; i < uom_GetSetCount(catalogue); ++i) {
+        const UomSlate *slate = slate_Record(catalogue, i);
+        if (!slate || i == catalogue.slateIndex.current || slate->allowModify == 0)
             continue;
         if (i > 1)
             std::fputs("\n", out);
-        writeDefinition(out, *slate);
+        writeDefinition(catalogue, running, out, *slate);
     }
     // By name: a host may have made it where the data file had none.
     std::fputs("\n", out);
-    if (const UomSlate *current = slate_Record(uom_GetSetType("Current")))
-        writeDefinition(out, *current);
+    if (const UomSlate *current = slate_Record(catalogue, uom_GetSetType(catalogue, "Current")))
+        writeDefinition(catalogue, running, out, *current);
 }
 
 bool isWrapping(char c) {
@@ -113,28 +116,30 @@ void cleanPath(char *out, size_t size, const char *path) {
 
 } // namespace
 
-int32_t uom_Dump(int32_t options, const char *path) {
+int32_t uom_Dump(const Catalogue &catalogue, Running &running, int32_t options, const char *path) {
     if (options & REPORT_DEFINITIONS) {
         const size_t size = path ? std::strlen(path) + 1 : 1;
         const ScratchText clean(size);
         if (!clean.text)
             return ENOMEM;
         cleanPath(clean.text, size, path);
-        return uom_DumpSlates(clean.text);
+        return uom_DumpSlates(catalogue, running, clean.text);
     }
     const int32_t chosen = options == 0 ? int32_t{REPORT_DEFAULT} : options;
-    return writeOutput(path, [=](FILE *out) { writeSections({out, chosen}); });
+    return writeOutput(path, [&](FILE *out) { writeSections({catalogue, running, out, chosen}); });
 }
 
-int32_t uom_DumpByName(const char *word, const char *path) {
+int32_t uom_DumpByName(const Catalogue &catalogue, Running &running, const char *word, const char *path) {
     int32_t options = REPORT_DEFAULT;
     for (const ReportWord &entry : reportWords)
         if (str_EqualNoCase(word, entry.word))
             options = entry.options;
-    uom_Dump(options, path);
+    uom_Dump(catalogue, running, options, path);
     return 0;
 }
 
-int32_t uom_DumpSlates(const char *path) {
-    return writeOutput(path, writeDefinitions);
+int32_t uom_DumpSlates(const Catalogue &catalogue, Running &running, const char *path) {
+    return writeOutput(path, [&](FILE *out) { writeDefinitions(catalogue, running, out); });
 }
+
+} // namespace uom

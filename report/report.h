@@ -6,6 +6,10 @@
 #include <cstdio>
 
 #include "uom/uom.h"
+#include "conversion/running.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 enum ReportOption : int32_t {
     REPORT_SLATES = UOM_REPORT_SLATES,
@@ -22,13 +26,15 @@ enum ReportOption : int32_t {
 
 // uom_Dump by a word in any case: "enduser", "full", "javadoc", "excel", "uomslates"; any other is "full".
 // Always 0.
-int32_t uom_DumpByName(const char *word, const char *path);
+int32_t uom_DumpByName(const Catalogue &catalogue, Running &running, const char *word, const char *path);
 
 // The definition text of the slates that may be modified, "Current" last. As uom_Dump.
-int32_t uom_DumpSlates(const char *path);
+int32_t uom_DumpSlates(const Catalogue &catalogue, Running &running, const char *path);
 
 // The sections, each as one function of report_sections.cpp, in the order of the document.
 struct Report {
+    const Catalogue &catalogue;
+    Running &running;
     FILE *out;
     int32_t options;
 };
@@ -39,5 +45,10 @@ void report_Definitions(const Report &report);
 void report_Samples(const Report &report);
 void report_Units(const Report &report);
 void report_CommonLists(const Report &report);
+
+// What uom.h says of these, in a catalogue.
+int32_t uom_Dump(const Catalogue &catalogue, Running &running, int32_t options, const char *path);
+
+} // namespace uom
 
 #endif

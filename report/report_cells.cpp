@@ -2,6 +2,8 @@
 
 #include "catalogue/slate_table.h"
 
+namespace uom {
+
 ReportMode report_Mode(const Report &report) {
     if (report.options & REPORT_HTML)
         return MODE_HTML;
@@ -45,7 +47,9 @@ void report_Items(const Report &report, const char *const *items, int32_t count)
     report_Write(report, "</LI></UL>");
 }
 
-const char *report_SlateName(int32_t slate) {
-    const UomSlate *record = slate_Record(slate);
+const char *report_SlateName(const Catalogue &catalogue, int32_t slate) {
+    const UomSlate *record = slate_Record(catalogue, slate);
     return record && record->name ? record->name : "**Empty**";
 }
+
+} // namespace uom

@@ -3,6 +3,9 @@
 #define UOM_REPORT_REPORT_CELLS_H
 
 #include "report/report.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 enum ReportMode { MODE_FULL_TEXT, MODE_USER_TEXT, MODE_TAB, MODE_HTML, REPORT_MODES };
 
@@ -28,9 +31,11 @@ void report_Heading(const Report &report, const char *anchor, const char *title,
 void report_Items(const Report &report, const char *const *items, int32_t count);
 
 // The name of a slate, "**Empty**" for one without a record.
-const char *report_SlateName(int32_t slate);
+const char *report_SlateName(const Catalogue &catalogue, int32_t slate);
 
 // What opens the tables of the document but the first.
 constexpr const char *REPORT_TABLE_HEAD = "\n\n<TABLE BORDER=\"1\" CELLPADDING=\"3\" CELLSPACING=\"0\">\n";
+
+} // namespace uom
 
 #endif

@@ -2,12 +2,18 @@
 // default that each slate gives it.
 #include <cstring>
 
+#include "catalogue/catalogue.h"
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
+#include "report/report.h"
 #include "report/report_cells.h"
+#include "slates/defaults.h"
 #include "slates/registry.h"
+#include "slates/slate_display.h"
 #include "support/text.h"
+#include "uomstruct/class_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -39,7 +45,8 @@ const GroupHeading groupHeadings[] = {
 
 // What end users don't see: the slates that only the host works with, and the classes in millions.
 bool isShownSlate(const Report &report, int32_t slate) {
-    return !report_IsEndUser(report) || (slate != UOM_SET_CURRENT && slate != UOM_SET_OXINTERNAL);
+    return !report_IsEndUser(report) ||
+           (slate != report.catalogue.slateIndex.current && slate != report.catalogue.slateIndex.oxInternal);
 }
 
 bool isShownClass(const Report &report, int32_t classId) {
@@ -75,10 +82,10 @@ void putTableHead(const Report &report) {
 int32_t putColumnHeadings(const Report &report) {
     int32_t columns = 2;
     putTableHead(report);
-    for (int32_t i = 1; i < UOM_SET_MAX; ++i) {
+    for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i) {
         if (!isShownSlate(report, i))
             continue;
-        report_Put(report, slateHeading, report_SlateName(i));
+        report_Put(report, slateHeading, report_SlateName(report.catalogue, i));
         ++columns;
     }
     report_Put(report, rowEnd, "");
@@ -87,44 +94,44 @@ int32_t putColumnHeadings(const Report &report) {
 
 // --- properties of the slates
 
-void basedOnText(const UomSlate &slate, bool html, char *out) {
+void basedOnText(const Catalogue &, const UomSlate &slate, bool html, char *out) {
     str_CopyBounded(out, CELL_SIZE, !slate.basedOn && html ? "&nbsp;" : slate.basedOn);
 }
 
-void rootText(const UomSlate &slate, bool, char *out) {
-    uoms_GetSetRoot(slate.name, CELL_SIZE, out);
+void rootText(const Catalogue &catalogue, const UomSlate &slate, bool, char *out) {
+    uoms_GetSetRoot(catalogue, slate.name, CELL_SIZE, out);
 }
 
 void flagText(int32_t flag, char *out) {
     str_FormatBounded(out, CELL_SIZE, "%d", flag);
 }
 
-void systemText(const UomSlate &slate, bool, char *out) {
+void systemText(const Catalogue &, const UomSlate &slate, bool, char *out) {
     flagText(slate.isSystem, out);
 }
-void hiddenText(const UomSlate &slate, bool, char *out) {
+void hiddenText(const Catalogue &, const UomSlate &slate, bool, char *out) {
     flagText(slate.isHidden, out);
 }
-void deleteText(const UomSlate &slate, bool, char *out) {
+void deleteText(const Catalogue &, const UomSlate &slate, bool, char *out) {
     flagText(slate.allowDelete, out);
 }
-void modifyText(const UomSlate &slate, bool, char *out) {
+void modifyText(const Catalogue &, const UomSlate &slate, bool, char *out) {
     flagText(slate.allowModify, out);
 }
 
-void basisText(const UomSlate &slate, bool, char *out) {
+void basisText(const Catalogue &catalogue, const UomSlate &slate, bool, char *out) {
     char inherited[CELL_SIZE];
     str_CopyBounded(out, CELL_SIZE, slate.gaugePresBasisText);
     if (*out)
         return;
-    uoms_GetInheritedSetProperty("GaugePresBasis", slate.name, inherited, sizeof inherited);
+    uoms_GetInheritedSetProperty(catalogue, "GaugePresBasis", slate.name, inherited, sizeof inherited);
     if (*inherited)
         str_FormatBounded(out, CELL_SIZE, "(%s)", inherited);
 }
 
 struct PropertyRow {
     const char *label;
-    void (*text)(const UomSlate &slate, bool html, char *out);
+    void (*text)(const Catalogue &catalogue, const UomSlate &slate, bool html, char *out);
 };
 const PropertyRow propertyRows[] = {
     {"Parent Slate", basedOnText},      {"Root Slate", rootText},    {"isSystem", systemText},
@@ -154,12 +161,12 @@ void putProperties(const Report &report, int32_t columns) {
     putHeading(report, "Properties", columns);
     for (const PropertyRow &row : propertyRows) {
         putPropertyLabel(report, row.label);
-        for (int32_t i = 1; i < UOM_SET_MAX; ++i) {
-            if (report_IsEndUser(report) && i == UOM_SET_CURRENT)
+        for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i) {
+            if (report_IsEndUser(report) && i == report.catalogue.slateIndex.current)
                 continue;
             char text[CELL_SIZE] = "**Empty**";
-            if (const UomSlate *slate = slate_Record(i))
-                row.text(*slate, report_IsHtml(report), text);
+            if (const UomSlate *slate = slate_Record(report.catalogue, i))
+                row.text(report.catalogue, *slate, report_IsHtml(report), text);
             report_Put(report, propertyText, text);
         }
         report_Put(report, rowEnd, "");
@@ -170,7 +177,7 @@ void putProperties(const Report &report, int32_t columns) {
 
 // Computed from the parts. A class that does not parse leaves the numbers of its predecessor, kept.
 void putDimensions(const Report &report, const UomClassRow &row, int32_t *dimensions) {
-    uoms_GetDimensions(row.token, dimensions);
+    uoms_GetDimensions(report.catalogue, row.token, dimensions);
     std::fprintf(report.out, "%2s", row.allowExponent != 0 ? "  " : " 1");
     for (int32_t i = 0; i < DIMENSIONS; ++i)
         std::fprintf(report.out, "%2d", dimensions[i]);
@@ -178,7 +185,7 @@ void putDimensions(const Report &report, const UomClassRow &row, int32_t *dimens
 }
 
 void putToken(const Report &report, int32_t classId) {
-    const char *token = class_Token(classId);
+    const char *token = class_Token(report.catalogue, classId);
     const bool linked = classId >= CLASS_TEMP && classId <= CLASS_POWER_TOP;
     if (report_IsHtml(report) && linked)
         std::fprintf(report.out, "<TD BGCOLOR=\"#CCCCFF\"><B><CODE><A HREF=\"#%s\">%s</A></CODE></B></TD>", token,
@@ -188,13 +195,14 @@ void putToken(const Report &report, int32_t classId) {
 }
 
 // What the slate states, else in parentheses what it inherits.
-void defaultText(int32_t slate, int32_t classId, char *out) {
-    uom_GetClassDefault(slate, classId, out, CELL_SIZE);
-    const UomSlate *record = slate_Record(slate);
+void defaultText(const Catalogue &catalogue, int32_t slate, int32_t classId, char *out) {
+    uom_GetClassDefault(catalogue, slate, classId, out, CELL_SIZE);
+    const UomSlate *record = slate_Record(catalogue, slate);
     if (*out || classId < CLASS_TEMP || !record || str_IsEmpty(record->basedOn))
         return;
     char inherited[CELL_SIZE];
-    uoms_GetDisplayUnits(class_Token(classId), record->basedOn, inherited, sizeof inherited, STYLE_TOKEN);
+    uoms_GetDisplayUnits(catalogue, class_Token(catalogue, classId), record->basedOn, inherited, sizeof inherited,
+                         STYLE_TOKEN);
     str_FormatBounded(out, CELL_SIZE, "(%s)", inherited);
 }
 
@@ -206,11 +214,11 @@ void putClass(const Report &report, int32_t classId, const UomClassRow &row, int
     report_Put(report, classKeyword, row.keyword);
     if (report_Mode(report) == MODE_FULL_TEXT)
         putDimensions(report, row, dimensions);
-    for (int32_t i = 1; i < UOM_SET_MAX; ++i) {
+    for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i) {
         if (!isShownSlate(report, i))
             continue;
         char text[CELL_SIZE] = "";
-        defaultText(i, classId, text);
+        defaultText(report.catalogue, i, classId, text);
         report_Put(report, classDefault, text);
     }
     report_Put(report, rowEnd, "");
@@ -222,14 +230,16 @@ void report_ClassTable(const Report &report) {
     const int32_t columns = putColumnHeadings(report);
     putProperties(report, columns);
     int32_t dimensions[DIMENSIONS] = {};
-    for (int32_t c = 1; c < uomClassCount; ++c) {
+    for (int32_t c = 1; c < report.catalogue.classes.count; ++c) {
         for (const GroupHeading &heading : groupHeadings)
             if (heading.firstClass == c)
                 putHeading(report, heading.title, columns);
-        const UomClassRow *row = class_Row(c);
+        const UomClassRow *row = class_Row(report.catalogue, c);
         if (row && isShownClass(report, c))
             putClass(report, c, *row, dimensions);
     }
     if (report_IsHtml(report))
         report_Write(report, "</TABLE>\n\n");
 }
+
+} // namespace uom

@@ -1,14 +1,22 @@
 // The sections of the report that stand by themselves: title, notes, definitions, sample conversions, common
 // lists.
+#include "catalogue/catalogue.h"
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
+#include "conversion/engine.h"
+#include "conversion/running.h"
+#include "report/report.h"
 #include "report/report_cells.h"
+#include "slates/slate_display.h"
+#include "slates/unit_entry.h"
 #include "support/numbers.h"
 #include "support/table.h"
 #include "support/text.h"
 #include "text/class_text.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -58,28 +66,28 @@ const Cell listNoName = {{"%-32s", "%-32s", "%s\t", "<TR><TD>%s</TD>"}};
 const Cell listItem = {{"%-16s\n", "%-16s\n", "%s\n", "<TD><CODE>%s</CODE></TD></TR>\n"}};
 
 // The definition of a class: of a custom class its own, else its components.
-void definitionOf(int32_t classId, char *out, int32_t size) {
-    const UomClassRow *row = class_ValidRow(classId);
+void definitionOf(const Catalogue &catalogue, int32_t classId, char *out, int32_t size) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     *out = '\0';
     if (row && !str_IsEmpty(row->definition)) {
         str_CopyBounded(out, static_cast<size_t>(size), row->definition);
         return;
     }
-    const ScopedChain chain(uoms_New(class_Token(classId)));
+    const ScopedChain chain(uoms_New(catalogue, class_Token(catalogue, classId)));
     chain_ToComponents(chain.chain);
-    uom_BuildClassString(chain.chain, out, size, STYLE_TOKEN);
+    uom_BuildClassString(catalogue, chain.chain, out, size, STYLE_TOKEN);
 }
 
 // 100 of the units of the slate OXEnglish in those of another; the number stays 100 where either cannot be
 // had.
-double sampleOf(const char *token, const char *slateName) {
-    const ScopedChain from(uoms_New(token));
-    const ScopedChain to(uom_Copy(from.chain));
-    if (uom_FillStructFromString(from.chain, "OXEnglish", defaultScanUOMStyle) != 0 ||
-        uom_FillStructFromString(to.chain, slateName, defaultScanUOMStyle) != 0)
+double sampleOf(const Catalogue &catalogue, Running &running, const char *token, const char *slateName) {
+    const ScopedChain from(uoms_New(catalogue, token));
+    const ScopedChain to(chain_Copy(from.chain));
+    if (uom_FillStructFromString(catalogue, from.chain, "OXEnglish", catalogue.styles.scanUom) != 0 ||
+        uom_FillStructFromString(catalogue, to.chain, slateName, catalogue.styles.scanUom) != 0)
         return 100.0;
-    uomRunLinear = 0;
-    return uom_ConvertFromTo(100.0, from.chain, to.chain);
+    running.linear = 0;
+    return uom_ConvertFromTo(catalogue, running, 100.0, from.chain, to.chain);
 }
 
 void putSample(const Report &report, const char *token, const UomSlate *slate) {
@@ -89,17 +97,17 @@ void putSample(const Report &report, const char *token, const UomSlate *slate) {
     }
     char number[64];
     char units[256];
-    num_FormatDouble(number, sizeof number, "%10.6g", sampleOf(token, slate->name));
-    uoms_GetDisplayUnits(token, slate->name, units, sizeof units, STYLE_DEFAULT);
+    num_FormatDouble(number, sizeof number, "%10.6g", sampleOf(report.catalogue, report.running, token, slate->name));
+    uoms_GetDisplayUnits(report.catalogue, token, slate->name, units, sizeof units, STYLE_DEFAULT);
     std::fprintf(report.out, "%s %-14s", number, units);
 }
 
 void putList(const Report &report, const UomTable *list) {
-    report_Put(report, listName, tbl_GetText(list, 0));
+    report_Put(report, listName, table_GetText(list, 0));
     for (uint32_t i = 1; i < list->count; ++i) {
         if (i > 1)
             report_Put(report, listNoName, report_Mode(report) <= MODE_USER_TEXT ? " " : "");
-        report_Put(report, listItem, tbl_GetText(list, i));
+        report_Put(report, listItem, table_GetText(list, i));
     }
 }
 
@@ -132,12 +140,12 @@ void report_Definitions(const Report &report) {
         report_Write(report, REPORT_TABLE_HEAD);
         report_Write(report, "<TR BGCOLOR=\"#CCCCFF\"><TH>Composite Class</TH><TH>Definition</TH></TR>\n");
     }
-    for (int32_t c = CLASS_QUANTITY; c < uomClassCount; ++c) {
+    for (int32_t c = CLASS_QUANTITY; c < report.catalogue.classes.count; ++c) {
         if (report_IsEndUser(report) && c == CLASS_E6_POWER)
             continue;
         char definition[128];
-        definitionOf(c, definition, sizeof definition);
-        report_Put(report, definitionName, class_Token(c));
+        definitionOf(report.catalogue, c, definition, sizeof definition);
+        report_Put(report, definitionName, class_Token(report.catalogue, c));
         report_Put(report, definitionText, definition);
     }
     if (report_IsHtml(report))
@@ -150,13 +158,13 @@ void report_Samples(const Report &report) {
     report_Write(report, "Sample Conversions:\n");
     report_Write(report, "===================\n\n");
     std::fprintf(report.out, "%-14s", "UOM Class");
-    for (int32_t i = 1; i < UOM_SET_MAX; ++i)
-        std::fprintf(report.out, "%10s%15s", report_SlateName(i), " ");
+    for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i)
+        std::fprintf(report.out, "%10s%15s", report_SlateName(report.catalogue, i), " ");
     report_Write(report, "\n\n");
-    for (int32_t c = CLASS_DIMENSIONLESS; c < uomClassCount; ++c) {
-        std::fprintf(report.out, "%-14s", class_Token(c));
-        for (int32_t i = 1; i < UOM_SET_MAX; ++i)
-            putSample(report, class_Token(c), slate_Record(i));
+    for (int32_t c = CLASS_DIMENSIONLESS; c < report.catalogue.classes.count; ++c) {
+        std::fprintf(report.out, "%-14s", class_Token(report.catalogue, c));
+        for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i)
+            putSample(report, class_Token(report.catalogue, c), slate_Record(report.catalogue, i));
         report_Write(report, "\n");
     }
 }
@@ -180,11 +188,13 @@ void report_CommonLists(const Report &report) {
             std::fprintf(report.out, "%-32s%-16s\n\n", "List Name", "UOM");
         }
     }
-    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i) {
-        const UomTable *list = tbl_Record<UomTable>(uomExtraTables, i);
-        if (tbl_Count(list) >= 2)
+    for (uint32_t i = 0; i < table_Count(report.catalogue.lists.common); ++i) {
+        const UomTable *list = table_Record<UomTable>(report.catalogue.lists.common, i);
+        if (table_Count(list) >= 2)
             putList(report, list);
     }
     if (report_IsHtml(report))
         report_Write(report, "</TABLE>\n\n");
 }
+
+} // namespace uom

@@ -1,9 +1,12 @@
 // The units that each base class recognises.
+#include "catalogue/catalogue.h"
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
+#include "report/report.h"
 #include "report/report_cells.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -70,7 +73,7 @@ void putHead(const Report &report) {
 }
 
 void putClassToken(const Report &report, int32_t classId) {
-    const char *token = class_Token(classId);
+    const char *token = class_Token(report.catalogue, classId);
     const bool anchored = classId >= CLASS_TEMP && classId <= CLASS_POWER_TOP;
     if (report_IsHtml(report) && anchored)
         std::fprintf(report.out, "<TR><TD><A NAME=\"%s\"></A><CODE>%s</CODE></TD>", token, token);
@@ -102,15 +105,15 @@ void putUnit(const Report &report, int32_t index, const UomUnit &unit) {
 
 void putClass(const Report &report, int32_t classId) {
     putClassToken(report, classId);
-    const int32_t *units = uom_GetClassUnits(classId);
+    const int32_t *units = uom_GetClassUnits(report.catalogue, classId);
     if (!units) {
         report_Put(report, rowEnd, "");
         return;
     }
     bool first = true;
-    for (; *units != UOM_NULL; ++units) {
-        const UomUnit *unit = unit_Record(*units);
-        if (!unit || (report_IsEndUser(report) && *units == UOM_U_OXCREDITS))
+    for (; *units != NO_UNIT; ++units) {
+        const UomUnit *unit = unit_Record(report.catalogue, *units);
+        if (!unit || (report_IsEndUser(report) && *units == report.catalogue.named.UOM_U_OXCREDITS))
             continue;
         if (!first)
             report_Put(report, noClass, " ");
@@ -121,7 +124,7 @@ void putClass(const Report &report, int32_t classId) {
 }
 
 bool isShown(const Report &report, int32_t classId) {
-    if (!uom_IsClassBase(classId))
+    if (!uom_IsClassBase(report.catalogue, classId))
         return false;
     return !report_IsEndUser(report) || (classId != CLASS_E6_ENERGY && classId != CLASS_E6_POWER_TOP);
 }
@@ -130,7 +133,9 @@ bool isShown(const Report &report, int32_t classId) {
 
 void report_Units(const Report &report) {
     putHead(report);
-    for (int32_t c = CLASS_DIMENSIONLESS; c < uomClassCount; ++c)
+    for (int32_t c = CLASS_DIMENSIONLESS; c < report.catalogue.classes.count; ++c)
         if (isShown(report, c))
             putClass(report, c);
 }
+
+} // namespace uom

@@ -1,12 +1,12 @@
 #include "slates/assign_units.h"
 
-#include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "slates/working_units.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/quotients.h"
 #include "uomstruct/related_unit.h"
+
+namespace uom {
 
 namespace {
 
@@ -25,13 +25,13 @@ bool followsBasis(int32_t classId) {
 
 // The unit of the new class that corresponds to one of the old. False where no rule derives one, and the
 // entry stays.
-bool carryOver(int32_t oldClass, int32_t newClass, int32_t unit, int32_t *carried) {
+bool carryOver(const Catalogue &catalogue, int32_t oldClass, int32_t newClass, int32_t unit, int32_t *carried) {
     if (oldClass == CLASS_MASS && isMoles(newClass))
-        *carried = unit_NamedWith(unit, "-mol");
+        *carried = unit_NamedWith(catalogue, unit, "-mol");
     else if (isMoles(oldClass) && newClass == CLASS_MASS)
-        *carried = unit_NamedUpToFirst(unit, '-');
+        *carried = unit_NamedUpToFirst(catalogue, unit, '-');
     else if (oldClass == CLASS_PETRO_MASS && newClass == CLASS_MOLE)
-        uom_FindRelatedUnit(unit, unit, newClass, carried); // the unit in the place of the class, kept
+        uom_FindRelatedUnit(catalogue, unit, unit, newClass, carried); // the unit in the place of the class, kept
     else if (isVolume(oldClass) && isVolume(newClass))
         *carried = unit;
     else
@@ -40,33 +40,35 @@ bool carryOver(int32_t oldClass, int32_t newClass, int32_t unit, int32_t *carrie
 }
 
 // Makes the node behind a changed basis a node of the class that the basis stands for, for good.
-void followBasis(UomStruct node, int32_t basis, int32_t *entry) {
+void followBasis(const Catalogue &catalogue, UomStruct node, int32_t basis, int32_t *entry) {
     const int32_t oldClass = node->baseClass;
     if (!followsBasis(oldClass))
         return;
-    node->baseClass = uom_ClassFromBasis(basis);
-    if (!unit_IsValid(*entry) && node->unit != UOM_NULL)
-        carryOver(oldClass, node->baseClass, node->unit, entry);
-    if (unit_IsValid(*entry))
+    node->baseClass = uom_ClassFromBasis(catalogue, basis);
+    if (!unit_IsValid(catalogue, *entry) && node->unit != NO_UNIT)
+        carryOver(catalogue, oldClass, node->baseClass, node->unit, entry);
+    if (unit_IsValid(catalogue, *entry))
         return;
     int32_t multiplier;
-    uom_GetNodeDefault(node->classId, node->baseClass, UOM_SET_CURRENT, entry, &multiplier);
+    uom_GetNodeDefault(catalogue, node->classId, node->baseClass, catalogue.slateIndex.current, entry, &multiplier);
 }
 
 } // namespace
 
-void units_Assign(UomStruct chain, int32_t count, int32_t *units) {
-    int32_t pendingBasis = UOM_NULL;
+void units_Assign(const Catalogue &catalogue, UomStruct chain, int32_t count, int32_t *units) {
+    int32_t pendingBasis = NO_UNIT;
     bool skipNext = false;
     for (int32_t i = 0; chain && i < count; chain = chain->next, ++i) {
-        if (pendingBasis != UOM_NULL)
-            followBasis(chain, pendingBasis, &units[i]);
+        if (pendingBasis != NO_UNIT)
+            followBasis(catalogue, chain, pendingBasis, &units[i]);
         const bool changed = chain->baseClass == CLASS_BASIS && units[i] != chain->unit;
-        pendingBasis = changed ? units[i] : UOM_NULL;
-        if (unit_IsValid(units[i]))
-            chain_SetUnit(chain, units[i]);
+        pendingBasis = changed ? units[i] : NO_UNIT;
+        if (unit_IsValid(catalogue, units[i]))
+            chain_SetUnit(catalogue, chain, units[i]);
         if (skipNext)
-            chain->unit = UOM_NULL;
-        skipNext = !skipNext && unit_IsWholeQuotient(chain->baseClass, units[i]);
+            chain->unit = NO_UNIT;
+        skipNext = !skipNext && unit_IsWholeQuotient(catalogue, chain->baseClass, units[i]);
     }
 }
+
+} // namespace uom

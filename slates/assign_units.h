@@ -3,7 +3,12 @@
 #define UOM_SLATES_ASSIGN_UNITS_H
 
 #include "uom/uom.h"
+#include "catalogue/catalogue.h"
 
-void units_Assign(UomStruct chain, int32_t count, int32_t *units);
+namespace uom {
+
+void units_Assign(const Catalogue &catalogue, UomStruct chain, int32_t count, int32_t *units);
+
+} // namespace uom
 
 #endif

@@ -5,15 +5,26 @@
 #include <cstdint>
 
 #include "catalogue/class_rows.h"
+#include "catalogue/catalogue.h"
+#include "conversion/running.h"
+
+namespace uom {
 
 // Replace the row's listName and note; an empty or null text takes it away. 1 for an unknown class. Compiled
 // rows have both, too.
-int32_t uoms_PutClassListName(const char *className, const char *text);
-int32_t uoms_PutClassNote(const char *className, const char *text);
+int32_t uoms_PutClassListName(Catalogue &catalogue, const char *className, const char *text);
+int32_t uoms_PutClassNote(Catalogue &catalogue, const char *className, const char *text);
 
-bool uoms_IsClassComposite(const char *className);
+bool uoms_IsClassComposite(const Catalogue &catalogue, const char *className);
 
 // Frees a custom row with its texts and lists; null is accepted.
 void class_FreeRow(UomClassRow *row);
+
+// What uom.h says of these, in a catalogue.
+int32_t uoms_NewClass(Catalogue &catalogue, Running &running, const char *name, const char *definition);
+int32_t uoms_DeleteClass(Catalogue &catalogue, Running &running, const char *name);
+int32_t uoms_PutClassText(Catalogue &catalogue, const char *classText, const char *newText, int32_t style);
+
+} // namespace uom
 
 #endif

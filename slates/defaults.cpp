@@ -7,15 +7,21 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
-#include "catalogue/units.h"
 #include "slates/propagation.h"
 #include "slates/properties.h"
-#include "support/scoped.h"
+#include "slates/unit_entry.h"
+#include "slates/working_units.h"
+#include "support/memory.h"
+#include "support/message.h"
 #include "support/table.h"
 #include "support/text.h"
+#include "text/display_units.h"
+#include "text/unit_text.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
 #include "uomstruct/unit_scan.h"
+
+namespace uom {
 
 namespace {
 
@@ -26,7 +32,7 @@ enum DefaultStatus : int32_t {
 };
 
 // Both text operations judge the slate and the class name alike. The slate, or -1 with a message.
-int32_t acceptSlate(const char *slateName, const char *className) {
+int32_t acceptSlate(const Catalogue &catalogue, const char *slateName, const char *className) {
     error_Clear();
     if (str_IsEmpty(slateName)) {
         error_Set("Unit-of-Measure slate is missing or blank.");
@@ -36,8 +42,8 @@ int32_t acceptSlate(const char *slateName, const char *className) {
         error_Set("Unit-of-Measure class is missing or blank.");
         return -1;
     }
-    const int32_t slate = uom_GetSetType(slateName);
-    if (slate < 1 || !slate_AnyRecord(slate)) {
+    const int32_t slate = uom_GetSetType(catalogue, slateName);
+    if (slate < 1 || !slate_AnyRecord(catalogue, slate)) {
         error_Set("Unrecognized Unit-of-Measure slate \"%s\".", slateName);
         return -1;
     }
@@ -51,88 +57,91 @@ int32_t noMemory(const char *className) {
 
 bool statesAnything(const int32_t *units, int32_t count) {
     for (int32_t i = 0; units && i < count; ++i)
-        if (units[i] > UOM_NULL)
+        if (units[i] > NO_UNIT)
             return true;
     return false;
 }
 
-int32_t writeComposite(UomSlate *slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
-    const int32_t slots = uom_GetUnitMax(classId);
+int32_t writeComposite(const Catalogue &catalogue, UomSlate *slate, int32_t classId, const int32_t *units,
+                       const int32_t *multipliers) {
+    const int32_t slots = uom_GetUnitMax(catalogue, classId);
     const uint32_t place = static_cast<uint32_t>(classId);
-    UomTable *stated = tbl_Record<UomTable>(slate->compositeDefaults, classId);
+    UomTable *stated = table_Record<UomTable>(slate->compositeDefaults, classId);
     if (!statesAnything(units, slots)) {
-        tbl_Free(stated);
+        table_Free(stated);
         if (stated)
-            tbl_PutPointer(slate->compositeDefaults, place, 0);
+            table_PutPointer(slate->compositeDefaults, place, 0);
         return DEFAULT_DONE;
     }
     if (!stated) {
-        stated = tbl_Create(2 * static_cast<uint32_t>(slots), TABLE_INT64);
-        if (!stated || !tbl_PutRecord(slate->compositeDefaults, place, stated)) {
-            tbl_Free(stated);
+        stated = table_Create(2 * static_cast<uint32_t>(slots), TABLE_INT64);
+        if (!stated || !table_PutRecord(slate->compositeDefaults, place, stated)) {
+            table_Free(stated);
             return DEFAULT_REFUSED;
         }
     }
     for (int32_t i = 0; i < slots; ++i) {
-        tbl_PutNumber(stated, static_cast<uint32_t>(2 * i), units[i]);
-        tbl_PutNumber(stated, static_cast<uint32_t>(2 * i + 1), multipliers ? multipliers[i] : 0);
+        table_PutNumber(stated, static_cast<uint32_t>(2 * i), units[i]);
+        table_PutNumber(stated, static_cast<uint32_t>(2 * i + 1), multipliers ? multipliers[i] : 0);
     }
     return DEFAULT_DONE;
 }
 
-int32_t writeBase(UomSlate *slate, int32_t slateIndex, int32_t classId, const int32_t *units,
-                  const int32_t *multipliers) {
+int32_t writeBase(Catalogue &catalogue, Running &running, UomSlate *slate, int32_t slateIndex, int32_t classId,
+                  const int32_t *units, const int32_t *multipliers) {
     if (!units || !multipliers)
         return DEFAULT_REFUSED;
     const uint32_t place = 2 * static_cast<uint32_t>(classId);
     // The multiplier goes first: it makes the room for both.
-    if (!tbl_PutNumber(slate->classDefaults, place + 1, multipliers[0]) ||
-        !tbl_PutNumber(slate->classDefaults, place, units[0]))
+    if (!table_PutNumber(slate->classDefaults, place + 1, multipliers[0]) ||
+        !table_PutNumber(slate->classDefaults, place, units[0]))
         return DEFAULT_NO_MEMORY;
     // What the rules give is not looked at, but that they could run.
     const MemoryWatch memory;
-    uom_PropagateClassDefault(slateIndex, classId, units, multipliers);
+    uom_PropagateClassDefault(catalogue, running, slateIndex, classId, units, multipliers);
     return memory.exhausted() ? DEFAULT_NO_MEMORY : DEFAULT_DONE;
 }
 
 // The text of the pair that the slate itself states.
-void readBase(const UomSlate &slate, int32_t classId, char *out, int32_t length) {
+void readBase(const Catalogue &catalogue, const UomSlate &slate, int32_t classId, char *out, int32_t length) {
     const uint32_t place = 2 * static_cast<uint32_t>(classId);
-    const int32_t unit = static_cast<int32_t>(tbl_Get(slate.classDefaults, place));
-    const int32_t code = static_cast<int32_t>(tbl_Get(slate.classDefaults, place + 1));
-    const UomUnit *record = tbl_Record<UomUnit>(uomUnitTable, unit); // the placeholder as well
+    const int32_t unit = static_cast<int32_t>(table_Get(slate.classDefaults, place));
+    const int32_t code = static_cast<int32_t>(table_Get(slate.classDefaults, place + 1));
+    const UomUnit *record = table_Record<UomUnit>(catalogue.units.records, unit); // the placeholder as well
     const UomMultiplierRow *row = multiplier_Find(code);
     if (row && record && record->multiplierStyle == 1)
         str_FormatBounded(out, static_cast<size_t>(length), "%s ", row->apiText);
     else if (row)
         str_FormatBounded(out, static_cast<size_t>(length), "%s*", row->siText);
     const int32_t used = static_cast<int32_t>(std::strlen(out));
-    uom_GetUnitText(unit, out + used, length - used, STYLE_DEFAULT);
+    uom_GetUnitText(catalogue, unit, out + used, length - used, STYLE_DEFAULT);
 }
 
 } // namespace
 
-int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
-    UomSlate *record = slate_Record(slate);
-    const UomClassRow *row = class_ValidRow(classId);
+int32_t uom_SetClassDefault(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
+                            const int32_t *units, const int32_t *multipliers) {
+    UomSlate *record = slate_Record(catalogue, slate);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!record || !row)
         return DEFAULT_REFUSED;
     if (row->baseClass[0] != 0)
-        return writeComposite(record, classId, units, multipliers);
-    return writeBase(record, slate, classId, units, multipliers);
+        return writeComposite(catalogue, record, classId, units, multipliers);
+    return writeBase(catalogue, running, record, slate, classId, units, multipliers);
 }
 
-int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value) {
-    const int32_t slate = acceptSlate(slateName, className);
+int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
+                             const char *value) {
+    const int32_t slate = acceptSlate(catalogue, slateName, className);
     if (slate < 0)
         return DEFAULT_REFUSED;
     if (uoms_IsSetProperty(className)) {
-        const int32_t status = uoms_PutSetProperty(slateName, className, value);
+        const int32_t status = uoms_PutSetProperty(catalogue, running, slateName, className, value);
         return status == DEFAULT_NO_MEMORY ? noMemory(className) : status;
     }
-    const int32_t classId = class_Find(className, defaultScanClassStyle);
+    const int32_t classId = class_Find(catalogue, className, catalogue.styles.scanClass);
     const MemoryWatch memory;
-    const ScopedChain chain(classId < 1 ? nullptr : uoms_New(className));
+    const ScopedChain chain(classId < 1 ? nullptr : uoms_New(catalogue, className));
     if (memory.exhausted())
         return noMemory(className);
     if (!chain.chain) {
@@ -142,41 +151,42 @@ int32_t uoms_SetClassDefault(const char *slateName, const char *className, const
     int32_t units[CHAIN_UNITS] = {};
     int32_t multipliers[CHAIN_UNITS] = {};
     if (!str_IsEmpty(value)) {
-        const int32_t status = uom_FillStructFromString(chain.chain, value, defaultScanUOMStyle);
+        const int32_t status = uom_FillStructFromString(catalogue, chain.chain, value, catalogue.styles.scanUom);
         if (status >= 1)
             return status;
-        uom_GetCurrentUnits(chain.chain, CHAIN_UNITS, units);
-        uom_GetMultipliers(chain.chain, CHAIN_UNITS, multipliers);
+        chain_GetUnits(chain.chain, CHAIN_UNITS, units);
+        chain_GetMultipliers(chain.chain, CHAIN_UNITS, multipliers);
     }
-    const int32_t status = uom_SetClassDefault(slate, classId, units, multipliers);
+    const int32_t status = uom_SetClassDefault(catalogue, running, slate, classId, units, multipliers);
     return memory.exhausted() ? noMemory(className) : status;
 }
 
-int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length) {
+int32_t uom_GetClassDefault(const Catalogue &catalogue, int32_t slate, int32_t classId, char *out, int32_t length) {
     if (!out || length < 1)
         return DEFAULT_REFUSED;
     *out = '\0';
-    const UomSlate *record = slate_Record(slate);
-    if (!record || !class_IsValid(classId))
+    const UomSlate *record = slate_Record(catalogue, slate);
+    if (!record || !class_IsValid(catalogue, classId))
         return DEFAULT_REFUSED;
-    if (uom_IsClassBase(classId)) {
-        readBase(*record, classId, out, length);
+    if (uom_IsClassBase(catalogue, classId)) {
+        readBase(catalogue, *record, classId, out, length);
         return DEFAULT_DONE;
     }
-    if (!tbl_Record<UomTable>(record->compositeDefaults, classId))
+    if (!table_Record<UomTable>(record->compositeDefaults, classId))
         return DEFAULT_DONE;
     // Slots that the slate leaves open are filled in from its parents, unlike a base class.
     const MemoryWatch memory;
-    const ScopedChain chain(chain_OfClass(classId));
+    const ScopedChain chain(chain_OfClass(catalogue, classId));
     if (memory.exhausted())
         return DEFAULT_NO_MEMORY;
-    uom_InitializeUnits(chain.chain, slate);
-    uom_GetDisplayUnits(chain.chain, out, length, STYLE_DEFAULT);
+    uom_InitializeUnits(catalogue, chain.chain, slate);
+    uom_GetDisplayUnits(catalogue, chain.chain, out, length, STYLE_DEFAULT);
     return DEFAULT_DONE;
 }
 
-int32_t uoms_GetClassDefault(const char *slateName, const char *className, char *out, int32_t length) {
-    const int32_t slate = acceptSlate(slateName, className);
+int32_t uoms_GetClassDefault(const Catalogue &catalogue, const char *slateName, const char *className, char *out,
+                             int32_t length) {
+    const int32_t slate = acceptSlate(catalogue, slateName, className);
     if (slate < 0)
         return DEFAULT_REFUSED;
     if (!out || length < 1) {
@@ -184,25 +194,28 @@ int32_t uoms_GetClassDefault(const char *slateName, const char *className, char 
         return DEFAULT_REFUSED;
     }
     if (uoms_IsSetProperty(className))
-        return uoms_GetSetProperty(slateName, className, length, out);
-    const int32_t classId = class_Find(className, defaultScanClassStyle);
-    return uom_GetClassDefault(slate, classId, out, length);
+        return uoms_GetSetProperty(catalogue, slateName, className, length, out);
+    const int32_t classId = class_Find(catalogue, className, catalogue.styles.scanClass);
+    return uom_GetClassDefault(catalogue, slate, classId, out, length);
 }
 
-int32_t uoms_IsClassDefault(const char *className, const char *slateName, const char *text) {
+int32_t uoms_IsClassDefault(const Catalogue &catalogue, const char *className, const char *slateName,
+                            const char *text) {
     char stated[256];
-    if (!text || uoms_GetClassDefault(slateName, className, stated, sizeof stated) != 0)
+    if (!text || uoms_GetClassDefault(catalogue, slateName, className, stated, sizeof stated) != 0)
         return 0;
     return std::strcmp(stated, text) == 0;
 }
 
-int32_t uom_IsUnitDefault(UomStruct chain) {
+int32_t uom_IsUnitDefault(const Catalogue &catalogue, UomStruct chain) {
     int32_t units[CHAIN_UNITS];
     int32_t multipliers[CHAIN_UNITS];
-    uom_GetDefaultUnits(chain, UOM_SET_CURRENT, CHAIN_UNITS, units);
-    uom_GetDefaultMults(chain, UOM_SET_CURRENT, CHAIN_UNITS, multipliers);
+    uom_GetDefaultUnits(catalogue, chain, catalogue.slateIndex.current, CHAIN_UNITS, units);
+    uom_GetDefaultMults(catalogue, chain, catalogue.slateIndex.current, CHAIN_UNITS, multipliers);
     for (int32_t i = 0; chain && i < CHAIN_UNITS; chain = chain->next, ++i)
         if (chain->unit != units[i] || chain->multiplier != multipliers[i])
             return 0;
     return 1;
 }
+
+} // namespace uom

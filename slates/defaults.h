@@ -4,8 +4,24 @@
 #define UOM_SLATES_DEFAULTS_H
 
 #include <cstdint>
+#include "catalogue/catalogue.h"
+#include "conversion/running.h"
+
+namespace uom {
 
 // Whether the slate's own default of the class reads exactly as the text, letters' case included.
-int32_t uoms_IsClassDefault(const char *className, const char *slateName, const char *text);
+int32_t uoms_IsClassDefault(const Catalogue &catalogue, const char *className, const char *slateName, const char *text);
+
+// What uom.h says of these, in a catalogue.
+int32_t uom_SetClassDefault(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
+                            const int32_t *units, const int32_t *multipliers);
+int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
+                             const char *value);
+int32_t uom_GetClassDefault(const Catalogue &catalogue, int32_t slate, int32_t classId, char *out, int32_t length);
+int32_t uoms_GetClassDefault(const Catalogue &catalogue, const char *slateName, const char *className, char *out,
+                             int32_t length);
+int32_t uom_IsUnitDefault(const Catalogue &catalogue, UomStruct chain);
+
+} // namespace uom
 
 #endif

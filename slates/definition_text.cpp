@@ -9,12 +9,18 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
+#include "slates/custom_classes.h"
+#include "slates/defaults.h"
 #include "slates/properties.h"
+#include "slates/registry.h"
+#include "slates/text_conversion.h"
+#include "support/memory.h"
 #include "support/numbers.h"
-#include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
+#include "text/unit_text.h"
+
+namespace uom {
 
 namespace {
 
@@ -28,6 +34,8 @@ constexpr const char *BASIS_KEY = "GaugePresBasis";
 
 // A definition in the making.
 struct DefinitionWriter {
+    const Catalogue &catalogue;
+    Running &running;
     UomTable *lines;
     int32_t format;
 };
@@ -35,7 +43,7 @@ struct DefinitionWriter {
 void addLine(DefinitionWriter &writer, const char *line, size_t size = LINE_SIZE) {
     char cut[DEFAULT_SIZE];
     str_CopyBounded(cut, size, line);
-    tbl_PutText(writer.lines, TABLE_APPEND, cut);
+    table_PutText(writer.lines, TABLE_APPEND, cut);
 }
 
 void addKeyLine(DefinitionWriter &writer, const char *key, const char *value) {
@@ -47,7 +55,7 @@ void addKeyLine(DefinitionWriter &writer, const char *key, const char *value) {
 void writeFlags(DefinitionWriter &writer, const UomSlate &slate) {
     for (const char *flag : {"isSystem", "isHidden", "allowDelete", "allowModify"}) {
         char value[TOKEN_SIZE];
-        if (uoms_GetSetProperty(slate.name, flag, sizeof value, value) == 0 && *value)
+        if (uoms_GetSetProperty(writer.catalogue, slate.name, flag, sizeof value, value) == 0 && *value)
             addKeyLine(writer, flag, value);
     }
 }
@@ -56,13 +64,13 @@ void writeFlags(DefinitionWriter &writer, const UomSlate &slate) {
 void writeBasis(DefinitionWriter &writer, const UomSlate &slate) {
     char text[LINE_SIZE];
     if (writer.format == FORMAT_SECTIONED) {
-        uoms_GetSetProperty(slate.name, BASIS_KEY, sizeof text, text);
+        uoms_GetSetProperty(writer.catalogue, slate.name, BASIS_KEY, sizeof text, text);
         if (*text)
             addKeyLine(writer, BASIS_KEY, text);
         return;
     }
     double basis = slate.gaugePresBasis;
-    uoms_ConvertArray(&basis, 1, "Pres", "kPa", "Pa");
+    uoms_ConvertArray(writer.catalogue, writer.running, &basis, 1, "Pres", "kPa", "Pa");
     num_FormatDouble(text, sizeof text, "%.10g", basis);
     addLine(writer, BASIS_KEY);
     addLine(writer, text);
@@ -70,12 +78,12 @@ void writeBasis(DefinitionWriter &writer, const UomSlate &slate) {
 
 void writeCustomClasses(DefinitionWriter &writer) {
     char line[LINE_SIZE];
-    if (uomClassCount <= STATIC_CLASSES)
+    if (writer.catalogue.classes.count <= STATIC_CLASSES)
         return;
-    str_FormatBounded(line, sizeof line, "NewClasses=%d", uomClassCount - STATIC_CLASSES);
+    str_FormatBounded(line, sizeof line, "NewClasses=%d", writer.catalogue.classes.count - STATIC_CLASSES);
     addLine(writer, line);
-    for (int32_t c = STATIC_CLASSES; c < uomClassCount; ++c) {
-        const UomClassRow *row = class_Row(c);
+    for (int32_t c = STATIC_CLASSES; c < writer.catalogue.classes.count; ++c) {
+        const UomClassRow *row = class_Row(writer.catalogue, c);
         if (!row)
             continue;
         str_FormatBounded(line, sizeof line, "NewClass%d=%s,%s", c - STATIC_CLASSES, row->token ? row->token : "",
@@ -85,22 +93,22 @@ void writeCustomClasses(DefinitionWriter &writer) {
 }
 
 // Whether the parent, when it is another slate, states the same.
-bool isParentsDefault(int32_t slate, int32_t parent, int32_t classId, const char *value) {
+bool isParentsDefault(const Catalogue &catalogue, int32_t slate, int32_t parent, int32_t classId, const char *value) {
     char inherited[DEFAULT_SIZE] = "";
-    if (parent == slate || uom_GetClassDefault(parent, classId, inherited, sizeof inherited) != 0)
+    if (parent == slate || uom_GetClassDefault(catalogue, parent, classId, inherited, sizeof inherited) != 0)
         return false;
     return str_EqualNoCase(value, inherited);
 }
 
 void writeDefaults(DefinitionWriter &writer, int32_t slate, int32_t parent) {
-    for (int32_t c = CLASS_DIMENSIONLESS; c < uomClassCount; ++c) {
+    for (int32_t c = CLASS_DIMENSIONLESS; c < writer.catalogue.classes.count; ++c) {
         if (c == CLASS_PETRO_MASS || c == CLASS_POWER_TOP || c == CLASS_E6_POWER_TOP)
             continue;
         char token[TOKEN_SIZE];
         char value[DEFAULT_SIZE];
-        uom_GetClassText(c, token, sizeof token, STYLE_TOKEN);
-        uom_GetClassDefault(slate, c, value, sizeof value);
-        if (writer.format != FORMAT_FULL && (!*value || isParentsDefault(slate, parent, c, value)))
+        uom_GetClassText(writer.catalogue, c, token, sizeof token, STYLE_TOKEN);
+        uom_GetClassDefault(writer.catalogue, slate, c, value, sizeof value);
+        if (writer.format != FORMAT_FULL && (!*value || isParentsDefault(writer.catalogue, slate, parent, c, value)))
             continue;
         if (writer.format == FORMAT_SECTIONED) {
             addKeyLine(writer, token, value);
@@ -124,7 +132,7 @@ void writeDefinition(DefinitionWriter &writer, int32_t index, const UomSlate &sl
         addLine(writer, slate.basedOn ? slate.basedOn : "");
         writeBasis(writer, slate);
     }
-    writeDefaults(writer, index, slate_Parent(slate));
+    writeDefaults(writer, index, slate_Parent(writer.catalogue, slate));
 }
 
 // Cuts a text at the first mark; what stands behind it, or null.
@@ -136,26 +144,26 @@ char *cutAt(char *text, char mark) {
     return place + 1;
 }
 
-int32_t setDefault(const char *slateName, const char *key, const char *value) {
-    return uoms_SetClassDefault(slateName, key, value);
+int32_t setDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *key, const char *value) {
+    return uoms_SetClassDefault(catalogue, running, slateName, key, value);
 }
 
-int32_t link(const char *slateName, const char *, const char *value) {
-    uoms_PutSetBasedOn(slateName, value);
+int32_t link(Catalogue &catalogue, Running &, const char *slateName, const char *, const char *value) {
+    uoms_PutSetBasedOn(catalogue, slateName, value);
     return 0;
 }
 
-int32_t copyFrom(const char *slateName, const char *, const char *value) {
-    return uoms_CopySet(slateName, value);
+int32_t copyFrom(Catalogue &catalogue, Running &, const char *slateName, const char *, const char *value) {
+    return uoms_CopySet(catalogue, slateName, value);
 }
 
-int32_t skip(const char *, const char *, const char *) {
+int32_t skip(Catalogue &, Running &, const char *, const char *, const char *) {
     return 0;
 }
 
 struct DefinitionKey {
     const char *key;
-    int32_t (*apply)(const char *slateName, const char *key, const char *value);
+    int32_t (*apply)(Catalogue &catalogue, Running &running, const char *slateName, const char *key, const char *value);
 };
 const DefinitionKey definitionKeys[] = {
     {"NewClasses", skip},
@@ -166,60 +174,62 @@ const DefinitionKey definitionKeys[] = {
 
 // "NewClass0=Name,definition". The key then goes the way of any other and fails, its message stays, kept.
 // Without a comma there is no definition and the line does nothing.
-int32_t applyNewClass(const char *slateName, const char *key, char *value) {
+int32_t applyNewClass(Catalogue &catalogue, Running &running, const char *slateName, const char *key, char *value) {
     const char *definition = cutAt(value, ',');
     if (!definition)
         return 0;
-    const int32_t status = uoms_NewClass(value, definition);
-    return status == 11 ? status : setDefault(slateName, key, value);
+    const int32_t status = uoms_NewClass(catalogue, running, value, definition);
+    return status == 11 ? status : setDefault(catalogue, running, slateName, key, value);
 }
 
 } // namespace
 
-int32_t definition_ApplyLine(const char *slateName, char *line) {
+int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line) {
     if (!line)
         return 0;
     char *value = cutAt(line, '=');
     for (const DefinitionKey &entry : definitionKeys)
         if (str_EqualNoCase(line, entry.key))
-            return entry.apply(slateName, line, value);
+            return entry.apply(catalogue, running, slateName, line, value);
     if (str_StartsNoCase(line, NEW_CLASS_KEY))
-        return applyNewClass(slateName, line, value);
-    return setDefault(slateName, line, value);
+        return applyNewClass(catalogue, running, slateName, line, value);
+    return setDefault(catalogue, running, slateName, line, value);
 }
 
-UomTable *uoms_GetSetDefinition(const char *name, int32_t format) {
-    const int32_t index = uom_GetSetType(name);
-    const UomSlate *slate = index < 1 ? nullptr : slate_Record(index);
+UomTable *uoms_GetSetDefinition(const Catalogue &catalogue, Running &running, const char *name, int32_t format) {
+    const int32_t index = uom_GetSetType(catalogue, name);
+    const UomSlate *slate = index < 1 ? nullptr : slate_Record(catalogue, index);
     if (!slate)
         return nullptr;
     const MemoryWatch memory;
-    DefinitionWriter writer = {tbl_Create(0, TABLE_TEXT), format};
+    DefinitionWriter writer = {catalogue, running, table_Create(0, TABLE_TEXT), format};
     if (!writer.lines)
         return nullptr;
     if (format >= FORMAT_DIFFERENCES && format <= FORMAT_SECTIONED)
         writeDefinition(writer, index, *slate);
     if (!memory.exhausted())
         return writer.lines;
-    tbl_Free(writer.lines);
+    table_Free(writer.lines);
     return nullptr;
 }
 
-int32_t uoms_PutSetDefinition(const char *name, UomTable *lines) {
-    if (!name || tbl_Count(lines) < 1 || lines->kind != TABLE_TEXT)
+int32_t uoms_PutSetDefinition(Catalogue &catalogue, Running &running, const char *name, UomTable *lines) {
+    if (!name || table_Count(lines) < 1 || lines->kind != TABLE_TEXT)
         return 1;
-    const char *first = tbl_GetText(lines, 0);
+    const char *first = table_GetText(lines, 0);
     if (!first)
         first = "";
     const MemoryWatch memory;
     const bool heading = std::strchr(first, '[') != nullptr;
     if (heading || std::strchr(first, '=')) {
         for (uint32_t i = heading ? 1 : 0; i < lines->count; ++i)
-            definition_ApplyLine(name, tbl_GetText(lines, i));
+            definition_ApplyLine(catalogue, running, name, table_GetText(lines, i));
         return memory.exhausted() ? 11 : 0;
     }
-    uoms_InitializeSet(name, first);
+    uoms_InitializeSet(catalogue, name, first);
     for (uint32_t i = 1; i < lines->count; i += 2)
-        uoms_SetClassDefault(name, tbl_GetText(lines, i), tbl_GetText(lines, i + 1));
+        uoms_SetClassDefault(catalogue, running, name, table_GetText(lines, i), table_GetText(lines, i + 1));
     return memory.exhausted() ? 11 : 0;
 }
+
+} // namespace uom

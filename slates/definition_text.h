@@ -4,9 +4,19 @@
 #define UOM_SLATES_DEFINITION_TEXT_H
 
 #include <cstdint>
+#include "conversion/running.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 // Applies one line "key=value" to a slate; the line is cut in place. A line without "=" is a key with a null
 // value. The status is that of the operation that the key calls; 11 means that memory is exhausted.
-int32_t definition_ApplyLine(const char *slateName, char *line);
+int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line);
+
+// What uom.h says of these, in a catalogue.
+UomTable *uoms_GetSetDefinition(const Catalogue &catalogue, Running &running, const char *name, int32_t format);
+int32_t uoms_PutSetDefinition(Catalogue &catalogue, Running &running, const char *name, UomTable *lines);
+
+} // namespace uom
 
 #endif

@@ -3,15 +3,17 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/data_file.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "support/memory.h"
+#include "support/message.h"
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -51,48 +53,49 @@ const ListRule listRules[] = {
     {CLASS_CAKE_RES, "Leng", LIST_OX_CAKERES_LENGTH, false},
 };
 
-void narrow(int32_t classId) {
+void narrow(Catalogue &catalogue, int32_t classId) {
     for (const ListRule &rule : listRules)
         if (rule.classId == classId)
-            uoms_SetUOMChoices(rule.component, uomListTables[rule.list]);
+            uoms_SetUOMChoices(catalogue, rule.component, catalogue.lists.application[rule.list]);
 }
 
-void restore(int32_t classId) {
+void restore(Catalogue &catalogue, int32_t classId) {
     for (const ListRule &rule : listRules)
         if (rule.classId == classId && rule.restored)
-            uoms_SetUOMChoices(rule.component, nullptr);
+            uoms_SetUOMChoices(catalogue, rule.component, nullptr);
 }
 
 using ListField = int32_t *UomClassRow::*;
 
 // Replaces one of a row's two arrays; the old one is freed unless it is the other as well.
-void replaceList(UomClassRow *row, ListField field, ListField other, int32_t *units) {
+void replaceList(const Catalogue &catalogue, UomClassRow *row, ListField field, ListField other, int32_t *units) {
     if (row->*field != row->*other)
         mem_Free(row->*field);
     row->*field = units;
-    unit_IndexList(row);
+    unit_IndexList(catalogue, row);
 }
 
-int32_t setFromTokens(const char *classText, const UomTable *tokens, ListField field, ListField other) {
-    const int32_t classId = class_Find(classText, STYLE_TOKEN);
-    UomClassRow *row = classId < 1 ? nullptr : class_Row(classId);
+int32_t setFromTokens(Catalogue &catalogue, const char *classText, const UomTable *tokens, ListField field,
+                      ListField other) {
+    const int32_t classId = class_Find(catalogue, classText, STYLE_TOKEN);
+    UomClassRow *row = classId < 1 ? nullptr : class_Row(catalogue, classId);
     if (!row || (tokens && tokens->kind != TABLE_TEXT))
         return 1;
     int32_t *units = nullptr;
-    if (tbl_Count(tokens) > 0 && unit_ResolveList(&units, tokens) != 0)
+    if (table_Count(tokens) > 0 && unit_ResolveList(catalogue, &units, tokens) != 0)
         return 11;
-    replaceList(row, field, other, units);
+    replaceList(catalogue, row, field, other, units);
     return 0;
 }
 
-int32_t setFromUnits(int32_t classId, const int32_t *units, ListField field, ListField other) {
-    UomClassRow *row = class_ValidRow(classId);
+int32_t setFromUnits(Catalogue &catalogue, int32_t classId, const int32_t *units, ListField field, ListField other) {
+    UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row)
         return 1;
     int32_t *copy = nullptr;
     if (unit_CopyList(&copy, units) != 0)
         return 11;
-    replaceList(row, field, other, copy);
+    replaceList(catalogue, row, field, other, copy);
     return 0;
 }
 
@@ -117,121 +120,125 @@ template <class TextOf> char **makeArray(int32_t count, size_t blockSize, TextOf
 }
 
 // The tokens of a list of units.
-char **namesOf(const int32_t *units, int32_t *count) {
+char **namesOf(const Catalogue &catalogue, const int32_t *units, int32_t *count) {
     int32_t length = 0;
-    while (units[length] != UOM_NULL)
+    while (units[length] != NO_UNIT)
         ++length;
     *count = length;
-    return makeArray(length, 0, [=](int32_t i) { return unit_Token(units[i]); });
+    return makeArray(length, 0, [&](int32_t i) { return unit_Token(catalogue, units[i]); });
 }
 
-const UomTable *commonList(int32_t index) {
-    return tbl_Record<UomTable>(uomExtraTables, index);
+const UomTable *commonList(const Catalogue &catalogue, int32_t index) {
+    return table_Record<UomTable>(catalogue.lists.common, index);
 }
 
 } // namespace
 
-int32_t uoms_SetClassList(const char *classText, const UomTable *tokens) {
-    return setFromTokens(classText, tokens, &UomClassRow::uomList, &UomClassRow::uomChoices);
+int32_t uoms_SetClassList(Catalogue &catalogue, const char *classText, const UomTable *tokens) {
+    return setFromTokens(catalogue, classText, tokens, &UomClassRow::uomList, &UomClassRow::uomChoices);
 }
 
-int32_t uoms_SetUOMChoices(const char *classText, const UomTable *tokens) {
-    return setFromTokens(classText, tokens, &UomClassRow::uomChoices, &UomClassRow::uomList);
+int32_t uoms_SetUOMChoices(Catalogue &catalogue, const char *classText, const UomTable *tokens) {
+    return setFromTokens(catalogue, classText, tokens, &UomClassRow::uomChoices, &UomClassRow::uomList);
 }
 
-int32_t uom_SetClassList(int32_t classId, const int32_t *units) {
-    return setFromUnits(classId, units, &UomClassRow::uomList, &UomClassRow::uomChoices);
+int32_t uom_SetClassList(Catalogue &catalogue, int32_t classId, const int32_t *units) {
+    return setFromUnits(catalogue, classId, units, &UomClassRow::uomList, &UomClassRow::uomChoices);
 }
 
-int32_t uom_SetUOMChoices(int32_t classId, const int32_t *units) {
-    return setFromUnits(classId, units, &UomClassRow::uomChoices, &UomClassRow::uomList);
+int32_t uom_SetUOMChoices(Catalogue &catalogue, int32_t classId, const int32_t *units) {
+    return setFromUnits(catalogue, classId, units, &UomClassRow::uomChoices, &UomClassRow::uomList);
 }
 
-int32_t uoms_SetUOMChoiceArray(const char *classText, int32_t count, const char *const *tokens) {
+int32_t uoms_SetUOMChoiceArray(Catalogue &catalogue, const char *classText, int32_t count, const char *const *tokens) {
     if (count < 1 || !tokens) {
-        uoms_SetUOMChoices(classText, nullptr);
+        uoms_SetUOMChoices(catalogue, classText, nullptr);
         return 0;
     }
-    const ScopedTable table(tbl_Create(0, TABLE_TEXT));
+    const ScopedTable table(table_Create(0, TABLE_TEXT));
     bool whole = table.table != nullptr;
     for (int32_t i = 0; whole && i < count; ++i)
-        whole = tbl_PutText(table.table, TABLE_APPEND, tokens[i]) != 0;
+        whole = table_PutText(table.table, TABLE_APPEND, tokens[i]) != 0;
     if (whole)
-        uoms_SetUOMChoices(classText, table.table);
+        uoms_SetUOMChoices(catalogue, classText, table.table);
     return 0;
 }
 
-int32_t uom_LoadApplicationList(UomStruct chain) {
+int32_t uom_LoadApplicationList(Catalogue &catalogue, UomStruct chain) {
     if (chain)
-        narrow(chain->classId);
-    return UOM_NULL;
+        narrow(catalogue, chain->classId);
+    return NO_UNIT;
 }
 
-int32_t uom_LoadNormalList(UomStruct chain) {
+int32_t uom_LoadNormalList(Catalogue &catalogue, UomStruct chain) {
     if (chain)
-        restore(chain->classId);
+        restore(catalogue, chain->classId);
     return 0;
 }
 
-int32_t uoms_LoadApplicationList(const char *classString) {
-    const ScopedChain chain(uoms_New(classString));
-    return chain.chain ? uom_LoadApplicationList(chain.chain) : 1;
+int32_t uoms_LoadApplicationList(Catalogue &catalogue, const char *classString) {
+    const ScopedChain chain(uoms_New(catalogue, classString));
+    return chain.chain ? uom_LoadApplicationList(catalogue, chain.chain) : 1;
 }
 
-int32_t uoms_LoadNormalList(const char *classString) {
-    const ScopedChain chain(uoms_New(classString));
-    return chain.chain ? uom_LoadNormalList(chain.chain) : 1;
+int32_t uoms_LoadNormalList(Catalogue &catalogue, const char *classString) {
+    const ScopedChain chain(uoms_New(catalogue, classString));
+    return chain.chain ? uom_LoadNormalList(catalogue, chain.chain) : 1;
 }
 
-char **uoms_GetUnitNames(const char *classText, int32_t *count) {
-    const int32_t classId = class_Find(classText, STYLE_TOKEN);
-    const int32_t *units = class_IsValid(classId) && uom_IsClassBase(classId) ? uom_GetClassUnits(classId) : nullptr;
-    return units && count ? namesOf(units, count) : nullptr;
+char **uoms_GetUnitNames(const Catalogue &catalogue, const char *classText, int32_t *count) {
+    const int32_t classId = class_Find(catalogue, classText, STYLE_TOKEN);
+    const int32_t *units = class_IsValid(catalogue, classId) && uom_IsClassBase(catalogue, classId)
+                               ? uom_GetClassUnits(catalogue, classId)
+                               : nullptr;
+    return units && count ? namesOf(catalogue, units, count) : nullptr;
 }
 
-char **uoms_GetUOMList(const char *text, int32_t *count) {
+char **uoms_GetUOMList(const Catalogue &catalogue, const char *text, int32_t *count) {
     if (!count)
         return nullptr;
     *count = 0;
     if (str_IsEmpty(text))
         return nullptr;
-    const int32_t classId = class_Find(text, STYLE_TOKEN);
-    const UomClassRow *row = class_ValidRow(classId);
+    const int32_t classId = class_Find(catalogue, text, STYLE_TOKEN);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     const bool named = row && !str_IsEmpty(row->listName);
-    if (row && !named && uom_IsClassBase(classId))
-        return uoms_GetUnitNames(text, count);
-    if (!uomExtraTables)
+    if (row && !named && uom_IsClassBase(catalogue, classId))
+        return uoms_GetUnitNames(catalogue, text, count);
+    if (!catalogue.lists.common)
         return nullptr;
     const char *name = named ? row->listName : text;
-    for (uint32_t i = 0; i < tbl_Count(uomExtraTables); ++i) {
-        const UomTable *list = commonList(static_cast<int32_t>(i));
-        if (tbl_Count(list) <= 1 || !str_EqualNoCase(tbl_GetText(list, 0), name))
+    for (uint32_t i = 0; i < table_Count(catalogue.lists.common); ++i) {
+        const UomTable *list = commonList(catalogue, static_cast<int32_t>(i));
+        if (table_Count(list) <= 1 || !str_EqualNoCase(table_GetText(list, 0), name))
             continue;
         *count = static_cast<int32_t>(list->count) - 1;
-        return makeArray(*count, 0, [=](int32_t item) { return tbl_GetText(list, static_cast<uint32_t>(item) + 1); });
+        return makeArray(*count, 0, [&](int32_t item) { return table_GetText(list, static_cast<uint32_t>(item) + 1); });
     }
     error_Set("Unable to find UOM list \"%s\".", text);
     return nullptr;
 }
 
-char **uoms_GetCommonListNames(int32_t *count) {
+char **uoms_GetCommonListNames(const Catalogue &catalogue, int32_t *count) {
     if (!count)
         return nullptr;
-    *count = static_cast<int32_t>(tbl_Count(uomExtraTables));
-    return makeArray(*count, 0, [](int32_t i) { return tbl_GetText(commonList(i), 0); });
+    *count = static_cast<int32_t>(table_Count(catalogue.lists.common));
+    return makeArray(*count, 0, [&](int32_t i) { return table_GetText(commonList(catalogue, i), 0); });
 }
 
-char **uoms_GetSetNames(int32_t *count) {
+char **uoms_GetSetNames(const Catalogue &catalogue, int32_t *count) {
     if (!count)
         return nullptr;
-    *count = uom_GetSetCount();
-    return makeArray(*count, SET_NAME_SIZE, [](int32_t i) {
-        const UomSlate *slate = slate_AnyRecord(i);
+    *count = uom_GetSetCount(catalogue);
+    return makeArray(*count, SET_NAME_SIZE, [&](int32_t i) {
+        const UomSlate *slate = slate_AnyRecord(catalogue, i);
         return slate ? slate->name : nullptr;
     });
 }
 
 int32_t uoms_FreeArray(char **texts) {
-    tbl_FreeTextArray(texts);
+    table_FreeTextArray(texts);
     return 0;
 }
+
+} // namespace uom

@@ -2,14 +2,18 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
-#include "catalogue/units.h"
+#include "slates/defaults.h"
 #include "slates/registry.h"
+#include "slates/working_units.h"
 #include "support/scoped.h"
 #include "support/text.h"
+#include "text/display_units.h"
+#include "text/unit_text.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
 #include "uomstruct/related_unit.h"
-#include "uomstruct/unit_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -17,6 +21,8 @@ constexpr int32_t TEXT_SIZE = 32; // of a unit's or class's text that a rule put
 
 // A default that was just stored, and the slate in which its rules write.
 struct Trigger {
+    Catalogue &catalogue;
+    Running &running;
     int32_t slate;
     const UomSlate *record;
     int32_t unit;
@@ -27,32 +33,34 @@ struct Trigger {
 // --- the two ways to write, and the text that a class resolves to
 
 void setUnit(const Trigger &trigger, int32_t classId, int32_t unit, int32_t multiplier) {
-    uom_SetClassDefault(trigger.slate, classId, &unit, &multiplier);
+    uom_SetClassDefault(trigger.catalogue, trigger.running, trigger.slate, classId, &unit, &multiplier);
 }
 
 // A unit that the file lacks makes a rule do nothing; withdrawing a default withdraws what depends on it.
 void setFollowing(const Trigger &trigger, int32_t classId, int32_t unit) {
-    if (unit > UOM_NULL || trigger.unit <= UOM_NULL)
+    if (unit > NO_UNIT || trigger.unit <= NO_UNIT)
         setUnit(trigger, classId, unit, trigger.multiplier);
 }
 
 void setText(const Trigger &trigger, const char *token, const char *text) {
-    uoms_SetClassDefault(trigger.record->name, token, text);
+    uoms_SetClassDefault(trigger.catalogue, trigger.running, trigger.record->name, token, text);
 }
 
 // With inheritance: a class that the slate leaves open gives its parent's unit.
 struct ResolvedText {
     char text[TEXT_SIZE];
     ResolvedText(const Trigger &trigger, const char *token) {
-        const ScopedChain chain(uoms_New(token));
-        chain_TakeSlate(chain.chain, trigger.slate);
-        uom_GetDisplayUnits(chain.chain, text, sizeof text, STYLE_TOKEN);
+        const ScopedChain chain(uoms_New(trigger.catalogue, token));
+        chain_TakeSlate(trigger.catalogue, chain.chain, trigger.slate);
+        uom_GetDisplayUnits(trigger.catalogue, chain.chain, text, sizeof text, STYLE_TOKEN);
     }
 };
 
 struct UnitText {
     char text[TEXT_SIZE];
-    explicit UnitText(int32_t unit) { uom_GetUnitText(unit, text, sizeof text, STYLE_TOKEN); }
+    UnitText(const Catalogue &catalogue, int32_t unit) {
+        uom_GetUnitText(catalogue, unit, text, sizeof text, STYLE_TOKEN);
+    }
 };
 
 void setOver(const Trigger &trigger, const char *token, const char *unit, const char *time) {
@@ -70,15 +78,17 @@ void setMomentum(const Trigger &trigger, const char *mass, const char *length) {
 // --- rules of both families
 
 struct TemperatureRule {
-    const int32_t *unit, *absolute;
+    NamedUnit unit, absolute;
 };
-const TemperatureRule temperatureRules[] = {{&UOM_U_F, &UOM_U_R}, {&UOM_U_C, &UOM_U_K}};
+const TemperatureRule temperatureRules[] = {{&NamedUnits::UOM_U_F, &NamedUnits::UOM_U_R},
+                                            {&NamedUnits::UOM_U_C, &NamedUnits::UOM_U_K}};
 
 void afterTemp(const Trigger &trigger) {
+    const NamedUnits &named = trigger.catalogue.named;
     int32_t absolute = trigger.unit;
     for (const TemperatureRule &rule : temperatureRules)
-        if (trigger.unit > UOM_NULL && trigger.unit == *rule.unit)
-            absolute = *rule.absolute;
+        if (trigger.unit > NO_UNIT && trigger.unit == named.*rule.unit)
+            absolute = named.*rule.absolute;
     setFollowing(trigger, CLASS_TEMP_ABS, absolute);
     setUnit(trigger, CLASS_TEMP_DIFF, trigger.unit, trigger.multiplier);
 }
@@ -90,31 +100,33 @@ void afterTempHX(const Trigger &trigger) {
 // A pressure default decides its absolute and difference forms. What the HX family does not list stands as it
 // is.
 struct PressureRule {
-    const int32_t *unit, *gaugeUnit, *absolute, *difference;
+    NamedUnit unit, gaugeUnit, absolute, difference;
     bool inHX;
 };
 const PressureRule pressureRules[] = {
-    {&UOM_U_PA, &UOM_U_PAG, &UOM_U_PA, &UOM_U_PA, false},
-    {&UOM_U_KPA, &UOM_U_KPAG, &UOM_U_KPA, &UOM_U_KPA, false},
-    {&UOM_U_MPA, &UOM_U_MPAG, &UOM_U_MPA, &UOM_U_MPA, false},
-    {&UOM_U_BAR, &UOM_U_BARG, &UOM_U_BAR, &UOM_U_BAR, true},
-    {&UOM_U_MBAR, &UOM_U_MBARG, &UOM_U_MBAR, &UOM_U_MBAR, false},
-    {&UOM_U_IN_HG, &UOM_U_IN_HGG, &UOM_U_IN_HG, &UOM_U_IN_HG, false},
-    {&UOM_U_MM_HG, &UOM_U_MM_HGG, &UOM_U_MM_HG, &UOM_U_MM_HG, false},
-    {&UOM_U_PSIA, &UOM_U_PSIG, &UOM_U_PSIA, &UOM_U_PSI, true},
-    {&UOM_U_ATA, &UOM_U_ATE, &UOM_U_ATA, &UOM_U_ATA, true},
-    {&UOM_U_KG_CM2, &UOM_U_KG_CM2G, &UOM_U_KG_CM2, &UOM_U_KG_CM2, false},
+    {&NamedUnits::UOM_U_PA, &NamedUnits::UOM_U_PAG, &NamedUnits::UOM_U_PA, &NamedUnits::UOM_U_PA, false},
+    {&NamedUnits::UOM_U_KPA, &NamedUnits::UOM_U_KPAG, &NamedUnits::UOM_U_KPA, &NamedUnits::UOM_U_KPA, false},
+    {&NamedUnits::UOM_U_MPA, &NamedUnits::UOM_U_MPAG, &NamedUnits::UOM_U_MPA, &NamedUnits::UOM_U_MPA, false},
+    {&NamedUnits::UOM_U_BAR, &NamedUnits::UOM_U_BARG, &NamedUnits::UOM_U_BAR, &NamedUnits::UOM_U_BAR, true},
+    {&NamedUnits::UOM_U_MBAR, &NamedUnits::UOM_U_MBARG, &NamedUnits::UOM_U_MBAR, &NamedUnits::UOM_U_MBAR, false},
+    {&NamedUnits::UOM_U_IN_HG, &NamedUnits::UOM_U_IN_HGG, &NamedUnits::UOM_U_IN_HG, &NamedUnits::UOM_U_IN_HG, false},
+    {&NamedUnits::UOM_U_MM_HG, &NamedUnits::UOM_U_MM_HGG, &NamedUnits::UOM_U_MM_HG, &NamedUnits::UOM_U_MM_HG, false},
+    {&NamedUnits::UOM_U_PSIA, &NamedUnits::UOM_U_PSIG, &NamedUnits::UOM_U_PSIA, &NamedUnits::UOM_U_PSI, true},
+    {&NamedUnits::UOM_U_ATA, &NamedUnits::UOM_U_ATE, &NamedUnits::UOM_U_ATA, &NamedUnits::UOM_U_ATA, true},
+    {&NamedUnits::UOM_U_KG_CM2, &NamedUnits::UOM_U_KG_CM2G, &NamedUnits::UOM_U_KG_CM2, &NamedUnits::UOM_U_KG_CM2,
+     false},
 };
 
 void afterPres(const Trigger &trigger) {
+    const NamedUnits &named = trigger.catalogue.named;
     int32_t absolute = trigger.unit;
     int32_t difference = trigger.unit;
     for (const PressureRule &rule : pressureRules) {
-        const bool matches = trigger.unit == *rule.unit || trigger.unit == *rule.gaugeUnit;
-        if (trigger.unit <= UOM_NULL || !matches || (trigger.hx && !rule.inHX))
+        const bool matches = trigger.unit == named.*rule.unit || trigger.unit == named.*rule.gaugeUnit;
+        if (trigger.unit <= NO_UNIT || !matches || (trigger.hx && !rule.inHX))
             continue;
-        absolute = *rule.absolute;
-        difference = *rule.difference;
+        absolute = named.*rule.absolute;
+        difference = named.*rule.difference;
         break;
     }
     setFollowing(trigger, CLASS_PRES_ABS, absolute);
@@ -122,8 +134,8 @@ void afterPres(const Trigger &trigger) {
 }
 
 void setMillions(const Trigger &trigger, int32_t classId) {
-    const int32_t millions = unit_NamedInMillions(trigger.unit);
-    if (millions > UOM_NULL)
+    const int32_t millions = unit_NamedInMillions(trigger.catalogue, trigger.unit);
+    if (millions > NO_UNIT)
         setUnit(trigger, classId, millions, trigger.multiplier);
 }
 
@@ -138,11 +150,11 @@ void afterPowerTop(const Trigger &trigger) {
 // --- rules of ordinary slates
 
 void afterLeng(const Trigger &trigger) {
-    const int32_t area = unit_NamedWith(trigger.unit, "2");
-    if (area > UOM_NULL)
+    const int32_t area = unit_NamedWith(trigger.catalogue, trigger.unit, "2");
+    if (area > NO_UNIT)
         setUnit(trigger, CLASS_AREA, area, 0);
-    const int32_t volume = unit_NamedWith(trigger.unit, "3");
-    if (volume <= UOM_NULL)
+    const int32_t volume = unit_NamedWith(trigger.catalogue, trigger.unit, "3");
+    if (volume <= NO_UNIT)
         return;
     for (const int32_t classId : {CLASS_LIQ_VOL, CLASS_VAP_VOL, CLASS_ACT_VOL})
         setUnit(trigger, classId, volume, 0);
@@ -166,13 +178,13 @@ struct FineRule {
 const FineRule fineRules[] = {{"ft", "in", "in2"}, {"m", "mm", "mm2"}};
 
 void afterArea(const Trigger &trigger) {
-    if (!uoms_IsSetDerivedFrom(trigger.record->basedOn, "HXREPORT"))
+    if (!uoms_IsSetDerivedFrom(trigger.catalogue, trigger.record->basedOn, "HXREPORT"))
         return;
-    const int32_t length = unit_NamedUpToLast(trigger.unit, '2');
-    if (length <= UOM_NULL)
+    const int32_t length = unit_NamedUpToLast(trigger.catalogue, trigger.unit, '2');
+    if (length <= NO_UNIT)
         return;
     setUnit(trigger, CLASS_LENG, length, 0);
-    const UnitText name(length);
+    const UnitText name(trigger.catalogue, length);
     for (const FineRule &rule : fineRules) {
         if (!str_EqualNoCase(name.text, rule.length))
             continue;
@@ -185,15 +197,15 @@ void afterArea(const Trigger &trigger) {
 
 void afterLiqVol(const Trigger &trigger) {
     char stated[TEXT_SIZE] = "";
-    uoms_GetClassDefault(trigger.record->name, "Density", stated, sizeof stated);
+    uoms_GetClassDefault(trigger.catalogue, trigger.record->name, "Density", stated, sizeof stated);
     if (*stated)
         return;
-    const bool english = uoms_IsSetDerivedFrom(trigger.record->name, "HXENGLISH") != 0;
+    const bool english = uoms_IsSetDerivedFrom(trigger.catalogue, trigger.record->name, "HXENGLISH") != 0;
     setText(trigger, "Density", english ? "lb/ft3" : "kg/m3");
 }
 
 void afterMass(const Trigger &trigger) {
-    setMomentum(trigger, UnitText(trigger.unit).text, ResolvedText(trigger, "Leng").text);
+    setMomentum(trigger, UnitText(trigger.catalogue, trigger.unit).text, ResolvedText(trigger, "Leng").text);
     afterLiqVol(trigger);
 }
 
@@ -244,45 +256,51 @@ template <size_t N> const Rule *findRule(const Rule (&rules)[N], int32_t classId
 }
 
 // Judged by the parent: a family root is based on itself.
-bool isInHXFamily(const UomSlate &slate) {
+bool isInHXFamily(const Catalogue &catalogue, const UomSlate &slate) {
     for (const char *root : {"HXENGLISH", "HXMETRIC", "HXSI"})
-        if (uoms_IsSetDerivedFrom(slate.basedOn, root))
+        if (uoms_IsSetDerivedFrom(catalogue, slate.basedOn, root))
             return true;
     return false;
 }
 
 // Runs one rule of one family; what it writes is read as tokens whatever styles the host has chosen.
-void run(const Rule *rule, bool hx, int32_t slate, const UomSlate &record, int32_t unit, int32_t multiplier) {
-    if (!rule || isInHXFamily(record) != hx)
+void run(Catalogue &catalogue, Running &running, const Rule *rule, bool hx, int32_t slate, const UomSlate &record,
+         int32_t unit, int32_t multiplier) {
+    if (!rule || isInHXFamily(catalogue, record) != hx)
         return;
-    const ScopedValue<int32_t> classStyle(defaultScanClassStyle, STYLE_TOKEN);
-    const ScopedValue<int32_t> unitStyle(defaultScanUOMStyle, STYLE_TOKEN);
-    rule->run({slate, &record, unit, multiplier, hx});
+    const ScopedValue<int32_t> classStyle(catalogue.styles.scanClass, STYLE_TOKEN);
+    const ScopedValue<int32_t> unitStyle(catalogue.styles.scanUom, STYLE_TOKEN);
+    rule->run({catalogue, running, slate, &record, unit, multiplier, hx});
 }
 
 } // namespace
 
-int32_t uom_PropagateCommonRules(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
-    const UomSlate *record = slate_Record(slate);
-    if (!record || !class_IsValid(classId) || !units || !multipliers)
+int32_t uom_PropagateCommonRules(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
+                                 const int32_t *units, const int32_t *multipliers) {
+    const UomSlate *record = slate_Record(catalogue, slate);
+    if (!record || !class_IsValid(catalogue, classId) || !units || !multipliers)
         return 1;
-    run(findRule(commonRules, classId), false, slate, *record, units[0], multipliers[0]);
+    run(catalogue, running, findRule(commonRules, classId), false, slate, *record, units[0], multipliers[0]);
     return 0;
 }
 
-int32_t uom_PropagateHXRules(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
-    const UomSlate *record = slate_Record(slate);
+int32_t uom_PropagateHXRules(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
+                             const int32_t *units, const int32_t *multipliers) {
+    const UomSlate *record = slate_Record(catalogue, slate);
     if (!record || !units || !multipliers)
         return 1;
-    run(findRule(hxRules, classId), true, slate, *record, units[0], multipliers[0]);
+    run(catalogue, running, findRule(hxRules, classId), true, slate, *record, units[0], multipliers[0]);
     return 0;
 }
 
-int32_t uom_PropagateClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers) {
-    if (uomDefaultsInProgress)
+int32_t uom_PropagateClassDefault(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
+                                  const int32_t *units, const int32_t *multipliers) {
+    if (catalogue.slates.rulesRunning)
         return 0;
-    const ScopedValue<int32_t> guard(uomDefaultsInProgress, 1);
-    uom_PropagateCommonRules(slate, classId, units, multipliers);
-    uom_PropagateHXRules(slate, classId, units, multipliers);
+    const ScopedValue<int32_t> guard(catalogue.slates.rulesRunning, 1);
+    uom_PropagateCommonRules(catalogue, running, slate, classId, units, multipliers);
+    uom_PropagateHXRules(catalogue, running, slate, classId, units, multipliers);
     return 0;
 }
+
+} // namespace uom

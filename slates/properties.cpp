@@ -4,15 +4,20 @@
 #include <cstring>
 
 #include "catalogue/slate_table.h"
-#include "catalogue/startup.h"
-#include "catalogue/state.h"
+#include "conversion/engine.h"
+#include "slates/gauge_pressure.h"
+#include "slates/unit_entry.h"
 #include "support/memory.h"
+#include "support/message.h"
 #include "support/numbers.h"
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
 #include "text/styles.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -42,13 +47,13 @@ const SetProperty setProperties[] = {
 
 struct ServerProperty {
     const char *name;
-    int32_t *style; // null for the one that is no style
+    int32_t Styles::*style; // null for the one that is no style
 };
 const ServerProperty serverProperties[] = {
     {"allowMultipliers", nullptr},
-    {"defaultDisplayStyle", &defaultDisplayStyle},
-    {"defaultScanClassStyle", &defaultScanClassStyle},
-    {"defaultScanUOMStyle", &defaultScanUOMStyle},
+    {"defaultDisplayStyle", &Styles::display},
+    {"defaultScanClassStyle", &Styles::scanClass},
+    {"defaultScanUOMStyle", &Styles::scanUom},
 };
 constexpr int32_t SERVER_PROPERTIES = 4;
 
@@ -66,9 +71,14 @@ const ServerProperty *findServerProperty(const char *name) {
     return nullptr;
 }
 
-UomSlate *namedSlate(const char *name) {
-    const int32_t slate = uom_GetSetType(name);
-    return slate < 1 ? nullptr : slate_AnyRecord(slate);
+const UomSlate *namedSlate(const Catalogue &catalogue, const char *name) {
+    const int32_t slate = uom_GetSetType(catalogue, name);
+    return slate < 1 ? nullptr : slate_AnyRecord(catalogue, slate);
+}
+
+UomSlate *namedSlate(Catalogue &catalogue, const char *name) {
+    const int32_t slate = uom_GetSetType(catalogue, name);
+    return slate < 1 ? nullptr : slate_AnyRecord(catalogue, slate);
 }
 
 int32_t unknownSetProperty(const char *property) {
@@ -81,26 +91,26 @@ int32_t unknownServerProperty(const char *name) {
     return PROPERTY_REFUSED;
 }
 
-double kilopascals(double pascals) {
-    const ScopedChain from(uoms_New("Pres"));
-    const ScopedChain to(uom_Copy(from.chain));
-    if (uom_FillStructFromString(from.chain, "Pa", defaultScanUOMStyle) != 0 ||
-        uom_FillStructFromString(to.chain, "kPa", defaultScanUOMStyle) != 0)
+double kilopascals(const Catalogue &catalogue, Running &running, double pascals) {
+    const ScopedChain from(uoms_New(catalogue, "Pres"));
+    const ScopedChain to(chain_Copy(from.chain));
+    if (uom_FillStructFromString(catalogue, from.chain, "Pa", catalogue.styles.scanUom) != 0 ||
+        uom_FillStructFromString(catalogue, to.chain, "kPa", catalogue.styles.scanUom) != 0)
         return pascals;
-    uomRunLinear = 0;
-    return uom_ConvertFromTo(pascals, from.chain, to.chain);
+    running.linear = 0;
+    return uom_ConvertFromTo(catalogue, running, pascals, from.chain, to.chain);
 }
 
 // Three ways of blanking: own text gives way to inheritance, none to the standard atmosphere; a text that is
 // no number leaves what the blanking would.
-int32_t putBasis(UomSlate *slate, const char *value) {
+int32_t putBasis(Catalogue &catalogue, Running &running, UomSlate *slate, const char *value) {
     const MemoryWatch memory;
     double basis = slate->gaugePresBasisText ? INHERITED_BASIS : STANDARD_ATMOSPHERE;
     char *text = *value ? mem_NewArray<char>(BASIS_TEXT_SIZE) : nullptr;
     if (text) {
         num_TextToDouble(value, &basis);
         if (basis / STANDARD_ATMOSPHERE >= PASCAL_RATIO)
-            basis = kilopascals(basis);
+            basis = kilopascals(catalogue, running, basis);
         num_FormatDouble(text, BASIS_TEXT_SIZE, "%.6g", basis);
     }
     if (memory.exhausted()) {
@@ -110,7 +120,7 @@ int32_t putBasis(UomSlate *slate, const char *value) {
     mem_Free(slate->gaugePresBasisText);
     slate->gaugePresBasisText = text;
     slate->gaugePresBasis = basis;
-    uom_SetGaugePressureBasis(UOM_SET_CURRENT);
+    uom_SetGaugePressureBasis(catalogue, catalogue.slateIndex.current);
     return PROPERTY_DONE;
 }
 
@@ -121,10 +131,10 @@ int32_t uoms_IsSetProperty(const char *name) {
 }
 
 static UomTable *setPropertyTable() {
-    UomTable *table = tbl_Create(0, TABLE_TEXT);
+    UomTable *table = table_Create(0, TABLE_TEXT);
     for (const SetProperty &property : setProperties)
-        if (table && !tbl_PutText(table, TABLE_APPEND, property.name)) {
-            tbl_Free(table);
+        if (table && !table_PutText(table, TABLE_APPEND, property.name)) {
+            table_Free(table);
             return nullptr;
         }
     return table;
@@ -132,22 +142,23 @@ static UomTable *setPropertyTable() {
 
 char **uoms_GetSetPropertyList(int32_t *count) {
     const ScopedTable table(setPropertyTable());
-    char **names = tbl_ToTextArray(table.table);
+    char **names = table_ToTextArray(table.table);
     if (count)
-        *count = names ? static_cast<int32_t>(tbl_Count(table.table)) : 0;
+        *count = names ? static_cast<int32_t>(table_Count(table.table)) : 0;
     return names;
 }
 
 int32_t uoms_GetSetPropertyCount() {
     const ScopedTable table(setPropertyTable());
-    return static_cast<int32_t>(tbl_Count(table.table));
+    return static_cast<int32_t>(table_Count(table.table));
 }
 
-int32_t uoms_GetSetProperty(const char *slateName, const char *property, int32_t length, char *out) {
+int32_t uoms_GetSetProperty(const Catalogue &catalogue, const char *slateName, const char *property, int32_t length,
+                            char *out) {
     if (!out || length < 1)
         return PROPERTY_REFUSED;
     *out = '\0';
-    const UomSlate *slate = property ? namedSlate(slateName) : nullptr;
+    const UomSlate *slate = property ? namedSlate(catalogue, slateName) : nullptr;
     if (!slate)
         return PROPERTY_REFUSED;
     const SetProperty *found = findSetProperty(property);
@@ -160,15 +171,16 @@ int32_t uoms_GetSetProperty(const char *slateName, const char *property, int32_t
     return PROPERTY_DONE;
 }
 
-int32_t uoms_PutSetProperty(const char *slateName, const char *property, const char *value) {
-    UomSlate *slate = property && value ? namedSlate(slateName) : nullptr;
+int32_t uoms_PutSetProperty(Catalogue &catalogue, Running &running, const char *slateName, const char *property,
+                            const char *value) {
+    UomSlate *slate = property && value ? namedSlate(catalogue, slateName) : nullptr;
     if (!slate)
         return PROPERTY_REFUSED;
     const SetProperty *found = findSetProperty(property);
     if (!found)
         return unknownSetProperty(property);
     if (!found->flag)
-        return putBasis(slate, value);
+        return putBasis(catalogue, running, slate, value);
     slate->*found->flag = std::strtol(value, nullptr, 10) != 0;
     return PROPERTY_DONE;
 }
@@ -182,7 +194,7 @@ char **uoms_GetServerPropertyList(int32_t *count) {
     char **names = static_cast<char **>(block);
     for (int32_t i = 0; i < SERVER_PROPERTIES; ++i)
         if (mem_DupText(&names[i], serverProperties[i].name) != 0) {
-            tbl_FreeTextArray(names);
+            table_FreeTextArray(names);
             return nullptr;
         }
     if (count)
@@ -194,7 +206,7 @@ int32_t uoms_GetServerPropertyCount() {
     return SERVER_PROPERTIES;
 }
 
-int32_t uoms_GetServerProperty(const char *name, int32_t length, char *out) {
+int32_t uoms_GetServerProperty(const Catalogue &catalogue, const char *name, int32_t length, char *out) {
     error_Clear();
     if (str_IsEmpty(name)) {
         error_Set("Property is missing or blank.");
@@ -209,13 +221,13 @@ int32_t uoms_GetServerProperty(const char *name, int32_t length, char *out) {
     if (!found)
         return unknownServerProperty(name);
     if (found->style)
-        uom_StyleToName(*found->style, out, length);
+        uom_StyleToName(catalogue.styles.*found->style, out, length);
     else
-        str_CopyBounded(out, static_cast<size_t>(length), uomAllowMult == 1 ? "true" : "false");
+        str_CopyBounded(out, static_cast<size_t>(length), catalogue.modes.allowMult == 1 ? "true" : "false");
     return PROPERTY_DONE;
 }
 
-int32_t uoms_PutServerProperty(const char *name, const char *value) {
+int32_t uoms_PutServerProperty(Catalogue &catalogue, const char *name, const char *value) {
     error_Clear();
     if (str_IsEmpty(name)) {
         error_Set("Property is missing or blank.");
@@ -225,26 +237,23 @@ int32_t uoms_PutServerProperty(const char *name, const char *value) {
     if (!found || (!found->style && std::strcmp(name, found->name) != 0))
         return unknownServerProperty(name);
     if (!found->style) {
-        uomAllowMult = str_EqualNoCase(value, "true");
+        catalogue.modes.allowMult = str_EqualNoCase(value, "true");
         return PROPERTY_DONE;
     }
     int32_t style;
     uom_StyleFromName(value, &style);
-    if (found->style == &defaultDisplayStyle)
-        return uom_SetDefaultDisplayStyle(style);
-    *found->style = style > 0 ? style : 1;
+    if (found->style == &Styles::display)
+        return uom_SetDefaultDisplayStyle(catalogue, style);
+    catalogue.styles.*found->style = style > 0 ? style : 1;
     return PROPERTY_DONE;
 }
 
-void uom_SetKestaOption(int32_t value) {
-    uomModeKesta = value;
+void uom_SetKestaOption(Catalogue &catalogue, int32_t value) {
+    catalogue.modes.kesta = value;
 }
 
-void uom_SetDataFileName(const char *path) {
-    if (!str_IsEmpty(path))
-        startup_NameDataFile(path);
+int32_t uom_GetUnitTotal(const Catalogue &catalogue) {
+    return catalogue.units.count;
 }
 
-int32_t uom_GetUnitTotal() {
-    return uomUnitCount;
-}
+} // namespace uom

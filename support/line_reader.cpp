@@ -1,3 +1,4 @@
+
 #include "support/line_reader.h"
 
 #include <cstring>
@@ -6,6 +7,8 @@
 #include "support/numbers.h"
 #include "support/table.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -43,8 +46,8 @@ bool isDirective(const TokenReader *reader, const char *word) {
 }
 
 bool isDefined(const char *name) {
-    for (uint32_t i = 0; i < tbl_Count(preprocessor.definedNames); ++i) {
-        const char *defined = tbl_GetText(preprocessor.definedNames, i);
+    for (uint32_t i = 0; i < table_Count(preprocessor.definedNames); ++i) {
+        const char *defined = table_GetText(preprocessor.definedNames, i);
         if (defined && std::strcmp(defined, name) == 0)
             return true;
     }
@@ -81,7 +84,7 @@ Outcome openLevel(const TokenReader *reader) {
 // A statement that is not being skipped.
 Outcome judge(const TokenReader *reader) {
     if (isDirective(reader, "#DEFINE") && reader->tokenCount == 2) {
-        tbl_PutText(preprocessor.definedNames, TABLE_APPEND, reader->tokens[1]);
+        table_PutText(preprocessor.definedNames, TABLE_APPEND, reader->tokens[1]);
         return USED_UP;
     }
     const bool endif = isDirective(reader, "#ENDIF");
@@ -345,3 +348,5 @@ char *reader_TokenCopy(const TokenReader *reader, int32_t position) {
 void reader_TokenText(const TokenReader *reader, int32_t position, char *out, size_t size) {
     str_CopyBounded(out, size, reader_Token(reader, position));
 }
+
+} // namespace uom

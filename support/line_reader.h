@@ -12,6 +12,8 @@
 
 #include "uom/uom.h"
 
+namespace uom {
+
 struct TokenReader {
     int32_t tokenCount; // of the statement in hand
     int32_t lineSize;   // of the line buffer
@@ -57,5 +59,7 @@ double reader_TokenDouble(const TokenReader *reader, int32_t position);
 int32_t reader_TokenInt(const TokenReader *reader, int32_t position);
 char *reader_TokenCopy(const TokenReader *reader, int32_t position); // freed with mem_Free
 void reader_TokenText(const TokenReader *reader, int32_t position, char *out, size_t size);
+
+} // namespace uom
 
 #endif

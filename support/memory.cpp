@@ -1,7 +1,10 @@
+
 #include "support/memory.h"
 
 #include <cstdlib>
 #include <cstring>
+
+namespace uom {
 
 MemoryCounters memCounters = {0, 0, 0};
 void *(*memReallocate)(void *, size_t) = std::realloc;
@@ -81,3 +84,5 @@ int32_t mem_ReplaceText(const char **slot, const char *text) {
     mem_Free(old);
     return status;
 }
+
+} // namespace uom

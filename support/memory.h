@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace uom {
+
 // Counters. The library reads the failures alone, to tell a start-up that is not whole.
 struct MemoryCounters {
     int32_t allocations; // mem_Malloc, mem_DupText, mem_ReplaceText, and mem_Realloc of an empty slot
@@ -71,5 +73,7 @@ template <class Element> Element *mem_NewArray(size_t count) {
     mem_Malloc(&block, count * sizeof(Element));
     return static_cast<Element *>(block);
 }
+
+} // namespace uom
 
 #endif

@@ -1,9 +1,12 @@
+
 #include "support/name_index.h"
 
 #include <algorithm>
 
 #include "support/memory.h"
 #include "support/text.h"
+
+namespace uom {
 
 bool names_Reset(NameIndex &index, uint32_t names) {
     names_Free(index);
@@ -37,3 +40,5 @@ void names_Remove(NameIndex &index, std::string_view name, int32_t number) {
     if (place != PLACE_FREE)
         place = PLACE_LEFT;
 }
+
+} // namespace uom

@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace uom {
+
 constexpr int32_t PLACE_FREE = -1;
 constexpr int32_t PLACE_LEFT = -2; // what stood here was taken out
 
@@ -62,5 +64,7 @@ template <class Bears> int32_t names_Find(const NameIndex &index, std::string_vi
             return i;
     return -1;
 }
+
+} // namespace uom
 
 #endif

@@ -1,3 +1,4 @@
+
 #include "support/numbers.h"
 
 #include <cerrno>
@@ -10,6 +11,8 @@
 #include <locale.h>
 
 #include "support/text.h"
+
+namespace uom {
 
 constinit NumberConstants numConstants;
 
@@ -214,3 +217,5 @@ void num_FormatDouble(char *out, size_t size, const char *format, double value) 
     const ScopedCLocale locale;
     locale.print(out, size, format, value);
 }
+
+} // namespace uom

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace uom {
+
 struct NumberConstants {
     double nullDouble = -1.5e35;    // stands for no value
     double nullDoubleLimit = -1e35; // anything below is a null value
@@ -159,5 +161,7 @@ template <class More> double num_PowWhile(double x, int64_t n, More more) {
     }
     return power;
 }
+
+} // namespace uom
 
 #endif

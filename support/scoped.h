@@ -3,7 +3,10 @@
 #define UOM_SUPPORT_SCOPED_H
 
 #include "support/memory.h"
+#include "support/table.h"
 #include "uom/uom.h"
+
+namespace uom {
 
 // Sets a variable for the life of a block.
 template <class T> struct ScopedValue {
@@ -19,7 +22,7 @@ template <class T> struct ScopedValue {
 struct ScopedTable {
     UomTable *table;
     explicit ScopedTable(UomTable *owned) : table(owned) {}
-    ~ScopedTable() { tbl_Free(table); }
+    ~ScopedTable() { table_Free(table); }
     ScopedTable(const ScopedTable &) = delete;
     ScopedTable &operator=(const ScopedTable &) = delete;
 };
@@ -37,5 +40,7 @@ struct ScratchText {
     ScratchText(const ScratchText &) = delete;
     ScratchText &operator=(const ScratchText &) = delete;
 };
+
+} // namespace uom
 
 #endif

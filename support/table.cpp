@@ -1,3 +1,4 @@
+
 #include "support/table.h"
 
 #include <cmath>
@@ -5,6 +6,8 @@
 
 #include "support/memory.h"
 #include "support/numbers.h"
+
+namespace uom {
 
 static const uint32_t widths[TABLE_KINDS] = {1, 1, 8, 2, 2, 4, 4, 8, 8, 4, 8, 8};
 
@@ -53,10 +56,10 @@ static void freeElements(UomTable *table, uint32_t first, uint32_t count) {
     if (!ownsElements(table))
         return;
     for (uint32_t i = 0; i < count; ++i)
-        mem_Free(tbl_Record<void>(table, int64_t{first} + i));
+        mem_Free(table_Record<void>(table, int64_t{first} + i));
 }
 
-UomTable *tbl_Create(uint32_t count, int32_t kind) {
+UomTable *table_Create(uint32_t count, int32_t kind) {
     if (kind < 0 || kind >= TABLE_KINDS)
         return nullptr;
     void *block = nullptr;
@@ -71,7 +74,7 @@ UomTable *tbl_Create(uint32_t count, int32_t kind) {
     return table;
 }
 
-void tbl_Free(UomTable *table) {
+void table_Free(UomTable *table) {
     if (!table)
         return;
     freeElements(table, 0, table->count);
@@ -79,23 +82,23 @@ void tbl_Free(UomTable *table) {
     mem_Free(table);
 }
 
-UomTable *tbl_Copy(const UomTable *table) {
+UomTable *table_Copy(const UomTable *table) {
     if (!table)
         return nullptr;
-    UomTable *copy = tbl_Create(table->count, table->kind);
+    UomTable *copy = table_Create(table->count, table->kind);
     if (!copy)
         return nullptr;
     for (uint32_t i = 0; i < table->count; ++i) {
-        tbl_Store(copy, i, tbl_Get(table, i), 1);
-        if (table->kind == TABLE_TEXT && tbl_GetText(table, i) && !tbl_GetText(copy, i)) {
-            tbl_Free(copy);
+        table_Store(copy, i, table_Get(table, i), 1);
+        if (table->kind == TABLE_TEXT && table_GetText(table, i) && !table_GetText(copy, i)) {
+            table_Free(copy);
             return nullptr;
         }
     }
     return copy;
 }
 
-double tbl_Get(const UomTable *table, uint32_t index) {
+double table_Get(const UomTable *table, uint32_t index) {
     if (!table || index >= table->count)
         return 0.0;
     switch (table->kind) {
@@ -122,22 +125,22 @@ double tbl_Get(const UomTable *table, uint32_t index) {
     }
 }
 
-char *tbl_GetText(const UomTable *table, uint32_t index) {
-    return static_cast<char *>(tbl_GetPointer(table, index));
+char *table_GetText(const UomTable *table, uint32_t index) {
+    return static_cast<char *>(table_GetPointer(table, index));
 }
 
-void *tbl_GetPointer(const UomTable *table, uint32_t index) {
-    return toPointer(tbl_Get(table, index));
+void *table_GetPointer(const UomTable *table, uint32_t index) {
+    return toPointer(table_Get(table, index));
 }
 
 static void storeText(UomTable *table, uint32_t index, const char *text) {
     char *copy = nullptr;
     mem_DupText(&copy, text);
-    mem_Free(tbl_GetPointer(table, index));
+    mem_Free(table_GetPointer(table, index));
     writeAs(table, index, reinterpret_cast<uintptr_t>(copy));
 }
 
-void tbl_Store(UomTable *table, uint32_t index, double value, int32_t owning) {
+void table_Store(UomTable *table, uint32_t index, double value, int32_t owning) {
     if (!table || !table->data)
         return;
     switch (table->kind) {
@@ -164,8 +167,8 @@ void tbl_Store(UomTable *table, uint32_t index, double value, int32_t owning) {
     case TABLE_DOUBLE:
         return writeAs(table, index, value);
     case TABLE_OWNED:
-        if (owning && tbl_GetPointer(table, index) != toPointer(value))
-            mem_Free(tbl_GetPointer(table, index));
+        if (owning && table_GetPointer(table, index) != toPointer(value))
+            mem_Free(table_GetPointer(table, index));
         return writeAs(table, index, toSigned64(value));
     default:
         return;
@@ -184,28 +187,28 @@ static int32_t put(UomTable *table, uint32_t index, double value) {
     const bool text = table->kind == TABLE_TEXT;
     if (text && mem_DupText(&copy, static_cast<const char *>(toPointer(value))) != 0)
         return 0;
-    if (index >= table->count && !tbl_Resize(table, index + 1)) {
+    if (index >= table->count && !table_Resize(table, index + 1)) {
         mem_Free(copy);
         return 0;
     }
     if (!text) {
-        tbl_Store(table, index, value, 1);
+        table_Store(table, index, value, 1);
         return 1;
     }
-    mem_Free(tbl_GetPointer(table, index));
-    tbl_Store(table, index, ofPointer(copy), 0);
+    mem_Free(table_GetPointer(table, index));
+    table_Store(table, index, ofPointer(copy), 0);
     return 1;
 }
 
-int32_t tbl_PutNumber(UomTable *table, uint32_t index, double value) {
+int32_t table_PutNumber(UomTable *table, uint32_t index, double value) {
     return put(table, index, value);
 }
 
-int32_t tbl_PutText(UomTable *table, uint32_t index, const char *text) {
+int32_t table_PutText(UomTable *table, uint32_t index, const char *text) {
     return put(table, index, ofPointer(text));
 }
 
-int32_t tbl_PutPointer(UomTable *table, uint32_t index, uint64_t value) {
+int32_t table_PutPointer(UomTable *table, uint32_t index, uint64_t value) {
     return put(table, index, static_cast<double>(value));
 }
 
@@ -229,7 +232,7 @@ static void emptyTable(UomTable *table) {
     table->count = 0;
 }
 
-int32_t tbl_Resize(UomTable *table, uint32_t count) {
+int32_t table_Resize(UomTable *table, uint32_t count) {
     if (!table)
         return 0;
     if (count == 0) {
@@ -252,7 +255,7 @@ int32_t tbl_Resize(UomTable *table, uint32_t count) {
     return 1;
 }
 
-void tbl_Remove(UomTable *table, uint32_t index, uint32_t n) {
+void table_Remove(UomTable *table, uint32_t index, uint32_t n) {
     if (!table || index >= table->count || n == 0)
         return;
     if (n > table->count - index)
@@ -270,11 +273,11 @@ void tbl_Remove(UomTable *table, uint32_t index, uint32_t n) {
         table->count = kept;
 }
 
-void tbl_Insert(UomTable *table, uint32_t index, uint32_t n) {
+void table_Insert(UomTable *table, uint32_t index, uint32_t n) {
     if (!table || n == 0)
         return;
     if (index > table->count) {
-        if (index == TABLE_APPEND || !tbl_Resize(table, index + 1))
+        if (index == TABLE_APPEND || !table_Resize(table, index + 1))
             return;
         const uint32_t first = n < index ? index - n : 0;
         freeElements(table, first, index - first + 1);
@@ -282,15 +285,15 @@ void tbl_Insert(UomTable *table, uint32_t index, uint32_t n) {
         return;
     }
     const uint32_t old = table->count;
-    if (n > TABLE_APPEND - old || !tbl_Resize(table, old + n))
+    if (n > TABLE_APPEND - old || !table_Resize(table, old + n))
         return;
     std::memmove(element(table, index + n), element(table, index), static_cast<size_t>(old - index) * table->width);
     std::memset(element(table, index), 0, static_cast<size_t>(n) * table->width);
 }
 
-int32_t tbl_Find(const UomTable *table, double value) {
-    for (uint32_t i = 0; i < tbl_Count(table); ++i)
-        if (tbl_Compare(table, tbl_Get(table, i), value) == 0)
+int32_t table_Find(const UomTable *table, double value) {
+    for (uint32_t i = 0; i < table_Count(table); ++i)
+        if (table_Compare(table, table_Get(table, i), value) == 0)
             return static_cast<int32_t>(i);
     return -1;
 }
@@ -305,7 +308,7 @@ static int32_t orderTexts(const char *a, const char *b) {
     return order(std::strcmp(a, b), 0);
 }
 
-int32_t tbl_Compare(const UomTable *table, double a, double b) {
+int32_t table_Compare(const UomTable *table, double a, double b) {
     if (!table)
         return 0;
     switch (table->kind) {
@@ -341,16 +344,16 @@ int32_t tbl_Compare(const UomTable *table, double a, double b) {
 
 static void sortWithGap(UomTable *table, uint32_t gap) {
     for (uint32_t i = gap; i < table->count; ++i) {
-        const double moving = tbl_Get(table, i);
+        const double moving = table_Get(table, i);
         uint32_t place = i;
-        for (; place >= gap && tbl_Compare(table, tbl_Get(table, place - gap), moving) > 0; place -= gap)
-            tbl_Store(table, place, tbl_Get(table, place - gap), 0);
-        tbl_Store(table, place, moving, 0);
+        for (; place >= gap && table_Compare(table, table_Get(table, place - gap), moving) > 0; place -= gap)
+            table_Store(table, place, table_Get(table, place - gap), 0);
+        table_Store(table, place, moving, 0);
     }
 }
 
-void tbl_Sort(UomTable *table) {
-    if (tbl_Count(table) < 2)
+void table_Sort(UomTable *table) {
+    if (table_Count(table) < 2)
         return;
     uint64_t gap = 1;
     if (table->count >= 20) {
@@ -364,8 +367,8 @@ void tbl_Sort(UomTable *table) {
         sortWithGap(table, static_cast<uint32_t>(gap));
 }
 
-char **tbl_ToTextArray(const UomTable *table) {
-    if (tbl_Count(table) == 0 || table->kind != TABLE_TEXT)
+char **table_ToTextArray(const UomTable *table) {
+    if (table_Count(table) == 0 || table->kind != TABLE_TEXT)
         return nullptr;
     void *block = nullptr;
     if (mem_Calloc(&block, size_t{table->count} + 1, sizeof(char *)) != 0)
@@ -373,19 +376,21 @@ char **tbl_ToTextArray(const UomTable *table) {
     char **texts = static_cast<char **>(block);
     for (uint32_t i = 0; i < table->count; ++i) {
         // An element without a text would end the array, so it becomes an empty one.
-        const char *text = tbl_GetText(table, i);
+        const char *text = table_GetText(table, i);
         if (mem_DupText(&texts[i], text ? text : "") != 0) {
-            tbl_FreeTextArray(texts);
+            table_FreeTextArray(texts);
             return nullptr;
         }
     }
     return texts;
 }
 
-void tbl_FreeTextArray(char **texts) {
+void table_FreeTextArray(char **texts) {
     if (!texts)
         return;
     for (char **text = texts; *text; ++text)
         mem_Free(*text);
     mem_Free(texts);
 }
+
+} // namespace uom

@@ -7,6 +7,8 @@
 
 #include "uom/uom.h"
 
+namespace uom {
+
 enum TableKind : int32_t {
     TABLE_INT8 = UOM_KIND_INT8,
     TABLE_UINT8 = UOM_KIND_UINT8,
@@ -27,24 +29,46 @@ constexpr uint32_t TABLE_APPEND = UOM_APPEND;
 
 static_assert(sizeof(void *) == 8, "Tables hold pointers in elements of 64 bits: build for a 64-bit machine.");
 
-inline uint32_t tbl_Count(const UomTable *table) {
+inline uint32_t table_Count(const UomTable *table) {
     return table ? table->count : 0;
 }
 
 // The record or text that a 64-bit element points to, null past the end.
-template <class Record> Record *tbl_Record(const UomTable *table, int64_t index) {
+template <class Record> Record *table_Record(const UomTable *table, int64_t index) {
     if (!table || index < 0 || index >= table->count || table->width != 8)
         return nullptr;
     return static_cast<Record **>(table->data)[index];
 }
 
-// The records of a table of 64-bit elements, all `tbl_Count` of them, for a walk; null for an empty table.
-template <class Record> Record *const *tbl_Records(const UomTable *table) {
+// The records of a table of 64-bit elements, all `table_Count` of them, for a walk; null for an empty table.
+template <class Record> Record *const *table_Records(const UomTable *table) {
     return table && table->width == 8 ? static_cast<Record *const *>(table->data) : nullptr;
 }
 
-inline int32_t tbl_PutRecord(UomTable *table, uint32_t index, const void *record) {
-    return tbl_PutPointer(table, index, reinterpret_cast<uintptr_t>(record));
+// As the tbl_ operations of uom.h.
+UomTable *table_Create(uint32_t count, int32_t kind);
+void table_Free(UomTable *table);
+UomTable *table_Copy(const UomTable *table);
+double table_Get(const UomTable *table, uint32_t index);
+char *table_GetText(const UomTable *table, uint32_t index);
+void *table_GetPointer(const UomTable *table, uint32_t index);
+void table_Store(UomTable *table, uint32_t index, double value, int32_t owning);
+int32_t table_PutNumber(UomTable *table, uint32_t index, double value);
+int32_t table_PutText(UomTable *table, uint32_t index, const char *text);
+int32_t table_PutPointer(UomTable *table, uint32_t index, uint64_t value);
+int32_t table_Resize(UomTable *table, uint32_t count);
+void table_Remove(UomTable *table, uint32_t index, uint32_t n);
+void table_Insert(UomTable *table, uint32_t index, uint32_t n);
+int32_t table_Find(const UomTable *table, double value);
+int32_t table_Compare(const UomTable *table, double a, double b);
+void table_Sort(UomTable *table);
+char **table_ToTextArray(const UomTable *table);
+void table_FreeTextArray(char **texts);
+
+inline int32_t table_PutRecord(UomTable *table, uint32_t index, const void *record) {
+    return table_PutPointer(table, index, reinterpret_cast<uintptr_t>(record));
 }
+
+} // namespace uom
 
 #endif

@@ -1,8 +1,11 @@
+
 #include "support/text.h"
 
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+
+namespace uom {
 
 static bool isBadSize(const char *out, size_t size) {
     return !out || size == 0 || size > 0x7FFFFFFF;
@@ -167,3 +170,5 @@ size_t str_RemoveBlanks(char *out, size_t size, std::string_view source) {
     out[length] = '\0';
     return length;
 }
+
+} // namespace uom

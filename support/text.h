@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace uom {
+
 // Copies at most size - 1 characters and always terminates; null source copies as empty. 0, or 1 for a bad
 // destination. Truncation is no error.
 int32_t str_CopyBounded(char *out, size_t size, const char *source);
@@ -109,5 +111,7 @@ size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
 inline std::string_view str_Head(std::string_view text, size_t count) {
     return std::string_view(text.data(), count < text.size() ? count : text.size());
 }
+
+} // namespace uom
 
 #endif

@@ -13,12 +13,25 @@
 #include <string>
 #include <vector>
 
+#include "api/state.h"
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "support/memory.h"
+#include "support/message.h"
 #include "support/text.h"
 #include "uom/uom.h"
 #include "uomstruct/chain.h"
+
+using namespace uom;
+
+// The catalogue that is under test: the default one.
+inline Catalogue &catalogue() {
+    return state_Default();
+}
+
+// What the conversions of this thread leave behind.
+inline Running &running() {
+    return state_Scratch().running;
+}
 
 // Values as one text, blanks between.
 template <class... Values> std::string joined(const Values &...values) {
@@ -93,7 +106,7 @@ public:
         return lines;
     }
     static UomTable *tableOf(const Lines &texts) {
-        UomTable *table = tbl_Create(0, TABLE_TEXT);
+        UomTable *table = tbl_Create(0, UOM_KIND_TEXT);
         for (const std::string &text : texts)
             tbl_PutText(table, 0xFFFFFFFF, text.c_str());
         return table;
@@ -125,15 +138,18 @@ protected:
     // Back to the state at load, whatever start-up came to: what a failed one left goes with a good one.
     void stop() {
         memReallocate = std::realloc;
-        if (uomInitDone == 0 && (uomClassTable || uomSlateTable)) {
+        Catalogue &all = catalogue();
+        if (!all.started && (all.classes.rows || all.slates.records)) {
             EXPECT_EQ(startWith("ENDUOMLIST\n"), 0);
         }
         uom_Cleanup();
-        std::copy(rowsAtLoad.begin(), rowsAtLoad.end(), std::begin(uomStaticRows));
-        uomMoleQuantity = -1;
-        defaultScanClassStyle = defaultScanUOMStyle = defaultDisplayStyle = 1;
-        uomDataFile[0] = uomLastError[0] = '\0';
-        uomClassCount = uomUnitCount = uomApiPending = uomCurrentSet = 0;
+        all.modes = {};
+        all.styles = {};
+        all.dataFile[0] = '\0';
+        error_Clear();
+        state_Scratch().running.apiPending = 0;
+        all.classes.copied = false;
+        all.classes.count = all.units.count = all.slates.currentRoot = 0;
         std::remove(path.c_str());
     }
     int32_t startFile(const std::string &file, const Words &words = {}) {
@@ -149,9 +165,6 @@ protected:
     }
 
     const std::string path = testing::TempDir() + "uom_" + std::to_string(getpid()) + ".txt"; // of startWith's file
-
-private:
-    static inline const std::vector<UomClassRow> rowsAtLoad{std::begin(uomStaticRows), std::end(uomStaticRows)};
 };
 
 // The same, started with the shipped file in the mode that goes by default.
@@ -173,7 +186,7 @@ struct Chain {
         auto unit = units.begin();
         for (UomStruct at = head; at && unit != units.end(); at = at->next)
             if (at->classId != CLASS_OPEN && at->classId != CLASS_CLOSE)
-                chain_SetUnit(at, uom_GetUnitType(*unit++));
+                chain_SetUnit(catalogue(), at, uom_GetUnitType(*unit++));
         EXPECT_EQ(unit, units.end()) << classString << " has fewer nodes";
     }
     ~Chain() { uom_Free(&head); }

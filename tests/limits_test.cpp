@@ -91,14 +91,14 @@ TEST_F(LimitsTest, GreatExponents) {
     const int32_t most = INT32_MAX;
     const Chain c("Temp 2147483647"), k("Temp 2147483647"), group("(Temp) 2147483647"), groupK("(Temp) 2147483647");
     for (const Chain *chain : {&c, &group})
-        chain_SetUnit(chain->head->next ? chain->head->next : chain->head, unitOf("C"));
+        chain_SetUnit(catalogue(), chain->head->next ? chain->head->next : chain->head, unitOf("C"));
     for (const Chain *chain : {&k, &groupK})
-        chain_SetUnit(chain->head->next ? chain->head->next : chain->head, unitOf("K"));
+        chain_SetUnit(catalogue(), chain->head->next ? chain->head->next : chain->head, unitOf("K"));
     EXPECT_DOUBLE_EQ(uom_ConvertFromTo(1, c.head, k.head), 1 + (1.0 + most) * 273.15);
-    EXPECT_EQ(uomRunLinear, 1);
+    EXPECT_EQ(running().linear, 1);
     // What would take more than ten million rounds is no value.
     EXPECT_EQ(uom_ConvertFromTo(1, group.head, groupK.head), -1.5e35);
-    EXPECT_EQ(uomRunLinear, 0);
+    EXPECT_EQ(running().linear, 0);
     ASSERT_EQ(uom_SetConvConstants(unitOf("ft"), 0, 1 + 1e-9), 0);
     double value = 1, factor, offset;
     EXPECT_EQ(uoms_ConvertArray(&value, 1, "Leng 9999000", "ft9999000", "m9999000"), 0);
@@ -226,44 +226,51 @@ TEST_F(LimitsTest, NullAndBadArguments) {
     char out[8] = "#######";
     const char *const none = nullptr;
     int32_t count = -7, pair[2] = {-7, -7};
-    EXPECT_EQ("0 0 0 0 0", joined(uoms_GetClassUnitPairs("Leng", "m", nullptr) != nullptr,
-                                  uoms_GetClassUnitPairs(nullptr, "m", &count) != nullptr,
-                                  uoms_GetClassUnitPairs("Leng", "", &count) != nullptr,
-                                  uoms_GetClassUnitPairs("Leng", "lb", &count) != nullptr, count));
-    EXPECT_EQ("1 1 1 2", joined(uoms_PutClassUnitPairs("Leng", &none, "token", 0, out),
-                                uoms_PutClassUnitPairs("", &none, "token", 8, out),
-                                uoms_PutClassUnitPairs("Leng", nullptr, "token", 8, out),
-                                uoms_PutClassUnitPairs("nosuch", &none, "token", 8, out)));
-    EXPECT_EQ("1 1", joined(uoms_GetClassWithBasis(nullptr, "Mass", 8, out),
-                            uoms_GetClassWithBasis("Rate", "Mass", 8, nullptr)));
-    EXPECT_EQ(UOM_NULL, uoms_GetBasisWord("Rate", "lb/hr", 0, out));
-    EXPECT_EQ("1 1 1",
-              joined(uoms_FormatUnits(nullptr, "m", "token", 8, out), uoms_FormatUnits("Leng", "", "token", 8, out),
-                     uoms_FormatUnits("Leng", "m", "token", 8, nullptr)));
-    EXPECT_EQ("2 1 2 1", joined(uoms_GetComponentClass(nullptr, 8, out), uoms_GetComponentClass("Leng", 8, out),
-                                uoms_GetClassDefinition("Leng", 8, out), uoms_GetClassDefinition("nosuch", 8, out)));
-    EXPECT_EQ("1 1 2",
-              joined(uoms_GetClassStringInStyle("Leng", "", 8, out), uoms_GetClassStringInStyle("", "token", 8, out),
-                     uoms_GetClassStringInStyle("nosuch", "token", 8, out)));
-    EXPECT_EQ("1 1 1 1", joined(uoms_GetClassListName("nosuch", 8, out), uoms_GetClassListName("Leng", 0, out),
-                                uoms_GetClassNote("nosuch", 8, out), uoms_GetClassNote("Leng", 8, nullptr)));
-    EXPECT_EQ("1 1 1 1", joined(uoms_GetSetParent("SI", 0, out), uoms_GetSetParent("SI", 8, nullptr),
-                                uoms_GetSetRoot("SI", 0, out), uoms_GetSetRoot("nosuch", 8, out)));
+    EXPECT_EQ("0 0 0 0 0", joined(uoms_GetClassUnitPairs(catalogue(), "Leng", "m", nullptr) != nullptr,
+                                  uoms_GetClassUnitPairs(catalogue(), nullptr, "m", &count) != nullptr,
+                                  uoms_GetClassUnitPairs(catalogue(), "Leng", "", &count) != nullptr,
+                                  uoms_GetClassUnitPairs(catalogue(), "Leng", "lb", &count) != nullptr, count));
+    EXPECT_EQ("1 1 1 2", joined(uoms_PutClassUnitPairs(catalogue(), "Leng", &none, "token", 0, out),
+                                uoms_PutClassUnitPairs(catalogue(), "", &none, "token", 8, out),
+                                uoms_PutClassUnitPairs(catalogue(), "Leng", nullptr, "token", 8, out),
+                                uoms_PutClassUnitPairs(catalogue(), "nosuch", &none, "token", 8, out)));
+    EXPECT_EQ("1 1", joined(uoms_GetClassWithBasis(catalogue(), nullptr, "Mass", 8, out),
+                            uoms_GetClassWithBasis(catalogue(), "Rate", "Mass", 8, nullptr)));
+    EXPECT_EQ(UOM_NULL, uoms_GetBasisWord(catalogue(), "Rate", "lb/hr", 0, out));
+    EXPECT_EQ("1 1 1", joined(uoms_FormatUnits(catalogue(), nullptr, "m", "token", 8, out),
+                              uoms_FormatUnits(catalogue(), "Leng", "", "token", 8, out),
+                              uoms_FormatUnits(catalogue(), "Leng", "m", "token", 8, nullptr)));
+    EXPECT_EQ("2 1 2 1", joined(uoms_GetComponentClass(catalogue(), nullptr, 8, out),
+                                uoms_GetComponentClass(catalogue(), "Leng", 8, out),
+                                uoms_GetClassDefinition(catalogue(), "Leng", 8, out),
+                                uoms_GetClassDefinition(catalogue(), "nosuch", 8, out)));
+    EXPECT_EQ("1 1 2", joined(uoms_GetClassStringInStyle(catalogue(), "Leng", "", 8, out),
+                              uoms_GetClassStringInStyle(catalogue(), "", "token", 8, out),
+                              uoms_GetClassStringInStyle(catalogue(), "nosuch", "token", 8, out)));
+    EXPECT_EQ("1 1 1 1", joined(uoms_GetClassListName(catalogue(), "nosuch", 8, out),
+                                uoms_GetClassListName(catalogue(), "Leng", 0, out),
+                                uoms_GetClassNote(catalogue(), "nosuch", 8, out),
+                                uoms_GetClassNote(catalogue(), "Leng", 8, nullptr)));
+    EXPECT_EQ("1 1 1 1",
+              joined(uoms_GetSetParent(catalogue(), "SI", 0, out), uoms_GetSetParent(catalogue(), "SI", 8, nullptr),
+                     uoms_GetSetRoot(catalogue(), "SI", 0, out), uoms_GetSetRoot(catalogue(), "nosuch", 8, out)));
     for (const auto &ask : {uoms_GetSetParent, uoms_GetSetRoot}) { // room for the end of a text alone
         str_CopyBounded(out, sizeof out, "same");
-        EXPECT_EQ(0, ask("SI", 1, out));
+        EXPECT_EQ(0, ask(catalogue(), "SI", 1, out));
         EXPECT_STREQ("", out);
     }
-    EXPECT_EQ("0 0 0 0", joined(uoms_IsSetDerivedFrom("", "SI"), uoms_IsSetDerivedFrom("SI", nullptr),
-                                uoms_IsSetDerivedFrom("SI", "nosuch"), uoms_IsSetDerivedFrom("nosuch", "SI")));
+    EXPECT_EQ("0 0 0 0",
+              joined(uoms_IsSetDerivedFrom(catalogue(), "", "SI"), uoms_IsSetDerivedFrom(catalogue(), "SI", nullptr),
+                     uoms_IsSetDerivedFrom(catalogue(), "SI", "nosuch"),
+                     uoms_IsSetDerivedFrom(catalogue(), "nosuch", "SI")));
     str_CopyBounded(out, sizeof out, "same");
-    uoms_GetInheritedSetProperty("GaugePresBasis", "SI", out, 0);
+    uoms_GetInheritedSetProperty(catalogue(), "GaugePresBasis", "SI", out, 0);
     EXPECT_STREQ("same", out);
-    uoms_GetInheritedSetProperty("isSystem", "SI", out, 8);
+    uoms_GetInheritedSetProperty(catalogue(), "isSystem", "SI", out, 8);
     EXPECT_STREQ("", out);
     EXPECT_EQ("-1 1 1", joined(uoms_PutSetBasedOn("nosuch", "SI"), uoms_ClearSet("nosuch"), uoms_ClearSet(nullptr)));
     uoms_RenameSet("SI", "Metric"), uoms_RenameSet("SI", nullptr), uoms_RenameSet("nosuch", "New");
-    EXPECT_STREQ("SI", slate_Record(UOM_SET_SI)->name) << "the name was taken, or none at all";
+    EXPECT_STREQ("SI", slate_Record(catalogue(), UOM_SET_SI)->name) << "the name was taken, or none at all";
     for (int32_t put = 0; put < 4; ++put) {
         double factor = 7, offset = 7;
         EXPECT_EQ(0, uom_GetConvConstants(unitOf("ft"), put & 1 ? &offset : nullptr, put & 2 ? &factor : nullptr));

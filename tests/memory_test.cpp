@@ -2,7 +2,7 @@
 // leaks nothing.
 #include <cerrno>
 
-#include "catalogue/startup.h"
+#include "loading/startup.h"
 #include "report/report.h"
 #include "slates/lists.h"
 #include "slates/properties.h"
@@ -100,7 +100,7 @@ TEST_F(MemoryTest, StartUp) {
             EXPECT_EQ(difference(snapshot(), whole), "");
             uom_Cleanup();
         } else {
-            EXPECT_EQ(joined(status, uomInitDone), "11 0");
+            EXPECT_EQ(joined(status, catalogue().started), "11 0");
             EXPECT_NE(lastError().find("emory"), std::string::npos) << lastError();
         }
         ASSERT_EQ(startSmall(), 0); // the next one mends it
@@ -206,7 +206,7 @@ TEST_F(MemoryTest, ScenariosLeaveNothingBehind) {
                 ASSERT_EQ(uom_DeleteSet(UOM_SET_MAX - 1), 0);
             for (const char *name : {"Flux", "Load"}) // what could not be deleted then, can be now
                 EXPECT_TRUE(uom_GetClassType(name, 1) <= 0 || uoms_DeleteClass(name) == 0);
-            if (uom_GetUOMClassCount() > classes && !class_Row(classes)) {
+            if (uom_GetUOMClassCount() > classes && !class_Row(catalogue(), classes)) {
                 classes = uom_GetUOMClassCount();
                 before = snapshot();
             }
@@ -256,7 +256,7 @@ TEST_F(MemoryTest, FailedStartsLeaveNothingForGood) {
     EXPECT_EQ(uom_GetSetType("Only"), -1);
     uom_Cleanup();
     EXPECT_EQ(startWith(broken), 2);
-    startup_FreeAll();
+    startup_FreeAll(catalogue());
     EXPECT_EQ(live(), 0);
 }
 
@@ -300,12 +300,12 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
         [&] { return table(uom_GetUnitList(CLASS_TEMP)); },
         [&] { return table(uom_GetKnownUnits()); },
         [&] { return table(uom_GetKnownLists()); },
-        [&] { return array(uoms_GetSetNames); },
-        [&] { return array(uoms_GetCommonListNames); },
+        [&] { return array([](int32_t *n) { return uoms_GetSetNames(catalogue(), n); }); },
+        [&] { return array([](int32_t *n) { return uoms_GetCommonListNames(catalogue(), n); }); },
         [&] { return array(uoms_GetSetPropertyList); },
         [&] { return array(uoms_GetServerPropertyList); },
-        [&] { return array([](int32_t *n) { return uoms_GetClassTextList("token", n); }); },
-        [&] { return array([](int32_t *n) { return uoms_GetClassUnitPairs("Density", "lb/ft3", n); }); },
+        [&] { return array([](int32_t *n) { return uoms_GetClassTextList(catalogue(), "token", n); }); },
+        [&] { return array([](int32_t *n) { return uoms_GetClassUnitPairs(catalogue(), "Density", "lb/ft3", n); }); },
         [&] { return table(uom_GetSetList()); },
         [&] { return table(uom_GetClassList(1)); },
         [&] { return table(tbl_Copy(texts.table)); },
@@ -316,7 +316,7 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
             reader_Free(reader);
             return text;
         },
-        [&] { return array([](int32_t *n) { return uoms_GetUOMList("Mass", n); }); },
+        [&] { return array([](int32_t *n) { return uoms_GetUOMList(catalogue(), "Mass", n); }); },
         [&] { return chain(uoms_New("(Mass Leng) 2 / Rate")); },
         [&] { return chain(uom_CreateStruct(CLASS_RATE, 1, nullptr)); },
         [&] { return chain(uom_StringToStruct("lb/hr", CLASS_RATE, 1)); },

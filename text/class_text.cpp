@@ -5,13 +5,17 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "support/memory.h"
 #include "support/numbers.h"
 #include "support/table.h"
 #include "support/text.h"
 #include "text/styles.h"
+#include "text/unit_text.h"
 #include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+#include "uomstruct/unit_string.h"
+
+namespace uom {
 
 namespace {
 
@@ -19,6 +23,7 @@ constexpr int32_t MAX_GROUPS = 32; // deeper ones restore a sign of +1
 constexpr size_t NAME_SIZE = 256;
 
 struct ClassPrinter {
+    const Catalogue &catalogue;
     TextWriter writer;
     int32_t style;
     ClosingNodes closings;
@@ -77,9 +82,9 @@ void printClose(ClassPrinter &printer, const UomStructNode *node) {
 
 // "(Mass)" directly behind a class with a basis, which reads back as its basis.
 void printBasis(ClassPrinter &printer, UomStruct node) {
-    const UomStructNode *basis = uom_FindStructClass(node, CLASS_BASIS);
+    const UomStructNode *basis = chain_FindClass(node, CLASS_BASIS);
     char unit[NAME_SIZE];
-    uom_GetUnitText(basis ? basis->unit : UOM_NULL, unit, sizeof unit, printer.style);
+    uom_GetUnitText(printer.catalogue, basis ? basis->unit : NO_UNIT, unit, sizeof unit, printer.style);
     if (!*unit)
         return;
     write(printer, "(");
@@ -88,14 +93,14 @@ void printBasis(ClassPrinter &printer, UomStruct node) {
 }
 
 void printClass(ClassPrinter &printer, UomStruct node) {
-    const UomClassRow *row = class_ValidRow(node->classId);
+    const UomClassRow *row = class_ValidRow(printer.catalogue, node->classId);
     if (row && class_IsComposite(*row) && node->tag != TAG_COMPONENT)
         return; // printed at its first node
     writeSign(printer, node->exponent);
     char name[NAME_SIZE];
-    uom_GetClassText(node->classId, name, sizeof name, printer.style);
+    uom_GetClassText(printer.catalogue, node->classId, name, sizeof name, printer.style);
     write(printer, name);
-    if (uom_ClassHasBasis(node->classId))
+    if (uom_ClassHasBasis(printer.catalogue, node->classId))
         printBasis(printer, node);
     const int64_t power = num_Magnitude(node->exponent);
     char piece[32] = " ";
@@ -105,16 +110,17 @@ void printClass(ClassPrinter &printer, UomStruct node) {
     printer.atStart = false;
 }
 
-const UomClassRow *tokenRow(const char *classText) {
-    return class_ValidRow(class_Find(classText, STYLE_TOKEN));
+const UomClassRow *tokenRow(const Catalogue &catalogue, const char *classText) {
+    return class_ValidRow(catalogue, class_Find(catalogue, classText, STYLE_TOKEN));
 }
 
 } // namespace
 
-void uom_BuildClassString(UomStruct chain, char *out, int32_t size, int32_t style) {
+void uom_BuildClassString(const Catalogue &catalogue, UomStruct chain, char *out, int32_t size, int32_t style) {
     if (!out || size < 2)
         return;
-    ClassPrinter printer = {TextWriter(out, static_cast<size_t>(size)), style_Effective(style), ClosingNodes(chain)};
+    ClassPrinter printer = {catalogue, TextWriter(out, static_cast<size_t>(size)), style_Effective(catalogue, style),
+                            ClosingNodes(chain)};
     for (UomStruct node = chain; node; node = node->next) {
         if (node->classId == CLASS_OPEN)
             printOpen(printer, node);
@@ -133,32 +139,33 @@ void chain_ToComponents(UomStruct chain) {
     }
 }
 
-int32_t uoms_GetComponentClass(const char *classString, int32_t size, char *out) {
+int32_t uoms_GetComponentClass(const Catalogue &catalogue, const char *classString, int32_t size, char *out) {
     str_Open(out, size);
-    const ScopedChain chain(uoms_New(classString));
+    const ScopedChain chain(uoms_New(catalogue, classString));
     if (!chain.chain)
         return 2;
-    const UomClassRow *row = class_ValidRow(chain.chain->classId);
+    const UomClassRow *row = class_ValidRow(catalogue, chain.chain->classId);
     if (!row || !class_IsComposite(*row))
         return 1;
     chain_ToComponents(chain.chain);
-    uom_BuildClassString(chain.chain, out, size, STYLE_TOKEN);
+    uom_BuildClassString(catalogue, chain.chain, out, size, STYLE_TOKEN);
     return 0;
 }
 
-int32_t uoms_GetClassStringInStyle(const char *classString, const char *styleName, int32_t size, char *out) {
+int32_t uoms_GetClassStringInStyle(const Catalogue &catalogue, const char *classString, const char *styleName,
+                                   int32_t size, char *out) {
     if (!str_Open(out, size) || str_IsEmpty(classString) || str_IsEmpty(styleName))
         return 1;
-    const ScopedChain chain(uoms_New(classString));
+    const ScopedChain chain(uoms_New(catalogue, classString));
     if (!chain.chain)
         return 2;
-    uom_BuildClassString(chain.chain, out, size, uom_StyleFromName(styleName, nullptr));
+    uom_BuildClassString(catalogue, chain.chain, out, size, uom_StyleFromName(styleName, nullptr));
     return 0;
 }
 
-char **uoms_GetClassTextList(const char *styleName, int32_t *count) {
+char **uoms_GetClassTextList(const Catalogue &catalogue, const char *styleName, int32_t *count) {
     void *block = nullptr;
-    const size_t rows = tbl_Count(uomClassTable);
+    const size_t rows = table_Count(catalogue.classes.rows);
     const int32_t style = uom_StyleFromName(styleName, nullptr);
     if (count)
         *count = 0;
@@ -166,13 +173,13 @@ char **uoms_GetClassTextList(const char *styleName, int32_t *count) {
         return nullptr;
     char **texts = static_cast<char **>(block);
     for (size_t i = 0; i < rows; ++i) {
-        const UomClassRow *row = class_Row(static_cast<int32_t>(i));
+        const UomClassRow *row = class_Row(catalogue, static_cast<int32_t>(i));
         const char *text = !row || i == 0             ? nullptr
                            : style == STYLE_KEYWORD   ? row->keyword
                            : style == STYLE_LONG_NAME ? row->name
                                                       : row->token;
         if (mem_DupText(&texts[i], text ? text : "") != 0) {
-            tbl_FreeTextArray(texts);
+            table_FreeTextArray(texts);
             return nullptr;
         }
     }
@@ -181,28 +188,28 @@ char **uoms_GetClassTextList(const char *styleName, int32_t *count) {
     return texts;
 }
 
-int32_t uoms_GetClassListName(const char *classText, int32_t size, char *out) {
-    const UomClassRow *row = str_Open(out, size) ? tokenRow(classText) : nullptr;
+int32_t uoms_GetClassListName(const Catalogue &catalogue, const char *classText, int32_t size, char *out) {
+    const UomClassRow *row = str_Open(out, size) ? tokenRow(catalogue, classText) : nullptr;
     if (!row)
         return 1;
     str_CopyBounded(out, static_cast<size_t>(size), str_IsEmpty(row->listName) ? classText : row->listName);
     return 0;
 }
 
-int32_t uoms_GetClassNote(const char *classText, int32_t size, char *out) {
-    const UomClassRow *row = str_Open(out, size) ? tokenRow(classText) : nullptr;
+int32_t uoms_GetClassNote(const Catalogue &catalogue, const char *classText, int32_t size, char *out) {
+    const UomClassRow *row = str_Open(out, size) ? tokenRow(catalogue, classText) : nullptr;
     if (!row)
         return 1;
     str_CopyBounded(out, static_cast<size_t>(size), row->note);
     return 0;
 }
 
-int32_t uoms_GetClassDefinition(const char *classString, int32_t size, char *out) {
+int32_t uoms_GetClassDefinition(const Catalogue &catalogue, const char *classString, int32_t size, char *out) {
     str_Open(out, size);
-    const ScopedChain chain(uoms_New(classString));
+    const ScopedChain chain(uoms_New(catalogue, classString));
     if (!chain.chain)
         return 1;
-    const UomClassRow *row = class_ValidRow(chain.chain->classId);
+    const UomClassRow *row = class_ValidRow(catalogue, chain.chain->classId);
     if (!row || str_IsEmpty(row->definition))
         return 2;
     if (out && size > 0)
@@ -210,6 +217,8 @@ int32_t uoms_GetClassDefinition(const char *classString, int32_t size, char *out
     return 0;
 }
 
-int32_t uoms_IsClassToken(const char *text) {
-    return class_Find(text, STYLE_TOKEN) != CLASS_NONE ? 1 : UOM_NULL;
+int32_t uoms_IsClassToken(const Catalogue &catalogue, const char *text) {
+    return class_Find(catalogue, text, STYLE_TOKEN) != CLASS_NONE ? 1 : NO_UNIT;
 }
+
+} // namespace uom

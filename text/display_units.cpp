@@ -1,16 +1,21 @@
 // The text of a filled chain, "kPa/(m3/sec)2", in any style. Each node gives one piece; a few running values decide on
 // "/", "-", a blank, a leading "1" and parentheses. A "/" stands at each change of sign of the exponents, so that the
 // text reads back to the same chain.
+#include "text/display_units.h"
+
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "support/numbers.h"
+#include "support/table.h"
 #include "support/text.h"
 #include "text/styles.h"
+#include "text/unit_text.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/unit_scan.h"
+
+namespace uom {
 
 namespace {
 
@@ -27,6 +32,7 @@ struct Level {
 
 // The running values of one call.
 struct UnitPrinter {
+    const Catalogue &catalogue;
     TextWriter writer;
     int32_t style;
     ClosingNodes closings;
@@ -111,13 +117,13 @@ struct CompositeShape {
     bool mixedSigns; // two neighbours have exponents of opposite sign
 };
 
-CompositeShape shapeOf(const UomStructNode *first) {
-    const int32_t nodes = uom_GetUnitMax(first->classId);
+CompositeShape shapeOf(const Catalogue &catalogue, const UomStructNode *first) {
+    const int32_t nodes = uom_GetUnitMax(catalogue, first->classId);
     CompositeShape shape = {first, 0, 0, false};
     const UomStructNode *previous = nullptr;
     for (const UomStructNode *node = first; node && shape.nodes < nodes; node = node->next) {
         ++shape.nodes;
-        shape.units += node->unit != UOM_NULL;
+        shape.units += node->unit != NO_UNIT;
         if (previous && changesSign(previous->baseExponent, node->baseExponent))
             shape.mixedSigns = true;
         previous = shape.lastNode = node;
@@ -135,7 +141,7 @@ bool needsParentheses(const UomStructNode *first, const CompositeShape &shape) {
 }
 
 void printCompositeHead(UnitPrinter &printer, const UomStructNode *first) {
-    const CompositeShape shape = shapeOf(first);
+    const CompositeShape shape = shapeOf(printer.catalogue, first);
     const bool parenthesised = needsParentheses(first, shape);
     push(printer, {first->exponent, parenthesised, shape.lastNode});
     const bool below = changesSign(printer.lastExponent, first->exponent);
@@ -163,8 +169,8 @@ void endComposite(UnitPrinter &printer, const UomStructNode *node) {
 
 // Within a composite class exponents are relative to the class's; under an exponent of 0 they stand as the
 // row has them.
-int32_t relativeExponent(const UomStructNode *node) {
-    const UomClassRow *row = class_ValidRow(node->classId);
+int32_t relativeExponent(const Catalogue &catalogue, const UomStructNode *node) {
+    const UomClassRow *row = class_ValidRow(catalogue, node->classId);
     if (!row || !class_IsComposite(*row))
         return node->baseExponent;
     if (node->exponent != 0)
@@ -178,16 +184,16 @@ bool endsInDigit(const char *token) {
 }
 
 void printUnit(UnitPrinter &printer, const UomStructNode *node, const char *unit) {
-    const int32_t exponent = relativeExponent(node);
+    const int32_t exponent = relativeExponent(printer.catalogue, node);
     if (changesSign(exponent, printer.lastExponent)) {
         printer.lastExponent = exponent;
         add(printer, printer.atStart ? "1/" : "/");
         printer.atStart = true;
     }
     // The form hangs on the token, whatever text is printed.
-    const char *token = unit_Token(node->unit);
+    const char *token = unit_Token(printer.catalogue, node->unit);
     char multiplier[MULTIPLIER_SIZE];
-    uom_GetUOMMultiplierString(const_cast<UomStruct>(node), multiplier, sizeof multiplier);
+    uom_GetUOMMultiplierString(printer.catalogue, const_cast<UomStruct>(node), multiplier, sizeof multiplier);
     const bool raised = num_Magnitude(exponent) > 1;
     const bool holdsSlash = std::strchr(token, '/') != nullptr;
     const bool ambiguous = endsInDigit(token) || std::strchr(token, '-') || holdsSlash;
@@ -215,7 +221,7 @@ void printNode(UnitPrinter &printer, UomStruct node) {
     if (hidden)
         return;
     char unit[PIECE_SIZE];
-    uom_GetUnitText(node->unit, unit, sizeof unit, printer.style);
+    uom_GetUnitText(printer.catalogue, node->unit, unit, sizeof unit, printer.style);
     if (*unit)
         printUnit(printer, node, unit);
     endComposite(printer, node);
@@ -223,11 +229,12 @@ void printNode(UnitPrinter &printer, UomStruct node) {
 
 } // namespace
 
-char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t style) {
+char *uom_GetDisplayUnits(const Catalogue &catalogue, UomStruct chain, char *out, int32_t size, int32_t style) {
     if (!out || size < 1)
         return out;
     std::memset(out, 0, static_cast<size_t>(size));
-    UnitPrinter printer = {TextWriter(out, static_cast<size_t>(size)), style_Effective(style), ClosingNodes(chain)};
+    UnitPrinter printer = {catalogue, TextWriter(out, static_cast<size_t>(size)), style_Effective(catalogue, style),
+                           ClosingNodes(chain)};
     for (UomStruct node = chain; node && printer.writer.wanted + 1 < printer.writer.size; node = node->next) {
         printNode(printer, node);
         if (node->classId != CLASS_OPEN && node->classId != CLASS_CLOSE)
@@ -236,14 +243,14 @@ char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t styl
     return out;
 }
 
-int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size) {
+int32_t uom_GetUOMMultiplierString(const Catalogue &catalogue, UomStruct node, char *out, int32_t size) {
     if (!out || size < 1)
         return 1;
     *out = '\0';
     if (!node)
         return 1;
     const UomMultiplierRow *row = multiplier_Find(node->multiplier);
-    const UomUnit *unit = tbl_Record<UomUnit>(uomUnitTable, node->unit); // the placeholder as well
+    const UomUnit *unit = table_Record<UomUnit>(catalogue.units.records, node->unit); // the placeholder as well
     if (!row)
         return 0;
     if (unit && unit->multiplierStyle == 1)
@@ -252,3 +259,5 @@ int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size) {
         str_FormatBounded(out, static_cast<size_t>(size), "%s*", row->siText);
     return 0;
 }
+
+} // namespace uom

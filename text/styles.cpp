@@ -1,8 +1,9 @@
 #include "text/styles.h"
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "support/text.h"
+
+namespace uom {
 
 static const char *const styleNames[] = {"token", "keyword", "tokensuper", "tokenupper", "longname", "html"};
 
@@ -25,25 +26,27 @@ int32_t uom_StyleFromName(const char *name, int32_t *style) {
     return found;
 }
 
-int32_t style_Effective(int32_t style) {
-    return style > 0 ? style : defaultDisplayStyle;
+int32_t style_Effective(const Catalogue &catalogue, int32_t style) {
+    return style > 0 ? style : catalogue.styles.display;
 }
 
-int32_t uom_SetDefaultDisplayStyle(int32_t style) {
-    const int32_t previous = defaultDisplayStyle;
+int32_t uom_SetDefaultDisplayStyle(Catalogue &catalogue, int32_t style) {
+    const int32_t previous = catalogue.styles.display;
     if (isStyle(style))
-        defaultDisplayStyle = style;
+        catalogue.styles.display = style;
     return previous;
 }
 
-int32_t uom_GetDefaultDisplayStyle(void) {
-    return defaultDisplayStyle;
+int32_t uom_GetDefaultDisplayStyle(const Catalogue &catalogue) {
+    return catalogue.styles.display;
 }
 
-void uom_SetAllowUOMMultipliers(int32_t allow) {
-    uomAllowMult = allow;
+void uom_SetAllowUOMMultipliers(Catalogue &catalogue, int32_t allow) {
+    catalogue.modes.allowMult = allow;
 }
 
-int32_t uom_GetAllowUOMMultipliers(void) {
-    return uomAllowMult;
+int32_t uom_GetAllowUOMMultipliers(const Catalogue &catalogue) {
+    return catalogue.modes.allowMult;
 }
+
+} // namespace uom

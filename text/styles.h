@@ -3,6 +3,9 @@
 #define UOM_TEXT_STYLES_H
 
 #include <cstdint>
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 // The name of a style; an empty text for any other code.
 void uom_StyleToName(int32_t style, char *out, int32_t size);
@@ -11,6 +14,14 @@ void uom_StyleToName(int32_t style, char *out, int32_t size);
 int32_t uom_StyleFromName(const char *name, int32_t *style);
 
 // The style that a printing operation uses: 0 and below mean the default.
-int32_t style_Effective(int32_t style);
+int32_t style_Effective(const Catalogue &catalogue, int32_t style);
+
+// What uom.h says of these, in a catalogue.
+int32_t uom_SetDefaultDisplayStyle(Catalogue &catalogue, int32_t style);
+int32_t uom_GetDefaultDisplayStyle(const Catalogue &catalogue);
+void uom_SetAllowUOMMultipliers(Catalogue &catalogue, int32_t allow);
+int32_t uom_GetAllowUOMMultipliers(const Catalogue &catalogue);
+
+} // namespace uom
 
 #endif

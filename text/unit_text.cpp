@@ -1,13 +1,16 @@
 // The text of one unit and of one class, in all styles.
+#include "text/unit_text.h"
+
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/platform.h"
 #include "catalogue/slate_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
+#include "support/table.h"
 #include "support/text.h"
 #include "text/styles.h"
+
+namespace uom {
 
 namespace {
 
@@ -66,22 +69,22 @@ void writeHtml(TextWriter &writer, const char *token) {
         str_Write(writer, "</SUP>");
 }
 
-void copyName(int32_t slate, char *out, int32_t size) {
-    const UomSlate *record = slate_Record(slate);
+void copyName(const Catalogue &catalogue, int32_t slate, char *out, int32_t size) {
+    const UomSlate *record = slate_Record(catalogue, slate);
     if (out && size > 0)
         str_CopyBounded(out, static_cast<size_t>(size), record ? record->name : nullptr);
 }
 
 } // namespace
 
-void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style) {
+void uom_GetUnitText(const Catalogue &catalogue, int32_t unit, char *out, int32_t size, int32_t style) {
     if (!out || size < 1)
         return;
     std::memset(out, 0, static_cast<size_t>(size));
-    const UomUnit *record = unit_Record(unit);
+    const UomUnit *record = unit_Record(catalogue, unit);
     if (!record)
         return;
-    style = style_Effective(style);
+    style = style_Effective(catalogue, style);
     const char *text = style == STYLE_KEYWORD     ? record->keyword
                        : style == STYLE_LONG_NAME ? record->description
                                                   : record->token;
@@ -98,14 +101,14 @@ void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style) {
         str_Write(writer, text);
 }
 
-void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style) {
+void uom_GetClassText(const Catalogue &catalogue, int32_t classId, char *out, int32_t size, int32_t style) {
     if (!out || size < 2)
         return;
     TextWriter writer(out, static_cast<size_t>(size));
-    const UomClassRow *row = class_ValidRow(classId);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row)
         return;
-    style = style_Effective(style);
+    style = style_Effective(catalogue, style);
     const char *text = style == STYLE_KEYWORD ? row->keyword : style == STYLE_LONG_NAME ? row->name : row->token;
     if (!text)
         return;
@@ -115,13 +118,30 @@ void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style) {
         str_Write(writer, text);
 }
 
-char *uom_GetBaseName(int32_t slate, char *out) {
+UomTable *uom_GetClassList(const Catalogue &catalogue, int32_t style) {
+    UomTable *list = table_Create(0, TABLE_TEXT);
+    for (int32_t i = 0; list && i < catalogue.classes.count; ++i) {
+        if (i == CLASS_PETRO_MASS || i == CLASS_POWER_TOP || i == CLASS_E6_POWER_TOP)
+            continue;
+        char text[80];
+        uom_GetClassText(catalogue, i, text, sizeof text, style);
+        if (*text && !table_PutText(list, TABLE_APPEND, text)) {
+            table_Free(list);
+            return nullptr;
+        }
+    }
+    return list;
+}
+
+char *uom_GetBaseName(const Catalogue &catalogue, int32_t slate, char *out) {
     platform_Debug("COREKIT.DLL: call to deprecated function uom_GetBaseName.\n");
-    copyName(slate, out, OLD_NAME_SIZE);
+    copyName(catalogue, slate, out, OLD_NAME_SIZE);
     return out;
 }
 
-char *uom_GetBaseName2(int32_t slate, char *out, int32_t size) {
-    copyName(slate, out, size);
+char *uom_GetBaseName2(const Catalogue &catalogue, int32_t slate, char *out, int32_t size) {
+    copyName(catalogue, slate, out, size);
     return out;
 }
+
+} // namespace uom

@@ -3,17 +3,22 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
-#include "support/memory.h"
 #include "support/numbers.h"
+
+namespace uom {
 
 namespace {
 
 enum BasisRow { BASIS_MOLE, BASIS_MOLAR, BASIS_MASS, BASIS_LIQ_VOL, BASIS_VAP_VOL, BASIS_ACT_VOL };
-const BasisClass basisClasses[] = {
-    {&UOM_BASMOLE, CLASS_MOLE},    {&UOM_BASMOLAR, CLASS_MOLAR},  {&UOM_BASMASS, CLASS_MASS},
-    {&UOM_BASLIQV, CLASS_LIQ_VOL}, {&UOM_BASVAPV, CLASS_VAP_VOL}, {&UOM_BASACTV, CLASS_ACT_VOL},
+struct BasisRule {
+    NamedUnit basis;
+    int32_t classId;
+};
+const BasisRule basisRules[] = {
+    {&NamedUnits::UOM_BASMOLE, CLASS_MOLE},    {&NamedUnits::UOM_BASMOLAR, CLASS_MOLAR},
+    {&NamedUnits::UOM_BASMASS, CLASS_MASS},    {&NamedUnits::UOM_BASLIQV, CLASS_LIQ_VOL},
+    {&NamedUnits::UOM_BASVAPV, CLASS_VAP_VOL}, {&NamedUnits::UOM_BASACTV, CLASS_ACT_VOL},
 };
 
 // A chain in the making.
@@ -45,7 +50,8 @@ void appendSimple(Builder &builder, int32_t classId, int32_t exponent, int32_t u
     node->unit = unit;
 }
 
-void appendComposite(Builder &builder, const UomClassRow &row, int32_t classId, int32_t exponent, int32_t basis) {
+void appendComposite(const Catalogue &catalogue, Builder &builder, const UomClassRow &row, int32_t classId,
+                     int32_t exponent, int32_t basis) {
     for (int32_t slot = 0; slot < COMPOSITE_SLOTS && row.baseClass[slot] != 0; ++slot) {
         UomStruct node = append(builder);
         if (!node)
@@ -56,16 +62,16 @@ void appendComposite(Builder &builder, const UomClassRow &row, int32_t classId, 
         node->baseExponent = num_Multiply(row.baseExponent[slot], exponent);
         node->baseClass = builder.pendingClass > 0 ? builder.pendingClass : row.baseClass[slot];
         builder.pendingClass = CLASS_NONE;
-        if (basis > UOM_NULL && node->baseClass == CLASS_BASIS) {
+        if (basis > NO_UNIT && node->baseClass == CLASS_BASIS) {
             node->unit = basis;
-            builder.pendingClass = uom_ClassFromBasis(basis);
-            basis = UOM_NULL;
+            builder.pendingClass = uom_ClassFromBasis(catalogue, basis);
+            basis = NO_UNIT;
         }
     }
 }
 
-const UomClassRow *compositeRow(int32_t classId) {
-    const UomClassRow *row = class_ValidRow(classId);
+const UomClassRow *compositeRow(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     return row && class_IsComposite(*row) ? row : nullptr;
 }
 
@@ -90,56 +96,44 @@ UomStruct before(UomStruct chain, UomStruct node) {
     return chain;
 }
 
-// Where the chain that was appended to last ends, so that a chain made node by node costs no walk for each. Forgotten
-// as soon as any chain is freed or linked anew.
-struct KnownEnd {
-    UomStruct head = nullptr;
-    UomStruct tail = nullptr;
-};
-KnownEnd knownEnd;
-
-void forgetEnd() {
-    knownEnd = {};
-}
-
-UomStruct last(UomStruct chain) {
-    return before(chain == knownEnd.head ? knownEnd.tail : chain, nullptr);
-}
-
 } // namespace
 
-int32_t uom_ClassFromBasis(int32_t basis) {
-    for (const BasisClass &entry : basisClasses)
-        if (basis > UOM_NULL && basis == *entry.basis)
-            return entry.classId;
+int32_t uom_ClassFromBasis(const Catalogue &catalogue, int32_t basis) {
+    for (const BasisRule &rule : basisRules)
+        if (basis > NO_UNIT && basis == catalogue.named.*rule.basis)
+            return rule.classId;
     return CLASS_NONE;
 }
 
-int32_t uom_BasisFromClass(int32_t classId) {
-    for (const BasisClass &entry : basisClasses)
-        if (classId == entry.classId)
-            return *entry.basis;
-    return UOM_NULL;
+int32_t uom_BasisFromClass(const Catalogue &catalogue, int32_t classId) {
+    for (const BasisRule &rule : basisRules)
+        if (classId == rule.classId)
+            return catalogue.named.*rule.basis;
+    return NO_UNIT;
 }
 
-const BasisClass &chain_MoleBasis() {
-    return basisClasses[uomMoleQuantity != 0 ? BASIS_MOLE : BASIS_MOLAR];
+static BasisClass basisOf(const Catalogue &catalogue, BasisRow row) {
+    return {catalogue.named.*basisRules[row].basis, basisRules[row].classId};
 }
 
-const BasisClass &chain_VolumeBasis() {
-    const bool actual = uomModeKesta > 0 || uomModeVel2go > 0;
-    return basisClasses[actual ? BASIS_ACT_VOL : BASIS_LIQ_VOL];
+BasisClass chain_MoleBasis(const Catalogue &catalogue) {
+    return basisOf(catalogue, catalogue.modes.moleQuantity != 0 ? BASIS_MOLE : BASIS_MOLAR);
 }
 
-bool chain_IsVolumeBasis(int32_t basis) {
-    const int32_t classId = uom_ClassFromBasis(basis);
+BasisClass chain_VolumeBasis(const Catalogue &catalogue) {
+    const bool actual = catalogue.modes.kesta > 0 || catalogue.modes.vel2go > 0;
+    return basisOf(catalogue, actual ? BASIS_ACT_VOL : BASIS_LIQ_VOL);
+}
+
+bool chain_IsVolumeBasis(const Catalogue &catalogue, int32_t basis) {
+    const int32_t classId = uom_ClassFromBasis(catalogue, basis);
     return classId >= CLASS_LIQ_VOL && classId <= CLASS_ACT_VOL;
 }
 
-UomStruct chain_OfClass(int32_t classId) {
+UomStruct chain_OfClass(const Catalogue &catalogue, int32_t classId) {
     const int32_t exponent = 1;
     UomStruct chain;
-    chain_Build(&chain, 1, &classId, &exponent, nullptr);
+    chain_Build(catalogue, &chain, 1, &classId, &exponent, nullptr);
     return chain;
 }
 
@@ -180,45 +174,48 @@ const UomStructNode *ClosingNodes::take(UomStruct open) {
     return groups[next].close;
 }
 
-void chain_SetUnit(UomStruct node, int32_t unit) {
-    const UomUnit *record = unit_Record(unit);
+void chain_SetUnit(const Catalogue &catalogue, UomStruct node, int32_t unit) {
+    const UomUnit *record = unit_Record(catalogue, unit);
     node->unit = unit;
     node->unitStyle = record ? record->multiplierStyle : 0;
 }
 
-static Builder build(int32_t count, const int32_t *classes, const int32_t *exponents, const int32_t *units) {
+static Builder build(const Catalogue &catalogue, int32_t count, const int32_t *classes, const int32_t *exponents,
+                     const int32_t *units) {
     Builder builder;
     for (int32_t i = 0; classes && exponents && i < count; ++i) {
-        const int32_t unit = units ? units[i] : UOM_NULL;
-        const UomClassRow *row = compositeRow(classes[i]);
+        const int32_t unit = units ? units[i] : NO_UNIT;
+        const UomClassRow *row = compositeRow(catalogue, classes[i]);
         if (row)
-            appendComposite(builder, *row, classes[i], exponents[i], unit);
+            appendComposite(catalogue, builder, *row, classes[i], exponents[i], unit);
         else
             appendSimple(builder, classes[i], exponents[i], unit);
     }
     return builder;
 }
 
-UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents, const int32_t *units) {
-    return build(count, classes, exponents, units).head;
+UomStruct uom_BuildStruct(const Catalogue &catalogue, int32_t count, const int32_t *classes, const int32_t *exponents,
+                          const int32_t *units) {
+    return build(catalogue, count, classes, exponents, units).head;
 }
 
-bool chain_Build(UomStruct *out, int32_t count, const int32_t *classes, const int32_t *exponents,
-                 const int32_t *units) {
-    Builder builder = build(count, classes, exponents, units);
+bool chain_Build(const Catalogue &catalogue, UomStruct *out, int32_t count, const int32_t *classes,
+                 const int32_t *exponents, const int32_t *units) {
+    Builder builder = build(catalogue, count, classes, exponents, units);
     if (!builder.complete)
-        uom_Free(&builder.head);
+        chain_Free(&builder.head);
     *out = builder.head;
     return builder.complete;
 }
 
-UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *units) {
-    if (!class_IsValid(classId))
+UomStruct uom_CreateStruct(const Catalogue &catalogue, int32_t classId, int32_t exponent, const int32_t *units) {
+    if (!class_IsValid(catalogue, classId))
         return nullptr;
     UomStruct chain;
-    chain_Build(&chain, 1, &classId, &exponent, nullptr);
-    const int32_t rowLength = uom_GetUnitMax(classId);
-    for (int32_t slate = 0; units && slate < 3 && slate <= UOM_SET_SI - UOM_SET_ENGLISH; ++slate) {
+    chain_Build(catalogue, &chain, 1, &classId, &exponent, nullptr);
+    const int32_t rowLength = uom_GetUnitMax(catalogue, classId);
+    for (int32_t slate = 0; units && slate < 3 && slate <= catalogue.slateIndex.si - catalogue.slateIndex.english;
+         ++slate) {
         UomStruct node = chain;
         for (int32_t i = 0; node && i < rowLength; node = node->next, ++i)
             node->slateUnit[slate] = units[slate * rowLength + i];
@@ -226,13 +223,13 @@ UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *uni
     return chain;
 }
 
-void uom_DecodeStruct(UomStruct chain, int32_t n, int32_t *classes, int32_t *exponents) {
+void uom_DecodeStruct(const Catalogue &catalogue, UomStruct chain, int32_t n, int32_t *classes, int32_t *exponents) {
     if (!classes || !exponents || n < 1)
         return;
     std::memset(classes, 0, static_cast<size_t>(n) * sizeof *classes);
     std::memset(exponents, 0, static_cast<size_t>(n) * sizeof *exponents);
     for (int32_t i = 0; chain && i < n; chain = chain->next, ++i) {
-        const bool simple = !compositeRow(chain->classId);
+        const bool simple = !compositeRow(catalogue, chain->classId);
         if (!simple && chain->tag != TAG_COMPONENT)
             continue;
         classes[i] = chain->classId;
@@ -240,12 +237,12 @@ void uom_DecodeStruct(UomStruct chain, int32_t n, int32_t *classes, int32_t *exp
     }
 }
 
-UomStruct uom_Copy(UomStruct chain) {
+UomStruct chain_Copy(UomStruct chain) {
     Builder builder;
     for (; chain; chain = chain->next) {
         UomStruct node = append(builder);
         if (!node) {
-            uom_Free(&builder.head);
+            chain_Free(&builder.head);
             return nullptr;
         }
         *node = *chain;
@@ -254,10 +251,9 @@ UomStruct uom_Copy(UomStruct chain) {
     return builder.head;
 }
 
-void uom_Free(UomStruct *chain) {
+void chain_Free(UomStruct *chain) {
     if (!chain)
         return;
-    forgetEnd();
     for (UomStruct node = *chain; node;) {
         UomStruct next = node->next;
         mem_Free(node);
@@ -266,27 +262,24 @@ void uom_Free(UomStruct *chain) {
     *chain = nullptr;
 }
 
-UomStruct uom_AddNewStruct(UomStruct *chain) {
-    UomStruct node = mem_New<UomStructNode>();
-    if (!node || !chain)
-        return node;
-    *chain = uom_LinkStruct(*chain, node);
-    knownEnd = {*chain, node};
-    return node;
+UomStruct chain_NewNode() {
+    return mem_New<UomStructNode>();
 }
 
-UomStruct uom_LinkStruct(UomStruct a, UomStruct b) {
+UomStruct chain_Last(UomStruct chain) {
+    return before(chain, nullptr);
+}
+
+UomStruct chain_Link(UomStruct a, UomStruct b) {
     if (!a)
         return b;
-    last(a)->next = b;
-    forgetEnd();
+    chain_Last(a)->next = b;
     return a;
 }
 
-UomStruct uom_UnlinkStruct(UomStruct chain, UomStruct node) {
+UomStruct chain_Unlink(UomStruct chain, UomStruct node) {
     if (!node || !chain)
         return chain;
-    forgetEnd();
     if (chain == node) {
         UomStruct head = node->next;
         node->next = nullptr;
@@ -300,55 +293,53 @@ UomStruct uom_UnlinkStruct(UomStruct chain, UomStruct node) {
     return chain;
 }
 
-UomStruct uom_InsertBeforeStruct(UomStruct chain, UomStruct insert, UomStruct node) {
+UomStruct chain_InsertBefore(UomStruct chain, UomStruct insert, UomStruct node) {
     if (!insert)
         return chain;
     if (!chain)
         return insert;
-    forgetEnd();
     const bool first = chain == node;
     UomStruct previous = first ? nullptr : before(chain, node);
     if (!first && !previous)
-        return uom_LinkStruct(chain, insert);
-    last(insert)->next = first ? chain : previous->next;
+        return chain_Link(chain, insert);
+    chain_Last(insert)->next = first ? chain : previous->next;
     if (first)
         return insert;
     previous->next = insert;
     return chain;
 }
 
-UomStruct uom_RemoveStruct(UomStruct *chain, int32_t classId) {
+UomStruct uom_RemoveStruct(const Catalogue &catalogue, UomStruct *chain, int32_t classId) {
     if (!chain || !*chain || classId < 1 || classId >= STATIC_CLASSES)
         return nullptr;
-    forgetEnd();
     UomStruct head = *chain;
     UomStruct end = head;
-    for (int32_t i = 1; end->next && i < uom_GetUnitMax(classId); ++i)
+    for (int32_t i = 1; end->next && i < uom_GetUnitMax(catalogue, classId); ++i)
         end = end->next;
     *chain = end->next;
     end->next = nullptr;
     return head;
 }
 
-UomStruct uom_FindStructClass(UomStruct chain, int32_t classId) {
+UomStruct chain_FindClass(UomStruct chain, int32_t classId) {
     while (chain && chain->baseClass != classId)
         chain = chain->next;
     return chain;
 }
 
-int32_t uom_GetStructIndex(UomStruct chain, UomStruct node) {
+int32_t chain_IndexOf(UomStruct chain, UomStruct node) {
     for (int32_t i = 0; chain; chain = chain->next, ++i)
         if (chain == node)
             return i;
     return -1;
 }
 
-int32_t uom_IsStartOfClass(UomStruct node) {
+int32_t chain_IsStartOfClass(UomStruct node) {
     return node && node->tag == TAG_COMPONENT;
 }
 
-UomStruct uom_GetEndOfClass(UomStruct node) {
-    const int32_t nodes = node ? uom_GetUnitMax(node->classId) : 0;
+UomStruct uom_GetEndOfClass(const Catalogue &catalogue, UomStruct node) {
+    const int32_t nodes = node ? uom_GetUnitMax(catalogue, node->classId) : 0;
     if (nodes == 0)
         return nullptr;
     for (int32_t i = 1; node->next && i < nodes; ++i)
@@ -356,37 +347,39 @@ UomStruct uom_GetEndOfClass(UomStruct node) {
     return node;
 }
 
-int32_t uom_GetUnitCount(UomStruct chain) {
+int32_t chain_Length(UomStruct chain) {
     int32_t count = 0;
     for (; chain; chain = chain->next)
         ++count;
     return count;
 }
 
-int32_t uom_GetClassCount(UomStruct chain) {
+int32_t uom_GetClassCount(const Catalogue &catalogue, UomStruct chain) {
     int32_t count = 0;
     for (; chain; chain = chain->next)
-        if (uom_IsClassBase(chain->classId) || uom_IsStartOfClass(chain))
+        if (uom_IsClassBase(catalogue, chain->classId) || chain_IsStartOfClass(chain))
             ++count;
     return count;
 }
 
-void uom_GetClasses(UomStruct chain, int32_t n, int32_t *classes) {
+void chain_GetClasses(UomStruct chain, int32_t n, int32_t *classes) {
     readField(chain, n, classes, &UomStructNode::baseClass);
 }
 
-void uom_SetClasses(UomStruct chain, int32_t n, const int32_t *classes) {
+void chain_SetClasses(UomStruct chain, int32_t n, const int32_t *classes) {
     writeField(chain, n, classes, &UomStructNode::baseClass);
 }
 
-void uom_GetMultipliers(UomStruct chain, int32_t n, int32_t *multipliers) {
+void chain_GetMultipliers(UomStruct chain, int32_t n, int32_t *multipliers) {
     readField(chain, n, multipliers, &UomStructNode::multiplier);
 }
 
-void uom_SetMultipliers(UomStruct chain, int32_t n, const int32_t *multipliers) {
+void chain_SetMultipliers(UomStruct chain, int32_t n, const int32_t *multipliers) {
     writeField(chain, n, multipliers, &UomStructNode::multiplier);
 }
 
-void uom_GetCurrentUnits(UomStruct chain, int32_t count, int32_t *units) {
+void chain_GetUnits(UomStruct chain, int32_t count, int32_t *units) {
     readField(chain, count, units, &UomStructNode::unit);
 }
+
+} // namespace uom

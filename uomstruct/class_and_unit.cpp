@@ -1,17 +1,19 @@
 // Class-and-unit entry. Words are cut at "/", a unit is found by a whole-word compare within its class, and the first
 // "/" turns all exponents behind it to -1.
+#include "uomstruct/class_and_unit.h"
+
 #include <cstring>
 #include <string_view>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
-#include "support/scoped.h"
 #include "support/text.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/quotients.h"
 #include "uomstruct/related_unit.h"
 #include "uomstruct/unit_scan.h"
+
+namespace uom {
 
 namespace {
 
@@ -40,38 +42,38 @@ void joinNextWord(char *word, const char **text) {
 }
 
 // Chooses the basis by the first word of the text. False when it is no unit of mass, moles or volume.
-bool chooseBasis(UomStruct basisNode, const char *text, int32_t style) {
+bool chooseBasis(const Catalogue &catalogue, UomStruct basisNode, const char *text, int32_t style) {
     char word[WORD_SIZE];
     if (!cutWord(word, &text, " /"))
         return false;
-    const BasisClass mass = {&UOM_BASMASS, CLASS_MASS};
-    const BasisClass &moles = chain_MoleBasis();
-    const BasisClass *chosen = nullptr;
-    if (unit_FindByName(CLASS_MASS, word, style) != UOM_NULL)
-        chosen = &mass;
-    else if (unit_FindByName(moles.classId, word, style) != UOM_NULL)
-        chosen = &moles;
-    else if (unit_FindByName(CLASS_LIQ_VOL, word, style) != UOM_NULL)
-        chosen = &chain_VolumeBasis();
-    if (!chosen)
+    const BasisClass mass = {catalogue.named.UOM_BASMASS, CLASS_MASS};
+    const BasisClass moles = chain_MoleBasis(catalogue);
+    BasisClass chosen = {NO_UNIT, CLASS_NONE};
+    if (unit_FindByName(catalogue, CLASS_MASS, word, style) != NO_UNIT)
+        chosen = mass;
+    else if (unit_FindByName(catalogue, moles.classId, word, style) != NO_UNIT)
+        chosen = moles;
+    else if (unit_FindByName(catalogue, CLASS_LIQ_VOL, word, style) != NO_UNIT)
+        chosen = chain_VolumeBasis(catalogue);
+    if (chosen.classId == CLASS_NONE)
         return false;
-    chain_SetUnit(basisNode, *chosen->basis);
+    chain_SetUnit(catalogue, basisNode, chosen.basis);
     basisNode->baseExponent = 1;
     if (basisNode->next)
-        basisNode->next->baseClass = chosen->classId;
+        basisNode->next->baseClass = chosen.classId;
     return true;
 }
 
-int32_t fillSimple(UomStruct node, int32_t classId, const char *text, int32_t style) {
-    const int32_t unit = unit_FindByName(classId, text, style);
-    if (unit == UOM_NULL)
+int32_t fillSimple(const Catalogue &catalogue, UomStruct node, int32_t classId, const char *text, int32_t style) {
+    const int32_t unit = unit_FindByName(catalogue, classId, text, style);
+    if (unit == NO_UNIT)
         return 1;
-    chain_SetUnit(node, unit);
+    chain_SetUnit(catalogue, node, unit);
     node->baseExponent = 1;
     return 0;
 }
 
-int32_t fillComponents(UomStruct node, int32_t classId, const char *text, int32_t style) {
+int32_t fillComponents(const Catalogue &catalogue, UomStruct node, int32_t classId, const char *text, int32_t style) {
     const char *const marks = classId == CLASS_BASIS_FRAC ? " /" : "/";
     int32_t exponent = 1;
     for (; node && *text; node = node->next) {
@@ -80,19 +82,19 @@ int32_t fillComponents(UomStruct node, int32_t classId, const char *text, int32_
             return 1;
         if (node->baseClass == CLASS_BASIS && (str_EqualNoCase(word, "vap.") || str_EqualNoCase(word, "liq.")))
             joinNextWord(word, &text);
-        const int32_t unit = unit_FindByName(node->baseClass, word, style);
-        if (unit == UOM_NULL)
+        const int32_t unit = unit_FindByName(catalogue, node->baseClass, word, style);
+        if (unit == NO_UNIT)
             return 1;
-        chain_SetUnit(node, unit);
+        chain_SetUnit(catalogue, node, unit);
         node->baseExponent = exponent;
         if (*text == '/')
             exponent = -1; // and stays there, kept
         if (*text)
             ++text;
         const bool power = classId == CLASS_POWER || classId == CLASS_E6_POWER;
-        if (power && unit_IsWholeQuotient(node->baseClass, unit)) {
+        if (power && unit_IsWholeQuotient(catalogue, node->baseClass, unit)) {
             if (node->next) {
-                chain_SetUnit(node->next, UOM_NULL);
+                chain_SetUnit(catalogue, node->next, NO_UNIT);
                 node->next->baseExponent = -1;
             }
             return 0;
@@ -108,7 +110,7 @@ struct KeywordText {
     char units[76];
 };
 
-void adjust(KeywordText &entry) {
+void adjust(const Catalogue &catalogue, KeywordText &entry) {
     switch (entry.classId) {
     case CLASS_PRES:
     case CLASS_PRES_ABS:
@@ -119,7 +121,7 @@ void adjust(KeywordText &entry) {
     case CLASS_MASS:
         // The three amounts share one keyword.
         if (std::strchr(entry.units, '-'))
-            entry.classId = chain_MoleBasis().classId;
+            entry.classId = chain_MoleBasis(catalogue).classId;
         break;
     case CLASS_SP_VOL:
     case CLASS_VAP_SP_VOL:
@@ -131,79 +133,82 @@ void adjust(KeywordText &entry) {
 }
 
 // All rate keywords name the one class Rate; two of them say more about the basis than the units do.
-void applyRateKeyword(UomStruct chain, const char *keyword) {
+void applyRateKeyword(const Catalogue &catalogue, UomStruct chain, const char *keyword) {
     UomStruct amount = chain->next;
     if (!amount)
         return;
     if (str_EqualNoCase(keyword, "GVRA")) {
-        chain_SetUnit(chain, UOM_BASVAPV);
+        chain_SetUnit(catalogue, chain, catalogue.named.UOM_BASVAPV);
         amount->baseClass = CLASS_VAP_VOL;
     } else if (str_EqualNoCase(keyword, "MRAT")) {
-        const BasisClass &moles = chain_MoleBasis();
-        chain_SetUnit(chain, *moles.basis);
+        const BasisClass moles = chain_MoleBasis(catalogue);
+        chain_SetUnit(catalogue, chain, moles.basis);
         amount->baseClass = moles.classId;
         int32_t unit;
-        uom_FindRelatedUnit(CLASS_MASS, amount->unit, moles.classId, &unit);
-        chain_SetUnit(amount, unit);
+        uom_FindRelatedUnit(catalogue, CLASS_MASS, amount->unit, moles.classId, &unit);
+        chain_SetUnit(catalogue, amount, unit);
     }
 }
 
 } // namespace
 
-int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style) {
+int32_t uom_FillStruct(const Catalogue &catalogue, UomStruct chain, int32_t classId, const char *text, int32_t style) {
     if (!chain || !text || str_IsTooLong(text))
         return 1;
-    const UomClassRow *row = class_ValidRow(classId);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row || !class_IsComposite(*row))
-        return fillSimple(chain, classId, text, style);
+        return fillSimple(catalogue, chain, classId, text, style);
     if (chain->baseClass != CLASS_BASIS || classId == CLASS_BASIS_FRAC)
-        return fillComponents(chain, classId, text, style);
-    if (!chooseBasis(chain, text, style))
+        return fillComponents(catalogue, chain, classId, text, style);
+    if (!chooseBasis(catalogue, chain, text, style))
         return 1;
-    return fillComponents(chain->next, classId, text, style);
+    return fillComponents(catalogue, chain->next, classId, text, style);
 }
 
-UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style) {
-    if (!class_IsValid(classId))
+UomStruct uom_StringToStruct(const Catalogue &catalogue, const char *text, int32_t classId, int32_t style) {
+    if (!class_IsValid(catalogue, classId))
         return nullptr;
-    UomStruct chain = chain_OfClass(classId);
+    UomStruct chain = chain_OfClass(catalogue, classId);
     if (chain)
-        uom_FillStruct(chain, classId, text, style);
+        uom_FillStruct(catalogue, chain, classId, text, style);
     return chain;
 }
 
-int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const char *text, int32_t style) {
+int32_t uom_SetClassandUnit(const Catalogue &catalogue, UomStruct *chain, int32_t classId, const char *text,
+                            int32_t style) {
     if (!chain)
         return 1;
     if (*chain && (*chain)->classId == classId) {
-        uom_FillStruct(*chain, classId, text, style);
+        uom_FillStruct(catalogue, *chain, classId, text, style);
         return 0;
     }
-    UomStruct made = uom_StringToStruct(text, classId, style);
-    uom_Free(chain);
+    UomStruct made = uom_StringToStruct(catalogue, text, classId, style);
+    chain_Free(chain);
     *chain = made;
     return made ? 0 : 1;
 }
 
-UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style) {
+UomStruct uom_ClassAndUnitToStruct(const Catalogue &catalogue, const char *text, int32_t style) {
     char copy[80];
     if (!text || std::memchr(text, '\0', KEYWORD_LENGTH + 2))
         return nullptr;
     str_CopyBounded(copy, sizeof copy, text);
     copy[KEYWORD_LENGTH] = '\0';
-    KeywordText entry = {class_Find(copy, style), {}};
-    if (!class_IsValid(entry.classId))
+    KeywordText entry = {class_Find(catalogue, copy, style), {}};
+    if (!class_IsValid(catalogue, entry.classId))
         return nullptr;
     str_CopyBounded(entry.units, sizeof entry.units, copy + KEYWORD_LENGTH + 1);
-    adjust(entry);
-    UomStruct chain = uom_StringToStruct(entry.units, entry.classId, style);
+    adjust(catalogue, entry);
+    UomStruct chain = uom_StringToStruct(catalogue, entry.units, entry.classId, style);
     if (chain && chain->classId == CLASS_RATE)
-        applyRateKeyword(chain, copy);
+        applyRateKeyword(catalogue, chain, copy);
     return chain;
 }
 
-int32_t uom_UOMStringToStd(char *out, const char *in) {
+int32_t unit_ToStandard(char *out, const char *in) {
     if (!out)
         return 0;
     return unit_Normalize(out, in ? in : "") > 0;
 }
+
+} // namespace uom

@@ -9,12 +9,14 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
+#include "support/message.h"
 #include "support/numbers.h"
 #include "support/scoped.h"
 #include "support/text.h"
 #include "uomstruct/chain.h"
+
+namespace uom {
 
 namespace {
 
@@ -22,6 +24,7 @@ constexpr int32_t MAX_ENTRIES = 20;
 
 // The lists and the running values of one parse.
 struct ClassStringParser {
+    const Catalogue &catalogue;
     const char *source; // the caller's text, for messages
     char *rest;         // of the spaced text
     int32_t style;
@@ -82,7 +85,7 @@ void takeNumber(ClassStringParser &parser, const char *token) {
 }
 
 void takeClass(ClassStringParser &parser, const char *token) {
-    const int32_t classId = class_Find(token, parser.style);
+    const int32_t classId = class_Find(parser.catalogue, token, parser.style);
     if (classId == CLASS_NONE) {
         error_Set("Parsing UOM class string \"%s\" but unable to identify the UOM class \"%s\".", parser.source, token);
         parser.failed = true;
@@ -90,10 +93,10 @@ void takeClass(ClassStringParser &parser, const char *token) {
     }
     addEntry(parser, classId, parser.sign);
     parser.exponentAllowed = true;
-    if (parser.failed || !uom_ClassHasBasis(classId))
+    if (parser.failed || !uom_ClassHasBasis(parser.catalogue, classId))
         return;
     int32_t consumed;
-    uom_ScanBasisSpec(parser.rest, &consumed, parser.style, &parser.basisUnits[parser.count - 1]);
+    uom_ScanBasisSpec(parser.catalogue, parser.rest, &consumed, parser.style, &parser.basisUnits[parser.count - 1]);
     parser.rest += consumed;
 }
 
@@ -153,9 +156,10 @@ void uom_SpaceClassString(char *out, const char *in) {
     *out = '\0';
 }
 
-int32_t uom_ScanBasisSpec(const char *text, int32_t *consumed, int32_t style, int32_t *unit) {
+int32_t uom_ScanBasisSpec(const Catalogue &catalogue, const char *text, int32_t *consumed, int32_t style,
+                          int32_t *unit) {
     *consumed = 0;
-    *unit = UOM_NULL;
+    *unit = NO_UNIT;
     const char *c = text + std::strspn(text, " ");
     if (*c != '(')
         return 0;
@@ -164,8 +168,8 @@ int32_t uom_ScanBasisSpec(const char *text, int32_t *consumed, int32_t style, in
     if (*c == ')' || *c == '/')
         return 0;
     int32_t length;
-    const int32_t found = uom_ScanUnitToken(CLASS_BASIS, c, style, &length);
-    const char *close = found != UOM_NULL ? std::strchr(c + length, ')') : nullptr;
+    const int32_t found = uom_ScanUnitToken(catalogue, CLASS_BASIS, c, style, &length);
+    const char *close = found != NO_UNIT ? std::strchr(c + length, ')') : nullptr;
     if (!close)
         return 0;
     *unit = found;
@@ -173,7 +177,7 @@ int32_t uom_ScanBasisSpec(const char *text, int32_t *consumed, int32_t style, in
     return 0;
 }
 
-UomStruct uoms_New(const char *classString) {
+UomStruct uoms_New(const Catalogue &catalogue, const char *classString) {
     if (!classString)
         return nullptr;
     if (str_IsTooLong(classString)) {
@@ -189,7 +193,7 @@ UomStruct uoms_New(const char *classString) {
         return nullptr;
     }
     uom_SpaceClassString(spaced.text, classString);
-    ClassStringParser parser = {classString, spaced.text, defaultScanClassStyle};
+    ClassStringParser parser = {catalogue, classString, spaced.text, catalogue.styles.scanClass};
     parseTokens(parser);
     if (parser.tooLong)
         return nullptr;
@@ -201,33 +205,28 @@ UomStruct uoms_New(const char *classString) {
     if (parser.failed)
         return nullptr;
     UomStruct chain;
-    if (!chain_Build(&chain, parser.count, parser.classes, parser.exponents, parser.basisUnits))
+    if (!chain_Build(catalogue, &chain, parser.count, parser.classes, parser.exponents, parser.basisUnits))
         noMemory(classString);
     return chain;
 }
 
-int32_t uoms_IsClassValid(const char *classString) {
-    const ScopedChain chain(uoms_New(classString));
+int32_t uoms_IsClassValid(const Catalogue &catalogue, const char *classString) {
+    const ScopedChain chain(uoms_New(catalogue, classString));
     return chain.chain != nullptr;
 }
 
-int32_t uoms_ValidateUOM(const char *classString, const char *uomString) {
-    const ScopedChain chain(uoms_New(classString));
-    if (!chain.chain)
-        return 1;
-    return uom_FillStructFromString(chain.chain, uomString, STYLE_TOKEN) != 0 ? 2 : 0;
-}
-
-int32_t uoms_GetDimensions(const char *classString, int32_t *dimensions) {
-    const ScopedChain chain(uoms_New(classString));
+int32_t uoms_GetDimensions(const Catalogue &catalogue, const char *classString, int32_t *dimensions) {
+    const ScopedChain chain(uoms_New(catalogue, classString));
     if (!chain.chain || !dimensions)
         return 0;
     int32_t sums[DIMENSIONS] = {};
     for (UomStruct node = chain.chain; node; node = node->next) {
-        const UomClassRow *row = class_ValidRow(node->baseClass);
+        const UomClassRow *row = class_ValidRow(catalogue, node->baseClass);
         for (int32_t i = 0; row && i < DIMENSIONS; ++i)
             sums[i] = num_Add(sums[i], num_Multiply(node->baseExponent, row->dimension[i]));
     }
     std::memcpy(dimensions, sums, sizeof sums);
     return 0;
 }
+
+} // namespace uom

@@ -5,7 +5,13 @@
 
 #include <cstdint>
 
+#include "catalogue/catalogue.h"
+
+namespace uom {
+
 // Whether the unit, in a node of this base class, is a whole quotient.
-bool unit_IsWholeQuotient(int32_t baseClass, int32_t unit);
+bool unit_IsWholeQuotient(const Catalogue &catalogue, int32_t baseClass, int32_t unit);
+
+} // namespace uom
 
 #endif

@@ -2,17 +2,17 @@
 
 #include <string_view>
 
-#include "catalogue/class_rows.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
 constexpr size_t NAME_LENGTH = 127;
 
-std::string_view nameOf(int32_t unit) {
-    return str_Head(unit_Token(unit), NAME_LENGTH);
+std::string_view nameOf(const Catalogue &catalogue, int32_t unit) {
+    return str_Head(unit_Token(catalogue, unit), NAME_LENGTH);
 }
 
 // In front of the hyphen of work units there is none in their millions.
@@ -21,25 +21,25 @@ struct Spelling {
 };
 const Spelling spellings[] = {{"g-cm", "gcm"}, {"kg-m", "kgm"}, {"ft-lb", "ftlb"}};
 
-int32_t squared(int32_t unit) {
-    return unit_NamedWith(unit, "2");
+int32_t squared(const Catalogue &catalogue, int32_t unit) {
+    return unit_NamedWith(catalogue, unit, "2");
 }
-int32_t cubed(int32_t unit) {
-    return unit_NamedWith(unit, "3");
+int32_t cubed(const Catalogue &catalogue, int32_t unit) {
+    return unit_NamedWith(catalogue, unit, "3");
 }
-int32_t rooted(int32_t unit) {
-    return unit_NamedUpToLast(unit, '2');
+int32_t rooted(const Catalogue &catalogue, int32_t unit) {
+    return unit_NamedUpToLast(catalogue, unit, '2');
 }
-int32_t inMoles(int32_t unit) {
-    return unit_NamedWith(unit, "-mol");
+int32_t inMoles(const Catalogue &catalogue, int32_t unit) {
+    return unit_NamedWith(catalogue, unit, "-mol");
 }
-int32_t inMass(int32_t unit) {
-    return unit_NamedUpToFirst(unit, '-');
+int32_t inMass(const Catalogue &catalogue, int32_t unit) {
+    return unit_NamedUpToFirst(catalogue, unit, '-');
 }
 
 struct RelatedRule {
     int32_t fromClass, toClass;
-    int32_t (*rule)(int32_t unit);
+    int32_t (*rule)(const Catalogue &catalogue, int32_t unit);
 };
 const RelatedRule relatedRules[] = {
     {CLASS_LENG, CLASS_AREA, squared},
@@ -57,41 +57,44 @@ const RelatedRule relatedRules[] = {
     {CLASS_POWER_TOP, CLASS_E6_POWER_TOP, unit_NamedInMillions},
 };
 
-int32_t named(std::string_view name) {
-    return name.empty() ? UOM_NULL : unit_FindToken(name);
+int32_t named(const Catalogue &catalogue, std::string_view name) {
+    return name.empty() ? NO_UNIT : unit_FindToken(catalogue, name);
 }
 
 } // namespace
 
-int32_t unit_NamedWith(int32_t unit, const char *suffix) {
-    const std::string_view name = nameOf(unit);
-    return name.empty() ? UOM_NULL : unit_FindJoined(name, suffix);
+int32_t unit_NamedWith(const Catalogue &catalogue, int32_t unit, const char *suffix) {
+    const std::string_view name = nameOf(catalogue, unit);
+    return name.empty() ? NO_UNIT : unit_FindJoined(catalogue, name, suffix);
 }
 
-int32_t unit_NamedUpToFirst(int32_t unit, char mark) {
-    const std::string_view name = nameOf(unit);
-    return named(str_Head(name, name.find(mark)));
+int32_t unit_NamedUpToFirst(const Catalogue &catalogue, int32_t unit, char mark) {
+    const std::string_view name = nameOf(catalogue, unit);
+    return named(catalogue, str_Head(name, name.find(mark)));
 }
 
-int32_t unit_NamedUpToLast(int32_t unit, char mark) {
-    const std::string_view name = nameOf(unit);
-    return named(str_Head(name, name.rfind(mark)));
+int32_t unit_NamedUpToLast(const Catalogue &catalogue, int32_t unit, char mark) {
+    const std::string_view name = nameOf(catalogue, unit);
+    return named(catalogue, str_Head(name, name.rfind(mark)));
 }
 
-int32_t unit_NamedInMillions(int32_t unit) {
-    std::string_view name = nameOf(unit);
+int32_t unit_NamedInMillions(const Catalogue &catalogue, int32_t unit) {
+    std::string_view name = nameOf(catalogue, unit);
     if (name.empty())
-        return UOM_NULL;
+        return NO_UNIT;
     for (const Spelling &spelling : spellings)
         if (name == spelling.token)
             name = spelling.inMillions;
-    return unit_FindJoined("x 10^6 ", name);
+    return unit_FindJoined(catalogue, "x 10^6 ", name);
 }
 
-int32_t uom_FindRelatedUnit(int32_t fromClass, int32_t unit, int32_t toClass, int32_t *relatedUnit) {
-    *relatedUnit = UOM_NULL;
+int32_t uom_FindRelatedUnit(const Catalogue &catalogue, int32_t fromClass, int32_t unit, int32_t toClass,
+                            int32_t *relatedUnit) {
+    *relatedUnit = NO_UNIT;
     for (const RelatedRule &rule : relatedRules)
         if (rule.fromClass == fromClass && rule.toClass == toClass)
-            *relatedUnit = rule.rule(unit);
-    return *relatedUnit == UOM_NULL;
+            *relatedUnit = rule.rule(catalogue, unit);
+    return *relatedUnit == NO_UNIT;
 }
+
+} // namespace uom

@@ -3,9 +3,11 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
 #include "catalogue/units.h"
+#include "support/message.h"
 #include "support/text.h"
+
+namespace uom {
 
 const UomMultiplierRow uomMultipliers[] = {
     {3, "k", "M", "thousand"},
@@ -84,7 +86,7 @@ const UomMultiplierRow *multiplier_Find(int32_t code) {
     return nullptr;
 }
 
-int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format, int32_t *multiplier, const char **rest) {
+int32_t multiplier_FindAtHead(const char *text, int32_t format, int32_t *multiplier, const char **rest) {
     int32_t code = 0;
     const char *behind = text;
     MultiplierResult result = MULTIPLIER_NONE;
@@ -97,8 +99,8 @@ int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format, int32_
     return result;
 }
 
-FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style) {
-    FoundUnit found = {FILL_DONE, 0, 0, UOM_NULL};
+FoundUnit unit_FindAtHead(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style) {
+    FoundUnit found = {FILL_DONE, 0, 0, NO_UNIT};
     const char *rest = text;
     const MultiplierResult si = findSi(text, &found.multiplier, &rest);
     if (si == MULTIPLIER_UNKNOWN) {
@@ -106,9 +108,9 @@ FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style) {
         return found;
     }
     int32_t length;
-    found.unit = uom_ScanUnitToken(classId, rest, style, &length);
+    found.unit = uom_ScanUnitToken(catalogue, classId, rest, style, &length);
     found.consumed = static_cast<int32_t>(rest - text) + length;
-    if (found.unit != UOM_NULL && si == MULTIPLIER_FOUND)
+    if (found.unit != NO_UNIT && si == MULTIPLIER_FOUND)
         return found;
 
     // A reading with an API multiplier wins only when it takes more of the text: "MMBtu" is a unit where the
@@ -116,22 +118,22 @@ FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style) {
     found.multiplier = 0;
     int32_t apiMultiplier = 0;
     if (findApi(text, &apiMultiplier, &rest) == MULTIPLIER_FOUND) {
-        const int32_t apiUnit = uom_ScanUnitToken(classId, rest, style, &length);
+        const int32_t apiUnit = uom_ScanUnitToken(catalogue, classId, rest, style, &length);
         const int32_t apiConsumed = static_cast<int32_t>(rest - text) + length;
-        if (apiUnit != UOM_NULL && (found.unit == UOM_NULL || apiConsumed > found.consumed))
+        if (apiUnit != NO_UNIT && (found.unit == NO_UNIT || apiConsumed > found.consumed))
             found = {FILL_DONE, apiConsumed, apiMultiplier, apiUnit};
     }
-    found.status = found.unit == UOM_NULL ? FILL_NO_UNIT : FILL_DONE;
+    found.status = found.unit == NO_UNIT ? FILL_NO_UNIT : FILL_DONE;
     return found;
 }
 
-void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *text) {
+void unit_ExplainFailure(const Catalogue &catalogue, const FoundUnit &found, int32_t classId, const char *text) {
     if (found.status == FILL_BAD_MULTIPLIER) {
         error_Set("UOM string \"%s\": unrecognized UOM multiplier.", text);
         return;
     }
     char token[64];
-    str_CopyBounded(token, sizeof token, class_Token(classId));
+    str_CopyBounded(token, sizeof token, class_Token(catalogue, classId));
     error_Set("UOM string \"%s\": unidentified UOM for UOM class \"%s\".", text, token);
 }
 
@@ -141,12 +143,12 @@ void unit_RefuseLength(const char *text) {
     error_Set("UOM string \"%s...\" contains more than %d characters.", head, static_cast<int>(STR_MAX_LENGTH));
 }
 
-int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed, int32_t *multiplier,
-                               int32_t *unit) {
+int32_t uom_FindUnitFromString(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style,
+                               int32_t *consumed, int32_t *multiplier, int32_t *unit) {
     const char *source = text ? text : "";
     const bool overlong = str_IsTooLong(source);
     const FoundUnit found =
-        overlong ? FoundUnit{FILL_OVERLONG, 0, 0, UOM_NULL} : unit_FindAtHead(classId, source, style);
+        overlong ? FoundUnit{FILL_OVERLONG, 0, 0, NO_UNIT} : unit_FindAtHead(catalogue, classId, source, style);
     if (consumed)
         *consumed = found.consumed;
     if (multiplier)
@@ -158,7 +160,7 @@ int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style,
     else if (found.status == FILL_DONE)
         error_Clear();
     else
-        unit_ExplainFailure(found, classId, source);
+        unit_ExplainFailure(catalogue, found, classId, source);
     return found.status;
 }
 
@@ -227,3 +229,5 @@ int32_t unit_Normalize(char *out, const char *in) {
     *out = '\0';
     return static_cast<int32_t>(out - start);
 }
+
+} // namespace uom

@@ -5,6 +5,9 @@
 #include <cstdint>
 
 #include "uom/uom.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 struct UomMultiplierRow {
     int32_t code;        // the power of ten; -99 ends the table
@@ -40,10 +43,10 @@ struct FoundUnit {
 };
 
 // uom_FindUnitFromString without its messages.
-FoundUnit unit_FindAtHead(int32_t classId, const char *text, int32_t style);
+FoundUnit unit_FindAtHead(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style);
 
 // Writes the message of a failed unit_FindAtHead, as uom_FindUnitFromString does.
-void unit_ExplainFailure(const FoundUnit &found, int32_t classId, const char *text);
+void unit_ExplainFailure(const Catalogue &catalogue, const FoundUnit &found, int32_t classId, const char *text);
 
 // The message of a unit string that is longer than STR_MAX_LENGTH.
 void unit_RefuseLength(const char *text);
@@ -64,5 +67,12 @@ bool unit_IsNameStart(char c);
 // as one, Latin-1 superscripts as digits. `out` holds as many bytes as the input with its terminator; returns
 // the length.
 int32_t unit_Normalize(char *out, const char *in);
+
+// What uom.h says of these, in a catalogue.
+int32_t multiplier_FindAtHead(const char *text, int32_t format, int32_t *multiplier, const char **rest);
+int32_t uom_FindUnitFromString(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style,
+                               int32_t *consumed, int32_t *multiplier, int32_t *unit);
+
+} // namespace uom
 
 #endif

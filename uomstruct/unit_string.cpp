@@ -9,14 +9,15 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "catalogue/state.h"
-#include "catalogue/units.h"
+#include "support/message.h"
 #include "support/numbers.h"
 #include "support/scoped.h"
 #include "support/text.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/quotients.h"
 #include "uomstruct/unit_scan.h"
+
+namespace uom {
 
 namespace {
 
@@ -26,6 +27,7 @@ constexpr int32_t ANY_NUMBER = 99; // of parentheses to pass
 enum GroupMode { NO_GROUP, EXPLICIT_GROUP, IMPLICIT_GROUP };
 
 struct UnitStringParser {
+    const Catalogue &catalogue;
     const char *start; // of the normal form
     const char *text;  // what is left of it
     int32_t style;
@@ -35,8 +37,8 @@ struct UnitStringParser {
     UomStruct compositeEnd = nullptr; // last node of the composite class being read
     int32_t opened = 0;               // a "(" was passed on the way to the unit in hand
     ClosingNodes closings;            // of the chain's groups
-    UnitStringParser(const char *normalForm, int32_t scanStyle, UomStruct chain)
-        : start(normalForm), text(normalForm), style(scanStyle), closings(chain) {}
+    UnitStringParser(const Catalogue &of, const char *normalForm, int32_t scanStyle, UomStruct chain)
+        : catalogue(of), start(normalForm), text(normalForm), style(scanStyle), closings(chain) {}
 };
 
 // The character of the normal form where a place is, from 1.
@@ -87,7 +89,7 @@ void dropExponent(UnitStringParser &parser) {
 
 FillStatus missingUnit(const UnitStringParser &parser, int32_t classId) {
     error_Set("UOM string \"%s\" at character %d: unidentified UOM for UOM class \"%s\".", parser.start,
-              position(parser, parser.text), class_Token(classId));
+              position(parser, parser.text), class_Token(parser.catalogue, classId));
     return FILL_NO_UNIT;
 }
 
@@ -120,14 +122,14 @@ void readClose(UnitStringParser &parser) {
 // from the "(" where the last one stopped.
 FoundUnit findPlainUnit(UnitStringParser &parser, int32_t classId) {
     skipToUnit(parser, 0);
-    FoundUnit found = unit_FindAtHead(classId, parser.text, parser.style);
+    FoundUnit found = unit_FindAtHead(parser.catalogue, classId, parser.text, parser.style);
     while (found.status != FILL_DONE && *parser.text == '(' && !parser.signs.tooDeep) {
         push(parser.signs);
         ++parser.text;
         if (!parser.signs.tooDeep)
             skipToUnit(parser, 0);
         parser.opened = 1;
-        found = unit_FindAtHead(classId, parser.text, parser.style);
+        found = unit_FindAtHead(parser.catalogue, classId, parser.text, parser.style);
     }
     return found;
 }
@@ -154,10 +156,10 @@ FillStatus readPlain(UnitStringParser &parser, UomStruct node) {
         return FILL_NEEDS_PARENTHESES;
     }
     if (found.status != FILL_DONE) {
-        unit_ExplainFailure(found, node->classId, parser.text);
+        unit_ExplainFailure(parser.catalogue, found, node->classId, parser.text);
         return found.status;
     }
-    chain_SetUnit(node, found.unit);
+    chain_SetUnit(parser.catalogue, node, found.unit);
     parser.text += found.consumed;
     skipMoleEnding(parser, node->classId);
 
@@ -177,12 +179,12 @@ FillStatus readPlain(UnitStringParser &parser, UomStruct node) {
 // Of the readings of a text as a unit of each basis, the one that takes most of it wins, mass before moles
 // before volume.
 bool winsOver(const FoundUnit &a, const FoundUnit &b, const FoundUnit &c) {
-    return a.unit != UOM_NULL && a.consumed >= b.consumed && a.consumed >= c.consumed;
+    return a.unit != NO_UNIT && a.consumed >= b.consumed && a.consumed >= c.consumed;
 }
 
 FillStatus takeBasis(UnitStringParser &parser, UomStruct basisNode, int32_t basis, int32_t baseClass,
                      const FoundUnit &found) {
-    chain_SetUnit(basisNode, basis);
+    chain_SetUnit(parser.catalogue, basisNode, basis);
     parser.text += found.consumed;
     skipMoleEnding(parser, baseClass);
     dropExponent(parser);
@@ -191,29 +193,30 @@ FillStatus takeBasis(UnitStringParser &parser, UomStruct basisNode, int32_t basi
         return FILL_DONE;
     node->baseClass = baseClass;
     node->multiplier = found.multiplier;
-    chain_SetUnit(node, found.unit);
+    chain_SetUnit(parser.catalogue, node, found.unit);
     return FILL_DONE;
 }
 
 // Reads the Basis node and the one behind it. A volume basis that the class string stated stays.
 FillStatus readBasis(UnitStringParser &parser, UomStruct node) {
-    const BasisClass &moles = chain_MoleBasis();
-    const FoundUnit mass = unit_FindAtHead(CLASS_MASS, parser.text, parser.style);
-    const FoundUnit mole = unit_FindAtHead(moles.classId, parser.text, parser.style);
-    const FoundUnit volume = unit_FindAtHead(CLASS_LIQ_VOL, parser.text, parser.style);
+    const BasisClass moles = chain_MoleBasis(parser.catalogue);
+    const FoundUnit mass = unit_FindAtHead(parser.catalogue, CLASS_MASS, parser.text, parser.style);
+    const FoundUnit mole = unit_FindAtHead(parser.catalogue, moles.classId, parser.text, parser.style);
+    const FoundUnit volume = unit_FindAtHead(parser.catalogue, CLASS_LIQ_VOL, parser.text, parser.style);
     if (winsOver(mass, mole, volume))
-        return takeBasis(parser, node, UOM_BASMASS, CLASS_MASS, mass);
+        return takeBasis(parser, node, parser.catalogue.named.UOM_BASMASS, CLASS_MASS, mass);
     if (winsOver(mole, mass, volume))
-        return takeBasis(parser, node, *moles.basis, moles.classId, mole);
+        return takeBasis(parser, node, moles.basis, moles.classId, mole);
     if (!winsOver(volume, mass, mole))
         return missingUnit(parser, CLASS_BASIS);
-    if (chain_IsVolumeBasis(node->unit))
-        return takeBasis(parser, node, node->unit, uom_ClassFromBasis(node->unit), volume);
-    return takeBasis(parser, node, *chain_VolumeBasis().basis, chain_VolumeBasis().classId, volume);
+    if (chain_IsVolumeBasis(parser.catalogue, node->unit))
+        return takeBasis(parser, node, node->unit, uom_ClassFromBasis(parser.catalogue, node->unit), volume);
+    return takeBasis(parser, node, chain_VolumeBasis(parser.catalogue).basis,
+                     chain_VolumeBasis(parser.catalogue).classId, volume);
 }
 
 FillStatus readComponent(UnitStringParser &parser, UomStruct node) {
-    const FoundUnit found = unit_FindAtHead(node->baseClass, parser.text, parser.style);
+    const FoundUnit found = unit_FindAtHead(parser.catalogue, node->baseClass, parser.text, parser.style);
     node->multiplier = found.multiplier;
     if (found.status == FILL_NO_UNIT)
         return missingUnit(parser, node->baseClass);
@@ -222,7 +225,7 @@ FillStatus readComponent(UnitStringParser &parser, UomStruct node) {
                   position(parser, parser.text));
         return FILL_BAD_MULTIPLIER;
     }
-    chain_SetUnit(node, found.unit);
+    chain_SetUnit(parser.catalogue, node, found.unit);
     parser.text += found.consumed;
     skipMoleEnding(parser, node->baseClass);
     dropExponent(parser);
@@ -230,7 +233,7 @@ FillStatus readComponent(UnitStringParser &parser, UomStruct node) {
 }
 
 void clearUnit(UomStruct node) {
-    node->unit = UOM_NULL;
+    node->unit = NO_UNIT;
     node->multiplier = 0;
     node->unitStyle = 0;
 }
@@ -251,7 +254,7 @@ void skipCompositeTail(UnitStringParser &parser) {
 // Reads one component, or two where the next has no text of its own; `node` moves to the last node read.
 FillStatus readComposite(UnitStringParser &parser, UomStruct *node) {
     if (!parser.compositeEnd) {
-        parser.compositeEnd = uom_GetEndOfClass(*node);
+        parser.compositeEnd = uom_GetEndOfClass(parser.catalogue, *node);
         skipToUnit(parser, ANY_NUMBER);
     }
     skipToUnit(parser, ANY_NUMBER);
@@ -264,7 +267,7 @@ FillStatus readComposite(UnitStringParser &parser, UomStruct *node) {
     UomStruct next = (*node)->next;
     if (next && isBasis) {
         *node = next;
-    } else if (next && unit_IsWholeQuotient((*node)->baseClass, (*node)->unit)) {
+    } else if (next && unit_IsWholeQuotient(parser.catalogue, (*node)->baseClass, (*node)->unit)) {
         clearUnit(next);
         *node = next;
     }
@@ -300,7 +303,7 @@ FillStatus readNode(UnitStringParser &parser, UomStruct *node) {
     default:
         break;
     }
-    const UomClassRow *row = class_ValidRow((*node)->classId);
+    const UomClassRow *row = class_ValidRow(parser.catalogue, (*node)->classId);
     return row && class_IsComposite(*row) ? readComposite(parser, node) : readPlain(parser, *node);
 }
 
@@ -350,38 +353,14 @@ const char *uom_SkipToUnit(SignStack &signs, const char *text, int32_t maxOpen, 
     return text;
 }
 
-void chain_TakeSlate(UomStruct chain, int32_t slate) {
-    if (slate == UOM_SET_CURRENT)
-        uom_InitializeCurrentUnits(chain);
-    else
-        uom_InitializeUnits(chain, slate);
-}
-
-int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style) {
-    if (!chain) {
-        error_Set("No UOM class specified in function uom_FillStructFromString().");
-        return FILL_BAD_ARGUMENT;
-    }
-    if (!uomString) {
-        error_Set("No UOM string specified in function uom_FillStructFromString().");
-        return FILL_BAD_ARGUMENT;
-    }
-    if (str_IsTooLong(uomString)) {
-        unit_RefuseLength(uomString);
-        return FILL_OVERLONG;
-    }
-    const int32_t slate = uom_GetSetType(uomString);
-    if (slate > UOM_SET_NULL && slate < UOM_SET_MAX) {
-        chain_TakeSlate(chain, slate);
-        return FILL_DONE;
-    }
+int32_t chain_FillFromText(const Catalogue &catalogue, UomStruct chain, const char *uomString, int32_t style) {
     const ScratchText normal(std::strlen(uomString) + 1);
     if (!normal.text) {
         error_Set("UOM string \"%s\": memory is exhausted.", uomString);
         return FILL_NO_MEMORY;
     }
     unit_Normalize(normal.text, uomString);
-    UnitStringParser parser(normal.text, style, chain);
+    UnitStringParser parser(catalogue, normal.text, style, chain);
     const FillStatus status = readChain(parser, chain);
     if (status == FILL_TOO_DEEP)
         error_Set("UOM string \"%s\" at character %d: more than %d open parentheses.", parser.start,
@@ -390,3 +369,5 @@ int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t
         error_Clear();
     return status;
 }
+
+} // namespace uom

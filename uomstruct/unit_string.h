@@ -1,10 +1,13 @@
-// The parser of unit strings, "kpa/(m3/sec)2"; uom_FillStructFromString is declared in uom.h.
+// The parser of unit strings, "kpa/(m3/sec)2".
 #ifndef UOM_UOMSTRUCT_UNIT_STRING_H
 #define UOM_UOMSTRUCT_UNIT_STRING_H
 
 #include <cstdint>
 
 #include "uom/uom.h"
+#include "catalogue/catalogue.h"
+
+namespace uom {
 
 constexpr int32_t MAX_GROUPS = 32;
 
@@ -17,11 +20,13 @@ struct SignStack {
     SignStack() {}             // leaves `saved` as it is: most texts open nothing
 };
 
-// Gives the chain the units of a slate; of "Current" with the units that the chain fixes on top.
-void chain_TakeSlate(UomStruct chain, int32_t slate);
+// uom_FillStructFromString of a text that is no slate's name. REQUIRES: neither is null, and the text not too long.
+int32_t chain_FillFromText(const Catalogue &catalogue, UomStruct chain, const char *uomString, int32_t style);
 
 // The next unit name: a letter, "$", or the end of the text; or the "(" behind `maxOpen` others. Parentheses
 // and "/" on the way act on the signs. `opened` is 1 when a "(" was passed.
 const char *uom_SkipToUnit(SignStack &signs, const char *text, int32_t maxOpen, int32_t *opened);
+
+} // namespace uom
 
 #endif

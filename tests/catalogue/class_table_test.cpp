@@ -18,7 +18,7 @@ TEST_F(CatalogueClasses, AreFoundWithoutAnIndexToo) {
         return numbers + std::to_string(uom_GetClassType(std::string(10000, 'T').c_str(), style));
     };
     const std::string tokens = found(1), keywords = found(2), names = found(5);
-    class_DropIndex();
+    class_DropIndex(catalogue());
     EXPECT_EQ(joined(found(1), found(2), found(5)), joined(tokens, keywords, names));
     EXPECT_EQ(tokens.substr(0, 12), "1 2 3 4 5 6 ");
 }

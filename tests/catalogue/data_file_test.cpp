@@ -1,5 +1,5 @@
 // The reader of the data file: its class lines, and what it says of a broken file.
-#include "catalogue/data_file.h"
+#include "loading/data_file.h"
 
 #include "catalogue/class_table.h"
 #include "tests/library_fixture.h"
@@ -23,7 +23,7 @@ TEST_F(CatalogueDataFile, KeywordsInAWrongPlaceAreErrors) {
     const std::string longLine(200, 'x');
     const auto complaintOf = [&](const Cells &c) {
         EXPECT_EQ(2, startWith(units + c[0]));
-        EXPECT_EQ(0, uomInitDone);
+        EXPECT_EQ(0, catalogue().started);
         const std::string head = "UOM File \"" + path + "\", Error on line ", message = lastError();
         EXPECT_EQ(head, message.substr(0, head.size()));
         stop();

@@ -21,7 +21,7 @@ TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
     for (const Fields &fields : lines)
         tokens.insert(fields[0]);
     for (const Section &section : shippedSections("BEGINLIST")) {
-        const bool known = class_Find(section.name.c_str(), 1) != 0;
+        const bool known = class_Find(catalogue(), section.name.c_str(), 1) != 0;
         if (!known)
             applicationLists.insert(section.name);
         EXPECT_FALSE(section.lines.empty()) << section.name;
@@ -36,7 +36,7 @@ TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
         }
     }
     EXPECT_EQ(19u, applicationLists.size());
-    for (const UomTable *list : uomListTables)
+    for (const UomTable *list : catalogue().lists.application)
         EXPECT_TRUE(list);
     for (size_t i = 1; i < lines.size(); ++i)
         EXPECT_EQ(1u, listed.count(lines[i][0])) << "in no class: " << lines[i][0];
@@ -45,19 +45,19 @@ TEST_F(CatalogueShippedData, ListsNameUnitsAndUnitsAreListed) {
 TEST_F(CatalogueShippedData, UnitsReadBackInEachClassThatListsThem) {
     // A unit's whole token, and the token with a multiplier, must not be taken for another unit of the class.
     for (int32_t i = 4; i <= 68; ++i) {
-        const int32_t *units = uom_GetClassUnits(i);
+        const int32_t *units = uom_GetClassUnits(catalogue(), i);
         for (; units && *units != UOM_NULL; ++units) {
-            const std::string token = unit_Token(*units);
+            const std::string token = unit_Token(catalogue(), *units);
             int32_t length, consumed, multiplier, unit;
-            EXPECT_EQ(*units, uom_ScanUnitToken(i, token.c_str(), 1, &length)) << i << " " << token;
+            EXPECT_EQ(*units, uom_ScanUnitToken(catalogue(), i, token.c_str(), 1, &length)) << i << " " << token;
             EXPECT_EQ(token.size(), static_cast<size_t>(length));
-            const bool api = unit_Record(*units)->multiplierStyle == 1;
+            const bool api = unit_Record(catalogue(), *units)->multiplierStyle == 1;
             const std::string millions = (api ? "MM " : "M*") + token;
             EXPECT_EQ(0, uom_FindUnitFromString(i, millions.c_str(), 1, &consumed, &multiplier, &unit));
             EXPECT_EQ(*units, unit) << i << " " << millions;
             EXPECT_EQ(6, multiplier) << i << " " << millions;
-            const char *keyword = unit_Record(*units)->keyword;
-            uom_ScanUnitToken(i, keyword, 2, &length);
+            const char *keyword = unit_Record(catalogue(), *units)->keyword;
+            uom_ScanUnitToken(catalogue(), i, keyword, 2, &length);
             EXPECT_EQ(std::strlen(keyword), static_cast<size_t>(length)) << i << " " << keyword;
         }
     }
@@ -71,7 +71,7 @@ TEST_F(CatalogueShippedData, ClassLinesCommonListsAndSlatesAreUnderstood) {
     std::set<std::string> names;
     for (const Section &section : shippedSections("BEGINCOMMONLIST")) {
         EXPECT_TRUE(names.insert(lowered(section.name)).second) << section.name;
-        if (class_Find(section.name.c_str(), 1) == 0)
+        if (class_Find(catalogue(), section.name.c_str(), 1) == 0)
             continue;
         for (const std::string &line : section.lines)
             EXPECT_EQ(0, uoms_ValidateUOM(section.name.c_str(), fieldsOf(line)[0].c_str()))

@@ -337,7 +337,7 @@ TEST_F(CatalogueShippedUnitsRead, AreTheNumbersOfTheFile) {
     const std::vector<Fields> lines = shippedUnits();
     for (size_t i = 1; i < lines.size(); ++i) {
         SCOPED_TRACE(lines[i][0]);
-        const UomUnit *unit = unit_Record(static_cast<int32_t>(i));
+        const UomUnit *unit = unit_Record(catalogue(), static_cast<int32_t>(i));
         ASSERT_TRUE(unit);
         EXPECT_EQ(std::atoi(lines[i][3].c_str()), unit->multiplierStyle);
         EXPECT_DOUBLE_EQ(std::strtod(lines[i][4].c_str(), nullptr), unit->offset);

@@ -1,9 +1,9 @@
 // Start-up words, modes and what they rename, what a clean-up leaves, starting again.
-#include "catalogue/startup.h"
+#include "loading/startup.h"
 
 #include <sys/stat.h>
 
-#include "catalogue/platform.h"
+#include "support/platform.h"
 #include "catalogue/units.h"
 #include "slates/properties.h"
 #include "tests/library_fixture.h"
@@ -12,13 +12,14 @@ namespace {
 
 // What a host finds before its first start.
 const std::string atLoad =
-    joined(UOM_NULL, UOM_BASMOLE, UOM_BASMOLAR, UOM_BASMASS, UOM_BASLIQV, UOM_BASVAPV, UOM_BASACTV, UOM_SET_NULL,
-           UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_SI, UOM_SET_INTERNAL, UOM_SET_OXINTERNAL, UOM_SET_CURRENT,
-           UOM_SET_MAX, uomInitDone, uomClassCount, uomUnitCount, uomCurrentSet, uomRunFactor, uomRunOffset,
-           uomRunLinear) +
+    joined(UOM_NULL, UOM_BASMOLE, catalogue().named.UOM_BASMOLAR, UOM_BASMASS, UOM_BASLIQV, UOM_BASVAPV, UOM_BASACTV,
+           UOM_SET_NULL, UOM_SET_ENGLISH, UOM_SET_METRIC, UOM_SET_SI, UOM_SET_INTERNAL, UOM_SET_OXINTERNAL,
+           UOM_SET_CURRENT, UOM_SET_MAX, catalogue().started, catalogue().classes.count, catalogue().units.count,
+           catalogue().slates.currentRoot, running().factor, running().offset, running().linear) +
     " | " +
-    joined(uomModeKesta, uomModeVel2go, uomModeOrbex, uomAllowMult, uomModeQx71, uomMoleQuantity,
-           uom_GetDefaultDisplayStyle(), defaultScanClassStyle, defaultScanUOMStyle, uomDataFile, uomLastError);
+    joined(catalogue().modes.kesta, catalogue().modes.vel2go, catalogue().modes.orbex, catalogue().modes.allowMult,
+           catalogue().modes.qx71, catalogue().modes.moleQuantity, uom_GetDefaultDisplayStyle(),
+           catalogue().styles.scanClass, catalogue().styles.scanUom, catalogue().dataFile, error_Text());
 
 class CatalogueStartup : public LibraryTest {
 protected:
@@ -56,16 +57,17 @@ TEST_F(CatalogueStartup, WordsAndThenTheFileDecideTheModes) {
     expectAnswers(cases, [&](const Cells &c) {
         const SplitWords words(c[0]);
         EXPECT_EQ(0, startWith(c[1] + "\n", words.words));
-        EXPECT_EQ(0, uomUnitCount);
-        const std::string all = joined(uomModeOrbex, uomModeKesta, uomModeVel2go, uom_GetAllowUOMMultipliers(),
-                                       uomMoleQuantity, uomModeQx71);
+        EXPECT_EQ(0, catalogue().units.count);
+        const std::string all =
+            joined(catalogue().modes.orbex, catalogue().modes.kesta, catalogue().modes.vel2go,
+                   uom_GetAllowUOMMultipliers(), catalogue().modes.moleQuantity, catalogue().modes.qx71);
         stop();
         return all;
     });
     const char *const withNull[] = {nullptr, "kesta", "-f", path.c_str()};
     std::ofstream(path) << "\n";
     EXPECT_EQ(0, uom_Init2(4, withNull));
-    EXPECT_EQ(1, uomModeKesta);
+    EXPECT_EQ(1, catalogue().modes.kesta);
 }
 
 TEST_F(CatalogueStartup, FindsThePathAmongTheWords) {
@@ -76,10 +78,12 @@ TEST_F(CatalogueStartup, FindsThePathAmongTheWords) {
     expectAnswers(cases, [&](const Cells &c) {
         const SplitWords words(c[0]);
         EXPECT_EQ(1, uom_Init2(words.count(), words.words.data()));
-        EXPECT_EQ("Unable to open the Unit of Measure data file \"" + std::string(uomDataFile) + "\".", lastError());
-        EXPECT_EQ(0, uomInitDone);
-        EXPECT_EQ("-1 -1", joined(uomAllowMult, uomModeKesta)); // not settled, and "kesta" was a path
-        const std::string found = uomDataFile;
+        EXPECT_EQ("Unable to open the Unit of Measure data file \"" + std::string(catalogue().dataFile) + "\".",
+                  lastError());
+        EXPECT_EQ(0, catalogue().started);
+        EXPECT_EQ("-1 -1",
+                  joined(catalogue().modes.allowMult, catalogue().modes.kesta)); // not settled, and "kesta" was a path
+        const std::string found = catalogue().dataFile;
         stop();
         return found;
     });
@@ -101,19 +105,19 @@ TEST_F(CatalogueStartup, RefusesAPathLongerThanItKeeps) {
     EXPECT_EQ(0, startFile(longest));
     EXPECT_EQ(1, init3("-f|" + tooLong)) << "another file than the one in use";
     EXPECT_EQ((refusal + tooLong).substr(0, 511), lastError());
-    EXPECT_EQ(0, uomInitDone);
+    EXPECT_EQ(0, catalogue().started);
     EXPECT_EQ(1, uom_Init2(0, nullptr)) << "no cut path is kept";
     EXPECT_EQ(refusal + "\".", lastError());
 
     EXPECT_EQ(0, startFile(longest));
-    uom_SetDataFileName("");
-    EXPECT_EQ(longest, uomDataFile);
-    uom_SetDataFileName(tooLong.c_str());
-    EXPECT_STREQ("", uomDataFile);
+    uom_SetDataFileName(catalogue(), "");
+    EXPECT_EQ(longest, catalogue().dataFile);
+    uom_SetDataFileName(catalogue(), tooLong.c_str());
+    EXPECT_STREQ("", catalogue().dataFile);
     uom_Cleanup();
     EXPECT_EQ(1, uom_Init2(0, nullptr));
 
-    uom_SetDataFileName(longest.c_str());
+    uom_SetDataFileName(catalogue(), longest.c_str());
     EXPECT_EQ(0, uom_Init2(0, nullptr));
     std::remove(longest.c_str()), std::remove(tooLong.c_str());
     rmdir(deep.c_str()), rmdir(folder.c_str());
@@ -167,25 +171,27 @@ TEST_F(CatalogueStartup, DebugTextKeepsTheNewest) {
 TEST_F(CatalogueStartup, WhatSurvivesACleanup) {
     ASSERT_EQ(0, startShipped({"kesta", "mole", "allowmult"}));
     EXPECT_EQ(0, startWith("ENDUOMLIST\n", {"orbex"})) << "does nothing";
-    EXPECT_EQ(1, uomModeKesta);
+    EXPECT_EQ(1, catalogue().modes.kesta);
     uom_SetDefaultDisplayStyle(5);
     EXPECT_FALSE(uoms_New("Nosuch"));
     const std::string message = lastError();
     const char *const address = uom_GetLastErrorMessage();
-    const int32_t metric = UOM_SET_METRIC, mass = UOM_BASMASS, units = uomUnitCount;
+    const int32_t metric = UOM_SET_METRIC, mass = UOM_BASMASS, units = catalogue().units.count;
     uom_Cleanup();
     uom_Cleanup();
     EXPECT_EQ(message, lastError());
     EXPECT_EQ(address, uom_GetLastErrorMessage());
     EXPECT_EQ(joined(metric, mass), joined(UOM_SET_METRIC, UOM_BASMASS));
-    EXPECT_EQ("1 5 -1 -1", joined(uomMoleQuantity, uom_GetDefaultDisplayStyle(), uomModeKesta, uomAllowMult));
-    for (const UomClassRow &row : uomStaticRows)
+    EXPECT_EQ("1 5 -1 -1", joined(catalogue().modes.moleQuantity, uom_GetDefaultDisplayStyle(), catalogue().modes.kesta,
+                                  catalogue().modes.allowMult));
+    for (const UomClassRow &row : catalogue().classes.compiled)
         EXPECT_FALSE(row.uomList || row.uomChoices) << row.token;
     // The file of the last start is read when none is named. What a Quantity counts stays what that made it.
     const char *const molar = "molar";
     ASSERT_EQ(0, uom_Init2(1, &molar));
-    EXPECT_STREQ(UOM_TEST_DATA, uomDataFile);
-    EXPECT_EQ(joined(1, 0, units), joined(uom_GetDefaultDisplayStyle(), uomMoleQuantity, uomUnitCount));
+    EXPECT_STREQ(UOM_TEST_DATA, catalogue().dataFile);
+    EXPECT_EQ(joined(1, 0, units),
+              joined(uom_GetDefaultDisplayStyle(), catalogue().modes.moleQuantity, catalogue().units.count));
     UomStruct chain = uoms_New("Rate Quantity");
     EXPECT_EQ("40:- 19:- 10:- 40:- 19:-", describeUnits(chain));
     uom_Free(&chain);
@@ -203,7 +209,7 @@ TEST_F(CatalogueStartup, FindsTheFileBesideTheLibrary) {
     const std::string found = places.paths[places.count - 1];
     EXPECT_EQ("/uomdata.txt", found.substr(found.size() - 12));
     ASSERT_EQ(0, uom_Init()) << lastError();
-    EXPECT_EQ(found, uomDataFile);
+    EXPECT_EQ(found, catalogue().dataFile);
 
     std::vector<char> out(found.size() + 3, '#');
     const int32_t fits = static_cast<int32_t>(found.size()) + 1;
@@ -223,15 +229,17 @@ TEST_F(CatalogueStartup, FindsTheFileBesideTheLibrary) {
 }
 
 TEST_F(CatalogueStartup, RefusesTablesThatContradictThemselves) {
-    const int32_t index = uomStaticRows[CLASS_MASS].index;
-    uomStaticRows[CLASS_MASS].index = 7;
+    ASSERT_EQ(0, startSmall());
+    uom_Cleanup();
+    const int32_t index = catalogue().classes.compiled[CLASS_MASS].index;
+    catalogue().classes.compiled[CLASS_MASS].index = 7;
     EXPECT_EQ(3, startSmall());
     EXPECT_EQ("UOM Initialization: UOM Class table is inconsistent", lastError());
-    EXPECT_EQ(1, uomInitDone) << "in use all the same";
-    uomStaticRows[CLASS_MASS].index = index;
-    EXPECT_EQ(0, startup_CheckTables());
-    unit_Record(2)->index = 1;
-    EXPECT_EQ(4, startup_CheckTables());
+    EXPECT_EQ(1, catalogue().started) << "in use all the same";
+    catalogue().classes.compiled[CLASS_MASS].index = index;
+    EXPECT_EQ(0, startup_CheckTables(catalogue()));
+    unit_Record(catalogue(), 2)->index = 1;
+    EXPECT_EQ(4, startup_CheckTables(catalogue()));
     EXPECT_EQ("UOM Initialization: UOM Unit table is inconsistent", lastError());
 }
 

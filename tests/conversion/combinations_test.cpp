@@ -47,7 +47,7 @@ void fill(UomStruct chain, const std::vector<Unit> &units, int multiplier) {
     for (UomStruct node = chain; node && unit != units.end(); node = node->next) {
         if (node->classId == CLASS_OPEN || node->classId == CLASS_CLOSE)
             continue;
-        chain_SetUnit(node, unit->token ? uom_GetUnitType(unit->token) : UOM_NULL);
+        chain_SetUnit(catalogue(), node, unit->token ? uom_GetUnitType(unit->token) : UOM_NULL);
         ASSERT_EQ(node->unit == UOM_NULL, unit->token == nullptr) << unit->token;
         node->multiplier = unit->token && node->baseClass != CLASS_BASIS ? multiplier : 0;
         ++unit;
@@ -93,10 +93,10 @@ TEST_F(CombinationsTest, MultipliersExponentsAndGroups) {
                                           scaleOf(item, item.to, toMultiplier, exponent);
                         const Real ratio = std::pow(once, group && power != 0 ? power : 1);
                         expectNear(uom_ConvertFromTo(7, from.head, to.head), 7 * ratio);
-                        EXPECT_EQ(joined(uomRunLinear, uomRunOffset), "1 0");
+                        EXPECT_EQ(joined(running().linear, running().offset), "1 0");
                         // Of a raised group the pair lacks one power, and the inverse of a group two.
                         const int short_ = group && power > 1 ? 1 : group && power < 0 ? 2 * power - 1 : 0;
-                        expectNear(uomRunFactor,
+                        expectNear(running().factor,
                                    power < 0 ? std::pow(once, power - 1) : ratio / std::pow(once, short_));
                         if (HasFailure())
                             return;
@@ -178,9 +178,10 @@ TEST_F(CombinationsTest, Offsets) {
                         expected *= first ? 1 : ft.factor;
                         const double value = uom_ConvertFromTo(250, from.head, to.head);
                         EXPECT_NEAR(value, static_cast<double>(expected), 1e-12 * std::fabs(value) + 1e-12);
-                        expectNear(uomRunFactor, s.factor / t.factor * ft.factor);
+                        expectNear(running().factor, s.factor / t.factor * ft.factor);
                         const Real offset = first ? pairOffset / ft.factor : pairOffset;
-                        EXPECT_NEAR(uomRunOffset, static_cast<double>(offset), 1e-12 * std::fabs(uomRunOffset) + 1e-11);
+                        EXPECT_NEAR(running().offset, static_cast<double>(offset),
+                                    1e-12 * std::fabs(running().offset) + 1e-11);
                         if (HasFailure())
                             return;
                     }
@@ -194,8 +195,8 @@ TEST_F(CombinationsTest, OffsetsToGreatPowers) {
         fill(from.head, {F}, 0);
         fill(to.head, {K}, 0);
         uom_ConvertFromTo(250, from.head, to.head);
-        expectNear(uomRunFactor, std::pow(F.factor, exponent + 2));
-        expectNear(uomRunOffset,
+        expectNear(running().factor, std::pow(F.factor, exponent + 2));
+        expectNear(running().offset,
                    F.offset / std::pow(F.factor, exponent) * (1 - std::pow(F.factor, exponent + 1)) / (1 - F.factor));
     }
 }

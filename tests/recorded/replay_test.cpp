@@ -345,7 +345,7 @@ template <class R, class... P> void Call::run(R (*operation)(P...)) {
 }
 
 const std::map<std::string, void (*)(Call &)> operations = {
-#define OPERATION(name) {#name, [](Call &c) { c.run(name); }},
+#define OPERATION(name) {#name, [](Call &c) { c.run(::name); }},
 #include "tests/recorded/operations.def"
 #undef OPERATION
 };

@@ -66,13 +66,13 @@ TEST_F(ReportTest, DefinitionsOfSlatesAndWords) {
     EXPECT_NE(slates.find("\n\n[Metric]\nBasedOn=Metric\n"), std::string::npos);
     for (const auto &word : {std::pair("EndUser", 263), std::pair("full", 15), std::pair("javadoc", 1287),
                              std::pair("excel", 2311), std::pair("UOMSLATES", 4096), std::pair("x", 15)}) {
-        EXPECT_EQ(uom_DumpByName(word.first, path.c_str()), 0);
+        EXPECT_EQ(uom_DumpByName(catalogue(), running(), word.first, path.c_str()), 0);
         const std::string named = written();
         EXPECT_EQ(named, document(word.second)) << word.first;
     }
     EXPECT_EQ(document(0), document(15));
     EXPECT_NE(uom_Dump(15, "/nosuch/directory/report"), 0);
-    EXPECT_NE(uom_DumpSlates("/nosuch/directory/report"), 0);
+    EXPECT_NE(uom_DumpSlates(catalogue(), running(), "/nosuch/directory/report"), 0);
 }
 
 } // namespace

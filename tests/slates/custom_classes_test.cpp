@@ -14,7 +14,9 @@ TEST_F(CustomClassesTest, DeletingLeavesThePlacesOfRows) {
         ASSERT_EQ(uoms_NewClass(name, "Mass"), 0);
     EXPECT_EQ(uoms_DeleteClass("beta"), 0);
     // The field of a row behind the gap takes the old count and is its place no more.
-    EXPECT_EQ(joined(class_Row(71)->index, class_Row(72)->index, class_Row(73)->index), "71 75 75");
+    EXPECT_EQ(
+        joined(class_Row(catalogue(), 71)->index, class_Row(catalogue(), 72)->index, class_Row(catalogue(), 73)->index),
+        "71 75 75");
 }
 
 // What others are made of stays, and they keep it when a class in front of it goes.
@@ -27,7 +29,8 @@ TEST_F(CustomClassesTest, ComponentsOfOthers) {
     EXPECT_EQ(stated("English", "Load"), "lb"); // nothing was withdrawn
     EXPECT_EQ(uoms_DeleteClass("Second"), 0);
     const Chain chain("Pressing", "lb/m2");
-    EXPECT_EQ(joined(class_Token(chain.head->baseClass), classOf("Load"), chain.head->baseClass), "Load 72 72");
+    EXPECT_EQ(joined(class_Token(catalogue(), chain.head->baseClass), classOf("Load"), chain.head->baseClass),
+              "Load 72 72");
     EXPECT_EQ(uoms_DeleteClass("Pressing") + uoms_DeleteClass("Load"), 0);
 }
 

@@ -32,12 +32,12 @@ TEST_F(DefinitionTest, ShippedSlatesResolveEveryClass) {
     for (int32_t slate = 1; slate < UOM_SET_MAX; ++slate)
         for (int32_t c = 3; c < uom_GetUOMClassCount(); ++c) {
             char text[128], name[64];
-            SCOPED_TRACE(testing::Message() << uom_GetBaseName2(slate, name, 64) << " " << class_Token(c));
+            SCOPED_TRACE(testing::Message() << uom_GetBaseName2(slate, name, 64) << " " << class_Token(catalogue(), c));
             uom_GetDisplayText(c, nullptr, slate, text, sizeof text, 1);
             if (c == CLASS_DIMENSIONLESS)
                 continue; // nothing is ever read for it
             EXPECT_STRNE(text, "");
-            const Chain chain(class_Token(c)), back(class_Token(c), text);
+            const Chain chain(class_Token(catalogue(), c)), back(class_Token(catalogue(), c), text);
             uom_InitializeUnits(chain.head, slate);
             EXPECT_EQ(display(chain.head), text);
             EXPECT_EQ(describeUnits(back.head), describeUnits(chain.head));

@@ -16,25 +16,27 @@ TEST_F(PropagationTest, OnRequest) {
     ASSERT_TRUE(state("Exchanger", "Density", "lb/ft3"));
     const auto after = [&](const char *petro) {
         EXPECT_TRUE(state("Exchanger", "PetroDensity", petro));
-        EXPECT_EQ(uom_PropagateHXRules(slate, density, &unit, &multiplier), 0);
+        EXPECT_EQ(uom_PropagateHXRules(catalogue(), running(), slate, density, &unit, &multiplier), 0);
         return resolved("Exchanger", "PetroDensity");
     };
     EXPECT_EQ(joined(after("API"), after("spgr"), after("kg/m3")), "API spgr lb/ft3");
     for (const auto &rules : {uom_PropagateHXRules, uom_PropagateCommonRules}) {
-        EXPECT_EQ("1 1 1 1",
-                  joined(rules(-1, density, &unit, &multiplier), rules(UOM_SET_MAX, density, &unit, &multiplier),
-                         rules(slate, density, nullptr, &multiplier), rules(slate, density, &unit, nullptr)));
+        EXPECT_EQ("1 1 1 1", joined(rules(catalogue(), running(), -1, density, &unit, &multiplier),
+                                    rules(catalogue(), running(), UOM_SET_MAX, density, &unit, &multiplier),
+                                    rules(catalogue(), running(), slate, density, nullptr, &multiplier),
+                                    rules(catalogue(), running(), slate, density, &unit, nullptr)));
     }
-    EXPECT_EQ("1 1", joined(uom_PropagateCommonRules(slate, -1, &unit, &multiplier),
-                            uom_PropagateCommonRules(slate, uomClassCount, &unit, &multiplier)));
+    EXPECT_EQ("1 1", joined(uom_PropagateCommonRules(catalogue(), running(), slate, -1, &unit, &multiplier),
+                            uom_PropagateCommonRules(catalogue(), running(), slate, catalogue().classes.count, &unit,
+                                                     &multiplier)));
 }
 
 TEST_F(PropagationTest, WhatFollowsIsReadAsTokens) {
-    uoms_PutServerProperty("defaultScanClassStyle", "keyword");
-    uoms_PutServerProperty("defaultScanUOMStyle", "keyword");
+    uoms_PutServerProperty(catalogue(), "defaultScanClassStyle", "keyword");
+    uoms_PutServerProperty(catalogue(), "defaultScanUOMStyle", "keyword");
     const int32_t unit = unitOf("Sm3 60F"), none = 0;
     EXPECT_EQ(uom_SetClassDefault(newSlate("Fresh", "HXREPORT"), CLASS_VAP_VOL, &unit, &none), 0);
-    uoms_PutServerProperty("defaultScanClassStyle", "token");
+    uoms_PutServerProperty(catalogue(), "defaultScanClassStyle", "token");
     EXPECT_EQ(stated("Fresh", "VapVolRate"), "Sm3 60F/min");
 }
 
@@ -51,7 +53,8 @@ TEST_F(PropagationTest, UnitsRelatedByTheirNames) {
     )";
     expectAnswers(cases, [](const Cells &c) {
         int32_t related = 77;
-        const int32_t result = uom_FindRelatedUnit(std::stoi(c[0]), unitOf(c[1].c_str()), std::stoi(c[2]), &related);
+        const int32_t result =
+            uom_FindRelatedUnit(catalogue(), std::stoi(c[0]), unitOf(c[1].c_str()), std::stoi(c[2]), &related);
         char token[32] = "";
         uom_GetUnitText(related, token, sizeof token, 1);
         EXPECT_EQ(result == 1, related == UOM_NULL);

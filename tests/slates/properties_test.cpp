@@ -14,12 +14,12 @@ protected:
     }
     static std::string Get(const char *property) {
         char out[64] = "#";
-        EXPECT_EQ(uoms_GetSetProperty("Plant", property, sizeof out, out), 0);
+        EXPECT_EQ(uoms_GetSetProperty(catalogue(), "Plant", property, sizeof out, out), 0);
         return out;
     }
     static std::string Server(const char *property) {
         char out[64] = "#";
-        EXPECT_EQ(uoms_GetServerProperty(property, sizeof out, out), 0) << lastError();
+        EXPECT_EQ(uoms_GetServerProperty(catalogue(), property, sizeof out, out), 0) << lastError();
         return out;
     }
     int32_t plant = -1;
@@ -34,15 +34,15 @@ TEST_F(PropertiesTest, GaugeBasis) {
         | -1; | 101.325; abc | 101.325 101.325; abc | -1 -1; 99 | 99 99
     )";
     expectAnswers(cases, [this](const Cells &c) {
-        EXPECT_EQ(uoms_PutSetProperty("Plant", "gaugePresBASIS", c[0].c_str()), 0);
+        EXPECT_EQ(uoms_PutSetProperty(catalogue(), running(), "Plant", "gaugePresBASIS", c[0].c_str()), 0);
         std::ostringstream all;
         all.precision(11);
         all << Get("GaugePresBasis") << (Get("GaugePresBasis").empty() ? "" : " ")
-            << slate_Record(plant)->gaugePresBasis;
+            << slate_Record(catalogue(), plant)->gaugePresBasis;
         return all.str();
     });
     char out[4];
-    EXPECT_EQ(uoms_GetSetProperty("Plant", "GaugePresBasis", 2, out), 0);
+    EXPECT_EQ(uoms_GetSetProperty(catalogue(), "Plant", "GaugePresBasis", 2, out), 0);
     EXPECT_STREQ(out, "9");
     newSlate("Child", "Plant");
     EXPECT_EQ(stated("Child", "GaugePresBasis"), ""); // not inherited
@@ -57,35 +57,35 @@ TEST_F(PropertiesTest, FailuresOfSlateProperties) {
                  {"", "isHidden", 1},      {"Plant", "Nosuch", 2}, {"Plant", "Temp", 2}};
     for (const auto &c : cases) {
         error_Set("old");
-        EXPECT_EQ(uoms_GetSetProperty(c.slate, c.property, 8, out), c.status);
+        EXPECT_EQ(uoms_GetSetProperty(catalogue(), c.slate, c.property, 8, out), c.status);
         EXPECT_EQ(lastError(),
                   c.status == 2 ? std::string("Unrecognized UOM Slate property \"") + c.property + "\"." : "old");
         EXPECT_STREQ(out, "");
         error_Set("old");
-        EXPECT_EQ(uoms_PutSetProperty(c.slate, c.property, "1"), c.status);
+        EXPECT_EQ(uoms_PutSetProperty(catalogue(), running(), c.slate, c.property, "1"), c.status);
         EXPECT_EQ(lastError(),
                   c.status == 2 ? std::string("Unrecognized UOM Slate property \"") + c.property + "\"." : "old");
     }
-    EXPECT_EQ(uoms_PutSetProperty("Plant", "isHidden", nullptr), 1);
+    EXPECT_EQ(uoms_PutSetProperty(catalogue(), running(), "Plant", "isHidden", nullptr), 1);
 }
 
 TEST_F(PropertiesTest, OfTheLibrary) {
     EXPECT_EQ(Server("allowMultipliers"), "false");
-    EXPECT_EQ(uoms_PutServerProperty("allowMultipliers", "TRUE"), 0);
+    EXPECT_EQ(uoms_PutServerProperty(catalogue(), "allowMultipliers", "TRUE"), 0);
     EXPECT_EQ(Server("ALLOWMULTIPLIERS"), "true"); // read in any case, written in this one alone
     EXPECT_EQ(uom_GetAllowUOMMultipliers(), 1);
-    EXPECT_EQ(uoms_PutServerProperty("AllowMultipliers", "false"), 1);
+    EXPECT_EQ(uoms_PutServerProperty(catalogue(), "AllowMultipliers", "false"), 1);
     EXPECT_EQ(lastError(), "Unrecognized UOM Server property \"AllowMultipliers\".");
-    EXPECT_EQ(uoms_PutServerProperty("allowMultipliers", "yes"), 0);
+    EXPECT_EQ(uoms_PutServerProperty(catalogue(), "allowMultipliers", "yes"), 0);
     EXPECT_EQ(Server("allowMultipliers"), "false");
     // The display style answers with the style before, and stays when the name is unknown.
-    EXPECT_EQ(uoms_PutServerProperty("DEFAULTDISPLAYSTYLE", "Html"), 1);
-    EXPECT_EQ(uoms_PutServerProperty("defaultDisplayStyle", "nosuch"), 6);
+    EXPECT_EQ(uoms_PutServerProperty(catalogue(), "DEFAULTDISPLAYSTYLE", "Html"), 1);
+    EXPECT_EQ(uoms_PutServerProperty(catalogue(), "defaultDisplayStyle", "nosuch"), 6);
     error_Set("old");
     EXPECT_EQ(Server("defaultDisplayStyle"), "html");
     EXPECT_EQ(lastError(), "") << "nothing of an earlier failure is left";
     char one[] = "#";
-    EXPECT_EQ(uoms_GetServerProperty("defaultDisplayStyle", 1, one), 0);
+    EXPECT_EQ(uoms_GetServerProperty(catalogue(), "defaultDisplayStyle", 1, one), 0);
     EXPECT_STREQ(one, "");
     EXPECT_EQ(uom_GetDefaultDisplayStyle(), 6);
     const struct {
@@ -98,10 +98,10 @@ TEST_F(PropertiesTest, OfTheLibrary) {
                  {"Nosuch", 8, "Unrecognized UOM Server property \"Nosuch\"."}};
     for (const auto &c : cases) {
         char out[8] = "#";
-        EXPECT_EQ(uoms_GetServerProperty(c.name, c.length, out), 1);
+        EXPECT_EQ(uoms_GetServerProperty(catalogue(), c.name, c.length, out), 1);
         EXPECT_EQ(lastError(), c.message);
         if (c.length) {
-            EXPECT_EQ(uoms_PutServerProperty(c.name, "1"), 1);
+            EXPECT_EQ(uoms_PutServerProperty(catalogue(), c.name, "1"), 1);
             EXPECT_EQ(lastError(), c.message);
         }
     }
@@ -124,12 +124,12 @@ TEST_F(PropertiesTest, Lists) {
     EXPECT_EQ(joined(4, count), joined(uoms_GetServerPropertyCount(), count));
     EXPECT_EQ("allowMultipliers defaultDisplayStyle defaultScanClassStyle defaultScanUOMStyle ", taken(texts, count));
     taken(uoms_GetSetPropertyList(nullptr), 5), taken(uoms_GetServerPropertyList(nullptr), 4);
-    uom_SetKestaOption(5);
-    EXPECT_EQ(joined(5, uomUnitCount), joined(uomModeKesta, uom_GetUnitTotal()));
+    uom_SetKestaOption(catalogue(), 5);
+    EXPECT_EQ(joined(5, catalogue().units.count), joined(catalogue().modes.kesta, uom_GetUnitTotal(catalogue())));
     for (const auto &[value, style] : {std::pair{"Token", 1}, {"nosuch", 1}, {"Keyword", 2}}) {
-        EXPECT_EQ("0 0", joined(uoms_PutServerProperty("defaultScanClassStyle", value),
-                                uoms_PutServerProperty("DEFAULTSCANUOMSTYLE", value)));
-        EXPECT_EQ(joined(style, style), joined(defaultScanClassStyle, defaultScanUOMStyle)) << value;
+        EXPECT_EQ("0 0", joined(uoms_PutServerProperty(catalogue(), "defaultScanClassStyle", value),
+                                uoms_PutServerProperty(catalogue(), "DEFAULTSCANUOMSTYLE", value)));
+        EXPECT_EQ(joined(style, style), joined(catalogue().styles.scanClass, catalogue().styles.scanUom)) << value;
     }
 }
 

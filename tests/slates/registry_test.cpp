@@ -12,12 +12,12 @@ class RegistryTest : public ShippedTest {
 protected:
     static std::string Parent(const char *name) {
         char out[64] = "#";
-        EXPECT_EQ(uoms_GetSetParent(name, sizeof out, out), 0);
+        EXPECT_EQ(uoms_GetSetParent(catalogue(), name, sizeof out, out), 0);
         return out;
     }
     static std::string Root(const char *name, int32_t status = 0) {
         char out[64] = "#";
-        EXPECT_EQ(uoms_GetSetRoot(name, sizeof out, out), status) << name;
+        EXPECT_EQ(uoms_GetSetRoot(catalogue(), name, sizeof out, out), status) << name;
         return out;
     }
 };
@@ -28,17 +28,17 @@ TEST_F(RegistryTest, NewSlates) {
     EXPECT_EQ(UOM_SET_MAX, count + 1);
     EXPECT_EQ(uoms_NewSet("PLANT"), plant);
     EXPECT_EQ(joined(uoms_NewSet(""), uoms_NewSet(nullptr), UOM_SET_MAX), joined(0, -1, count + 1));
-    const UomSlate *slate = slate_Record(plant);
+    const UomSlate *slate = slate_Record(catalogue(), plant);
     ASSERT_NE(slate, nullptr);
     EXPECT_EQ(joined(slate->name, slate->basedOn, slate->gaugePresBasis), "Plant Plant 101.325");
     EXPECT_EQ(joined(slate->isSystem, slate->isHidden, slate->allowDelete, slate->allowModify), "0 0 1 1");
-    EXPECT_EQ(uoms_NewSetBasedOn("Child", "Plant"), 0);
-    EXPECT_EQ(uoms_NewSetBasedOn(nullptr, "Plant"), 1);
+    EXPECT_EQ(uoms_NewSetBasedOn(catalogue(), "Child", "Plant"), 0);
+    EXPECT_EQ(uoms_NewSetBasedOn(catalogue(), nullptr, "Plant"), 1);
     EXPECT_EQ(Parent("child"), "Plant");
     EXPECT_EQ(uom_GetSetType("plant"), plant);
     EXPECT_EQ(joined(uom_GetSetType(""), uom_GetSetType("Plan"), uom_GetSetType(nullptr)), "0 -1 -1");
     EXPECT_EQ(joined(uom_CheckDupSetName("Plant"), uom_CheckDupSetName("plant")), "1 0"); // by the case of letters
-    EXPECT_EQ(joined(uoms_IsSetValid("pLANT"), uoms_IsSetValid("")), "1 0");
+    EXPECT_EQ(joined(uoms_IsSetValid(catalogue(), "pLANT"), uoms_IsSetValid(catalogue(), "")), "1 0");
 }
 
 TEST_F(RegistryTest, RootsAndAncestors) {
@@ -66,7 +66,7 @@ TEST_F(RegistryTest, RootsAndAncestors) {
                      {"", "Metric", 0},     {"Unit", "", 0},      {nullptr, "Metric", 0},  {"Unit", nullptr, 0},
                      {"Plant", "Metric", 1}};
     for (const auto &c : ancestors)
-        EXPECT_EQ(uoms_IsSetDerivedFrom(c.slate, c.ancestor), c.derived)
+        EXPECT_EQ(uoms_IsSetDerivedFrom(catalogue(), c.slate, c.ancestor), c.derived)
             << testing::Message() << c.slate << " from " << c.ancestor;
 }
 
@@ -85,17 +85,17 @@ TEST_F(RegistryTest, LongRowsOfSlates) {
     EXPECT_EQ(Root("Deep48"), "Deep0");
     EXPECT_EQ(Root("Deep51", 1), "");
     EXPECT_EQ(Root("Deep59", 1), "");
-    EXPECT_EQ(uoms_IsSetDerivedFrom("Deep59", "Deep12"), 1);
-    EXPECT_EQ(uoms_IsSetDerivedFrom("Deep59", "Deep8"), 0);
-    EXPECT_EQ(uoms_IsSetDerivedFrom("Deep45", "Deep0"), 1);
+    EXPECT_EQ(uoms_IsSetDerivedFrom(catalogue(), "Deep59", "Deep12"), 1);
+    EXPECT_EQ(uoms_IsSetDerivedFrom(catalogue(), "Deep59", "Deep8"), 0);
+    EXPECT_EQ(uoms_IsSetDerivedFrom(catalogue(), "Deep45", "Deep0"), 1);
     EXPECT_EQ(resolved("Deep45", "Time"), "week");
     resolved("Deep59", "Time");
     resolved("Deep59", "Rate");
     EXPECT_EQ(uom_InitializeCurrentSet(uom_GetSetType("Deep59")), 0);
     char out[32] = "#";
-    EXPECT_STREQ(uoms_GetInheritedSetProperty("gaugePRESbasis", "Deep59", out, sizeof out), "70");
-    EXPECT_STREQ(uoms_GetInheritedSetProperty("isHidden", "Deep59", out, sizeof out), "");
-    EXPECT_STREQ(uoms_GetInheritedSetProperty("GaugePresBasis", "Nosuch", out, sizeof out), "");
+    EXPECT_STREQ(uoms_GetInheritedSetProperty(catalogue(), "gaugePRESbasis", "Deep59", out, sizeof out), "70");
+    EXPECT_STREQ(uoms_GetInheritedSetProperty(catalogue(), "isHidden", "Deep59", out, sizeof out), "");
+    EXPECT_STREQ(uoms_GetInheritedSetProperty(catalogue(), "GaugePresBasis", "Nosuch", out, sizeof out), "");
 }
 
 TEST_F(RegistryTest, ClearingNamesClassesInTheStyleOfTheHost) {
@@ -103,9 +103,9 @@ TEST_F(RegistryTest, ClearingNamesClassesInTheStyleOfTheHost) {
         newSlate("Plant", "Metric");
         for (const auto &[name, units] : {std::pair{"Temp", "F"}, {"Density", "lb/ft3"}, {"Mass", "lb"}})
             ASSERT_TRUE(state("Plant", name, units));
-        defaultScanClassStyle = style;
+        catalogue().styles.scanClass = style;
         EXPECT_EQ(0, uoms_ClearSet("Plant"));
-        defaultScanClassStyle = 1;
+        catalogue().styles.scanClass = 1;
         EXPECT_EQ("  ", joined(stated("Plant", "Temp"), stated("Plant", "Density"), stated("Plant", "Mass"))) << style;
         uoms_DeleteSet("Plant");
     }

@@ -10,7 +10,7 @@ class UnitPairs : public ShippedTest {
 protected:
     static std::string pairsOf(const std::string &classString, const std::string &units) {
         int32_t count = 0;
-        char **const pairs = uoms_GetClassUnitPairs(classString.c_str(), units.c_str(), &count);
+        char **const pairs = uoms_GetClassUnitPairs(catalogue(), classString.c_str(), units.c_str(), &count);
         std::string all = pairs ? "" : "null";
         for (int32_t i = 0; pairs && i < count; ++i)
             all += (i ? ", " : "") + std::string(pairs[i]);
@@ -26,7 +26,8 @@ protected:
         for (const std::string &pair : pairs)
             words.push_back(pair.c_str());
         char out[128] = "#";
-        const int32_t status = uoms_PutClassUnitPairs(classString.c_str(), words.data(), style, sizeof out, out);
+        const int32_t status =
+            uoms_PutClassUnitPairs(catalogue(), classString.c_str(), words.data(), style, sizeof out, out);
         return joined(status, out);
     }
 };
@@ -47,7 +48,7 @@ TEST_F(UnitPairs, OutAndInAgain) {
         return pairs == "null" ? "" : put(c[0], pairs);
     });
     int32_t count = 0;
-    char **const pairs = uoms_GetClassUnitPairs("Temp", "English", &count);
+    char **const pairs = uoms_GetClassUnitPairs(catalogue(), "Temp", "English", &count);
     EXPECT_EQ(joined(count, pairs[0]), "1 Temp:F");
     uoms_FreeArray(pairs);
 }
@@ -64,14 +65,14 @@ TEST_F(UnitPairs, ChoicesOfAUser) {
     )";
     expectAnswers(cases, [](const Cells &c) { return put(c[0], c[1]); });
     EXPECT_EQ(put("Pres / Time", "Pres:kPa, Time:hr", "keyword").substr(0, 14), "0 PRES / TIME:");
-    defaultScanUOMStyle = 2; // pairs are tokens all the same
+    catalogue().styles.scanUom = 2; // pairs are tokens all the same
     EXPECT_EQ(put("Pres", pairsOf("Pres", "in Hg")), "0 Pres:in Hg");
     char zeroed[40];
     std::memset(zeroed, '#', sizeof zeroed);
-    EXPECT_EQ(uoms_GetClassWithBasis("Leng", "Mole", sizeof zeroed, zeroed), 0);
+    EXPECT_EQ(uoms_GetClassWithBasis(catalogue(), "Leng", "Mole", sizeof zeroed, zeroed), 0);
     EXPECT_EQ(std::string(zeroed, sizeof zeroed), "Leng" + std::string(36, '\0'));
     char out[16] = "#";
-    EXPECT_EQ(uoms_PutClassUnitPairs("Leng", nullptr, "token", 16, out), 1);
+    EXPECT_EQ(uoms_PutClassUnitPairs(catalogue(), "Leng", nullptr, "token", 16, out), 1);
     EXPECT_STREQ(out, "");
 }
 
@@ -87,12 +88,13 @@ TEST_F(UnitPairs, BasesAndUnitsInWords) {
         char out[64] = "";
         const char *const classString = c[1].c_str(), *const text = c[2].c_str();
         if (c[0] == "word") {
-            const int32_t unit = uoms_GetBasisWord(classString, text, sizeof out, out);
+            const int32_t unit = uoms_GetBasisWord(catalogue(), classString, text, sizeof out, out);
             EXPECT_EQ(str_EqualNoCase(unitText(unit).c_str(), out), true);
             return std::string(out);
         }
-        const int32_t status = c[0] == "with" ? uoms_GetClassWithBasis(classString, text, sizeof out, out)
-                                              : uoms_FormatUnits(classString, text, c[0].c_str(), sizeof out, out);
+        const int32_t status = c[0] == "with"
+                                   ? uoms_GetClassWithBasis(catalogue(), classString, text, sizeof out, out)
+                                   : uoms_FormatUnits(catalogue(), classString, text, c[0].c_str(), sizeof out, out);
         return joined(status, out);
     });
 }

@@ -26,17 +26,17 @@ TEST_F(WorkingUnitsTest, OneDefault) {
         std::string all;
         for (int32_t way = 0; way < 4; ++way) {
             int32_t unit = -5, multiplier = 0;
-            way == 0   ? uom_GetBaseDefault(classId, plant, &unit, &multiplier)
-            : way == 1 ? uom_GetCompositeDefault(classId, component, plant, &unit, &multiplier)
-            : way == 2 ? uom_GetNodeDefault(classId, component, plant, &unit, &multiplier)
-                       : void(unit = uom_GetSlateClassUnit(classId, component, plant));
+            way == 0   ? uom_GetBaseDefault(catalogue(), classId, plant, &unit, &multiplier)
+            : way == 1 ? uom_GetCompositeDefault(catalogue(), classId, component, plant, &unit, &multiplier)
+            : way == 2 ? uom_GetNodeDefault(catalogue(), classId, component, plant, &unit, &multiplier)
+                       : void(unit = uom_GetSlateClassUnit(catalogue(), classId, component, plant));
             const std::string factor = multiplier > 0 ? std::to_string(multiplier) + "*" : "";
             all += factor + (unit > UOM_NULL ? unitText(unit) : "none") + " ";
         }
         return all;
     });
-    EXPECT_EQ(joined(UOM_NULL, UOM_NULL), joined(uom_GetSlateClassUnit(classOf("Leng"), 0, -1),
-                                                 uom_GetSlateClassUnit(classOf("Velocity"), 9999, plant)));
+    EXPECT_EQ(joined(UOM_NULL, UOM_NULL), joined(uom_GetSlateClassUnit(catalogue(), classOf("Leng"), 0, -1),
+                                                 uom_GetSlateClassUnit(catalogue(), classOf("Velocity"), 9999, plant)));
     const Chain chain("Leng");
     Units units = {7, 7, 7, 7, 7, 7};
     uom_GetDefaultMults(chain.head, plant, 2, units.data());

@@ -1,7 +1,7 @@
 // Bounded writing, blank trimming, token cutting, checked memory.
 #include "support/text.h"
 
-#include "catalogue/state.h"
+#include "api/state.h"
 #include "tests/library_fixture.h"
 
 namespace {

@@ -18,7 +18,8 @@ protected:
 
 TEST_F(ClassTextTest, TextsOfRows) {
     ASSERT_EQ(uoms_NewClass("Flux", "Mass / Area"), 0);
-    ASSERT_EQ(uoms_PutClassListName("Mass", "Shorts") + uoms_PutClassNote("Mass", "heavy"), 0);
+    ASSERT_EQ(uoms_PutClassListName(catalogue(), "Mass", "Shorts") + uoms_PutClassNote(catalogue(), "Mass", "heavy"),
+              0);
     const char cases[] = R"(
         component | Rate | 0 Basis Mole / Time; component | Density/Leng | 0 Mass / StdLiqVol Leng; component | Pres | 1
         component | x | 2; keyword | Pres/Leng 2 | 0 PRES / LENG 2; LONGNAME | Pres | 0 Pressure; nosuch | Pres | 0 Pres
@@ -29,24 +30,25 @@ TEST_F(ClassTextTest, TextsOfRows) {
     expectAnswers(cases, [](const Cells &c) {
         const char *const text = c[1].c_str();
         return given([&](char *out) {
-            return c[0] == "component"    ? uoms_GetComponentClass(text, 128, out)
-                   : c[0] == "definition" ? uoms_GetClassDefinition(text, 128, out)
-                   : c[0] == "list"       ? uoms_GetClassListName(text, 128, out)
-                   : c[0] == "note"       ? uoms_GetClassNote(text, 128, out)
-                   : c[0] == "is"         ? uoms_IsClassToken(text)
-                                          : uoms_GetClassStringInStyle(text, c[0].c_str(), 128, out);
+            return c[0] == "component"    ? uoms_GetComponentClass(catalogue(), text, 128, out)
+                   : c[0] == "definition" ? uoms_GetClassDefinition(catalogue(), text, 128, out)
+                   : c[0] == "list"       ? uoms_GetClassListName(catalogue(), text, 128, out)
+                   : c[0] == "note"       ? uoms_GetClassNote(catalogue(), text, 128, out)
+                   : c[0] == "is"         ? uoms_IsClassToken(catalogue(), text)
+                                          : uoms_GetClassStringInStyle(catalogue(), text, c[0].c_str(), 128, out);
         });
     });
     expectAnswers("token | Temp; keyword | TEMP; longname | Temperature; html | Temp\n", [](const Cells &c) {
         int32_t count = 0;
-        char **const texts = uoms_GetClassTextList(c[0].c_str(), &count);
+        char **const texts = uoms_GetClassTextList(catalogue(), c[0].c_str(), &count);
         EXPECT_EQ(count, uom_GetUOMClassCount());
         EXPECT_TRUE(!*texts[0] && !texts[count]);
         const std::string text = texts[4];
         tbl_FreeTextArray(texts);
         return text;
     });
-    EXPECT_EQ(uoms_PutClassListName("Mass", "") + uoms_PutClassNote("Mass", ""), 0); // a clean-up leaves both
+    EXPECT_EQ(uoms_PutClassListName(catalogue(), "Mass", "") + uoms_PutClassNote(catalogue(), "Mass", ""),
+              0); // a clean-up leaves both
 }
 
 } // namespace

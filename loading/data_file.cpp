@@ -2,22 +2,26 @@
 //
 // The second stage is a state machine whose keywords, with the states that allow them, stand in one table.
 // Lines that name what does not exist are passed over in silence; only a keyword in a wrong place fails.
-#include "catalogue/data_file.h"
+#include "loading/data_file.h"
 
 #include <cstring>
 #include <iterator>
 
 #include "catalogue/class_table.h"
-#include "catalogue/data_lines.h"
-#include "catalogue/platform.h"
-#include "catalogue/state.h"
+#include "catalogue/slate_table.h"
 #include "catalogue/units.h"
+#include "loading/data_lines.h"
 #include "slates/custom_classes.h"
 #include "slates/definition_text.h"
 #include "slates/lists.h"
+#include "slates/registry.h"
 #include "support/memory.h"
+#include "support/message.h"
 #include "support/numbers.h"
+#include "support/table.h"
 #include "support/text.h"
+
+namespace uom {
 
 namespace {
 
@@ -42,24 +46,25 @@ const char *const applicationListNames[APPLICATION_LISTS] = {
 
 struct FileOption {
     const char *word;
-    int32_t *flag;
+    int32_t Modes::*flag;
     int32_t value;
 };
 const FileOption fileOptions[] = {
-    {"kesta", &uomModeKesta, 1},   {"vel2go", &uomModeVel2go, 1},  {"orbex", &uomModeOrbex, 1},
-    {"mole", &uomMoleQuantity, 1}, {"molar", &uomMoleQuantity, 0}, {"uommult", &uomAllowMult, 1},
-    {"qx71", &uomModeQx71, 1},
+    {"kesta", &Modes::kesta, 1},       {"vel2go", &Modes::vel2go, 1},      {"orbex", &Modes::orbex, 1},
+    {"mole", &Modes::moleQuantity, 1}, {"molar", &Modes::moleQuantity, 0}, {"uommult", &Modes::allowMult, 1},
+    {"qx71", &Modes::qx71, 1},
 };
 
 struct WellKnownUnit {
-    int32_t *unit;
+    NamedUnit unit;
     const char *token;
     const char *second; // looked up when the first is absent
 };
 const WellKnownUnit wellKnownUnits[] = {
-    {&UOM_BASMOLE, "Mole", nullptr}, {&UOM_BASMASS, "Mass", nullptr},          {&UOM_BASMOLAR, "Molar", nullptr},
-    {&UOM_BASACTV, "Vol", "Volume"}, {&UOM_BASLIQV, "Liq. Vol.", "StdLiqVol"}, {&UOM_BASVAPV, "Vap. Vol.", "StdVapVol"},
-#define WELL_KNOWN(variable, token) {&(variable), token, nullptr},
+    {&NamedUnits::UOM_BASMOLE, "Mole", nullptr},          {&NamedUnits::UOM_BASMASS, "Mass", nullptr},
+    {&NamedUnits::UOM_BASMOLAR, "Molar", nullptr},        {&NamedUnits::UOM_BASACTV, "Vol", "Volume"},
+    {&NamedUnits::UOM_BASLIQV, "Liq. Vol.", "StdLiqVol"}, {&NamedUnits::UOM_BASVAPV, "Vap. Vol.", "StdVapVol"},
+#define WELL_KNOWN(variable, token) {&NamedUnits::variable, token, nullptr},
 #include "catalogue/well_known_units.def"
 #undef WELL_KNOWN
 };
@@ -67,6 +72,8 @@ const WellKnownUnit wellKnownUnits[] = {
 // The reader in the middle of a file. What a section has open is freed with it: a file may end inside a
 // section.
 struct Reader {
+    Catalogue &catalogue;
+    Running &running;
     const char *path;
     DataLines lines = {};
     bool inUnitList = false;
@@ -75,7 +82,10 @@ struct Reader {
     UomTable *table = nullptr;    // texts of the open list or slate
     int32_t applicationList = -1; // the open select list is this one of the application's
 
-    explicit Reader(const char *filePath) : path(filePath) { lines.delimiters = DATA_DELIMITERS; }
+    Reader(Catalogue &into, Running &conversions, const char *filePath)
+        : catalogue(into), running(conversions), path(filePath) {
+        lines.delimiters = DATA_DELIMITERS;
+    }
     ~Reader() {
         closeSection();
         if (lines.file)
@@ -85,7 +95,7 @@ struct Reader {
     Reader &operator=(const Reader &) = delete;
 
     void closeSection() {
-        tbl_Free(table);
+        table_Free(table);
         table = nullptr;
         mem_Free(name);
         name = nullptr;
@@ -100,10 +110,11 @@ int32_t statusOf(bool done) {
 // --- first stage
 
 void readOption(Reader &reader) {
+    Modes &modes = reader.catalogue.modes;
     const char *word = data_NextToken(reader.lines);
     for (const FileOption &option : fileOptions)
-        if (str_EqualNoCase(word, option.word) && *option.flag < 0)
-            *option.flag = option.value;
+        if (str_EqualNoCase(word, option.word) && modes.*option.flag < 0)
+            modes.*option.flag = option.value;
 }
 
 void freeUnit(UomUnit *unit) {
@@ -117,24 +128,25 @@ int32_t readUnit(Reader &reader) {
     UomUnit *unit = mem_New<UomUnit>();
     if (!unit)
         return UOM_NO_MEMORY;
-    unit->index = static_cast<int32_t>(tbl_Count(uomUnitTable));
+    unit->index = static_cast<int32_t>(table_Count(reader.catalogue.units.records));
     const bool copied = mem_DupText(&unit->token, reader.lines.first) == 0 &&
                         mem_DupText(&unit->keyword, data_NextToken(reader.lines)) == 0 &&
                         mem_DupText(&unit->description, data_NextToken(reader.lines)) == 0;
     unit->multiplierStyle = num_LeadingInt(data_NextToken(reader.lines));
     unit->offset = num_LeadingDouble(data_NextToken(reader.lines));
     unit->factor = num_LeadingDouble(data_NextToken(reader.lines));
-    if (copied && tbl_PutRecord(uomUnitTable, TABLE_APPEND, unit))
+    if (copied && table_PutRecord(reader.catalogue.units.records, TABLE_APPEND, unit))
         return UOM_DONE;
     freeUnit(unit);
     return UOM_NO_MEMORY;
 }
 
-void resolveWellKnownUnits() {
+void resolveWellKnownUnits(Catalogue &catalogue) {
     for (const WellKnownUnit &known : wellKnownUnits) {
-        *known.unit = unit_FindToken(known.token);
-        if (*known.unit <= UOM_NULL && known.second)
-            *known.unit = unit_FindToken(known.second);
+        int32_t unit = unit_FindToken(catalogue, known.token);
+        if (unit <= NO_UNIT && known.second)
+            unit = unit_FindToken(catalogue, known.second);
+        catalogue.named.*known.unit = unit;
     }
 }
 
@@ -155,10 +167,9 @@ int32_t readUnitStage(Reader &reader, bool *ended) {
         if (status != UOM_DONE)
             return status;
     }
-    UOM_NULL = 0;
-    uomUnitCount = static_cast<int32_t>(tbl_Count(uomUnitTable));
-    unit_IndexTokens();
-    resolveWellKnownUnits();
+    reader.catalogue.units.count = static_cast<int32_t>(table_Count(reader.catalogue.units.records));
+    unit_IndexTokens(reader.catalogue);
+    resolveWellKnownUnits(reader.catalogue);
     return UOM_DONE;
 }
 
@@ -172,12 +183,12 @@ int32_t readClassLine(Reader &reader) {
         ++reader.lines.rest;
     const char *definition = data_NextToken(reader.lines);
     const char *longName = data_NextToken(reader.lines);
-    if (uoms_NewClass(name, definition) == UOM_NO_MEMORY)
+    if (uoms_NewClass(reader.catalogue, reader.running, name, definition) == UOM_NO_MEMORY)
         return UOM_NO_MEMORY;
     if (str_IsEmpty(longName))
         return UOM_DONE;
-    const int32_t classId = class_Find(name, defaultScanClassStyle);
-    return classId >= STATIC_CLASSES ? class_SetName(classId, longName) : UOM_DONE;
+    const int32_t classId = class_Find(reader.catalogue, name, reader.catalogue.styles.scanClass);
+    return classId >= STATIC_CLASSES ? class_SetName(reader.catalogue, classId, longName) : UOM_DONE;
 }
 
 int32_t applicationListOf(std::string_view name) {
@@ -190,19 +201,20 @@ int32_t applicationListOf(std::string_view name) {
 int32_t readSelectListName(Reader &reader) {
     reader.state = IN_SELECT_LIST;
     reader.applicationList = applicationListOf(reader.lines.first);
-    UomTable *table = tbl_Create(0, TABLE_TEXT);
+    UomTable *table = table_Create(0, TABLE_TEXT);
     if (reader.applicationList < 0) {
         reader.table = table;
     } else {
-        tbl_Free(uomListTables[reader.applicationList]);
-        uomListTables[reader.applicationList] = table;
+        table_Free(reader.catalogue.lists.application[reader.applicationList]);
+        reader.catalogue.lists.application[reader.applicationList] = table;
     }
     return statusOf(table && mem_DupText(&reader.name, reader.lines.first) == 0);
 }
 
 int32_t readListItem(Reader &reader) {
-    UomTable *table = reader.applicationList < 0 ? reader.table : uomListTables[reader.applicationList];
-    return statusOf(tbl_PutText(table, TABLE_APPEND, reader.lines.first) != 0);
+    UomTable *table =
+        reader.applicationList < 0 ? reader.table : reader.catalogue.lists.application[reader.applicationList];
+    return statusOf(table_PutText(table, TABLE_APPEND, reader.lines.first) != 0);
 }
 
 int32_t readSlateName(Reader &reader) {
@@ -210,13 +222,14 @@ int32_t readSlateName(Reader &reader) {
     const char *name = reader.lines.first;
     char heading[64];
     str_FormatBounded(heading, sizeof heading, "[%s]", name);
-    reader.table = tbl_Create(0, TABLE_TEXT);
-    const bool opened = mem_DupText(&reader.name, name) == 0 && tbl_PutText(reader.table, TABLE_APPEND, heading);
-    return statusOf(opened && (uom_GetSetType(name) >= 1 || uoms_NewSet(name) >= 0));
+    reader.table = table_Create(0, TABLE_TEXT);
+    const bool opened = mem_DupText(&reader.name, name) == 0 && table_PutText(reader.table, TABLE_APPEND, heading);
+    return statusOf(opened &&
+                    (uom_GetSetType(reader.catalogue, name) >= 1 || uoms_NewSet(reader.catalogue, name) >= 0));
 }
 
 int32_t readSlateLine(Reader &reader) {
-    return statusOf(tbl_PutText(reader.table, TABLE_APPEND, reader.lines.raw) != 0);
+    return statusOf(table_PutText(reader.table, TABLE_APPEND, reader.lines.raw) != 0);
 }
 
 int32_t readPlainLine(Reader &reader) {
@@ -243,20 +256,20 @@ int32_t readPlainLine(Reader &reader) {
 int32_t endSelectList(Reader &reader) {
     int32_t status = UOM_DONE;
     if (reader.applicationList < 0)
-        status = uoms_SetClassList(reader.name, reader.table);
+        status = uoms_SetClassList(reader.catalogue, reader.name, reader.table);
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
 
 int32_t beginCommonList(Reader &reader) {
-    reader.table = tbl_Create(0, TABLE_TEXT);
+    reader.table = table_Create(0, TABLE_TEXT);
     return statusOf(reader.table != nullptr);
 }
 
 int32_t endCommonList(Reader &reader) {
-    if (!uomExtraTables)
-        uomExtraTables = tbl_Create(0, TABLE_UINT64);
-    if (!tbl_PutRecord(uomExtraTables, TABLE_APPEND, reader.table))
+    if (!reader.catalogue.lists.common)
+        reader.catalogue.lists.common = table_Create(0, TABLE_UINT64);
+    if (!table_PutRecord(reader.catalogue.lists.common, TABLE_APPEND, reader.table))
         return UOM_NO_MEMORY;
     reader.table = nullptr;
     return UOM_DONE;
@@ -265,8 +278,8 @@ int32_t endCommonList(Reader &reader) {
 // The lines take effect in file order when the slate ends; an error in one does not stop the next.
 int32_t endSlate(Reader &reader) {
     int32_t status = UOM_DONE;
-    for (uint32_t i = 1; i < tbl_Count(reader.table) && status != UOM_NO_MEMORY; ++i)
-        status = definition_ApplyLine(reader.name, tbl_GetText(reader.table, i));
+    for (uint32_t i = 1; i < table_Count(reader.table) && status != UOM_NO_MEMORY; ++i)
+        status = definition_ApplyLine(reader.catalogue, reader.running, reader.name, table_GetText(reader.table, i));
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
@@ -338,8 +351,8 @@ int32_t data_RefuseFile(const char *path) {
     return UOM_START_NO_FILE;
 }
 
-int32_t uom_ReadDataFile(const char *path) {
-    Reader reader(path);
+int32_t uom_ReadDataFile(Catalogue &catalogue, Running &running, const char *path) {
+    Reader reader(catalogue, running, path);
     reader.lines.file = platform_OpenFile(path);
     if (!reader.lines.file)
         return data_RefuseFile(path);
@@ -350,20 +363,20 @@ int32_t uom_ReadDataFile(const char *path) {
 
 // A text table of `count` names, each written by a function. Null when memory is exhausted.
 template <class WriteName> static UomTable *nameTable(size_t count, WriteName writeName) {
-    UomTable *table = tbl_Create(0, TABLE_TEXT);
+    UomTable *table = table_Create(0, TABLE_TEXT);
     for (size_t i = 0; table && i < count; ++i) {
         char name[64];
         TextWriter writer(name, sizeof name);
         writeName(writer, i);
-        if (!tbl_PutText(table, TABLE_APPEND, name)) {
-            tbl_Free(table);
+        if (!table_PutText(table, TABLE_APPEND, name)) {
+            table_Free(table);
             return nullptr;
         }
     }
     return table;
 }
 
-UomTable *uom_GetKnownUnits(void) {
+UomTable *data_KnownUnits(void) {
     return nameTable(std::size(wellKnownUnits), [](TextWriter &writer, size_t i) {
         str_Write(writer, wellKnownUnits[i].token);
         if (!wellKnownUnits[i].second)
@@ -373,7 +386,9 @@ UomTable *uom_GetKnownUnits(void) {
     });
 }
 
-UomTable *uom_GetKnownLists(void) {
+UomTable *data_KnownLists(void) {
     return nameTable(std::size(applicationListNames),
                      [](TextWriter &writer, size_t i) { str_Write(writer, applicationListNames[i]); });
 }
+
+} // namespace uom

@@ -3,11 +3,13 @@
 // A line holds at most 131 characters; a longer one is read in pieces that are lines of their own. A line
 // with "//" or ";" anywhere, quotes included, is a comment as a whole. Blanks, tabs and commas separate
 // tokens; a token in quotes keeps them.
-#ifndef UOM_CATALOGUE_DATA_LINES_H
-#define UOM_CATALOGUE_DATA_LINES_H
+#ifndef UOM_LOADING_DATA_LINES_H
+#define UOM_LOADING_DATA_LINES_H
 
 #include <cstdint>
 #include <cstdio>
+
+namespace uom {
 
 constexpr int DATA_LINE_SIZE = 132;
 
@@ -30,5 +32,7 @@ bool data_NextLine(DataLines &lines);
 
 // The next token of the line, null when there is none.
 char *data_NextToken(DataLines &lines);
+
+} // namespace uom
 
 #endif

@@ -1,8 +1,10 @@
-#include "catalogue/data_lines.h"
+#include "loading/data_lines.h"
 
 #include <cstring>
 
 #include "support/text.h"
+
+namespace uom {
 
 static bool isComment(const char *text) {
     return std::strchr(text, ';') || std::strstr(text, "//");
@@ -37,3 +39,5 @@ bool data_NextLine(DataLines &lines) {
 char *data_NextToken(DataLines &lines) {
     return str_CutToken(lines.rest, DATA_DELIMITERS, &lines.rest);
 }
+
+} // namespace uom

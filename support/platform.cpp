@@ -1,14 +1,21 @@
 // The one file that knows the operating system.
-#include "catalogue/platform.h"
+#include "support/platform.h"
 
 #include <sys/stat.h>
 
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#include <unistd.h>
+#endif
+
+#include <atomic>
 #include <cstring>
 
-#include "catalogue/startup.h"
-#include "support/numbers.h"
 #include "support/text.h"
-#include "uom/uom.h"
+
+namespace uom {
 
 static const char dataFileName[] = "uomdata.txt";
 
@@ -57,20 +64,7 @@ static bool tryBeside(DataFilePlaces &places, std::string_view file, const char 
     return slash != std::string_view::npos && tryPlace(places, str_Head(file, slash + 1), subdirectory);
 }
 
-static void onLoad() {
-    platform_Debug("-- Load dll QXUomLib\n");
-    num_InitConstants();
-}
-
-static void onUnload() {
-    platform_Debug("-- Release dll QXUomLib\n");
-    uom_Cleanup();
-    startup_FreeAll();
-}
-
 #if defined(_WIN32)
-
-#include <windows.h>
 
 void platform_Debug(const char *text) {
     OutputDebugStringA(text);
@@ -88,30 +82,17 @@ bool platform_FindDataFile(DataFilePlaces &places) {
     return (length > 0 && length < sizeof module && tryBeside(places, module, "")) || tryPlace(places, ".\\", "");
 }
 
-#if !defined(UOM_STATIC)
-extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH)
-        onLoad();
-    else if (reason == DLL_PROCESS_DETACH)
-        onUnload();
-    return TRUE;
-}
-#else
-static const struct Loader {
-    Loader() { onLoad(); }
-    ~Loader() { onUnload(); }
-} loader;
-#endif
+void platform_NoteLibraryPath() {}
 
 #else
-
-#include <dlfcn.h>
-#include <unistd.h>
 
 static char debugText[8192] = "";
+static std::atomic_flag debugTextInUse = ATOMIC_FLAG_INIT;
 
 // The oldest half goes when the buffer is full.
 void platform_Debug(const char *text) {
+    while (debugTextInUse.test_and_set(std::memory_order_acquire)) {
+    }
     const size_t used = std::strlen(debugText);
     const size_t added = std::strlen(text);
     if (used + added >= sizeof debugText) {
@@ -119,6 +100,7 @@ void platform_Debug(const char *text) {
         std::memmove(debugText, debugText + (used - kept), kept + 1);
     }
     str_AppendBounded(debugText, sizeof debugText, text);
+    debugTextInUse.clear(std::memory_order_release);
 }
 
 const char *platform_DebugText() {
@@ -131,9 +113,9 @@ constexpr size_t PATH_SIZE = 4096;
 // program that holds the library in itself, may have named it relative to the directory of that moment.
 static char libraryPath[PATH_SIZE] = "";
 
-static void noteLibraryPath() {
+void platform_NoteLibraryPath() {
     Dl_info library;
-    if (dladdr(reinterpret_cast<void *>(&noteLibraryPath), &library) == 0 || !library.dli_fname)
+    if (dladdr(reinterpret_cast<void *>(&platform_NoteLibraryPath), &library) == 0 || !library.dli_fname)
         return;
     // Without a slash the search path of commands led to it, and the directory at work says nothing.
     if (!std::strchr(library.dli_fname, '/'))
@@ -176,13 +158,6 @@ bool platform_FindDataFile(DataFilePlaces &places) {
     return tryBesideLibrary(places) || tryBesideExecutable(places) || tryPlace(places, "./", "");
 }
 
-__attribute__((constructor)) static void load() {
-    noteLibraryPath();
-    onLoad();
-}
-
-__attribute__((destructor)) static void unload() {
-    onUnload();
-}
-
 #endif
+
+} // namespace uom

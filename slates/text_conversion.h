@@ -1,0 +1,24 @@
+// What uom.h says of these, in a catalogue.
+#ifndef UOM_SLATES_TEXT_CONVERSION_H
+#define UOM_SLATES_TEXT_CONVERSION_H
+
+#include "catalogue/catalogue.h"
+#include "conversion/running.h"
+#include "uom/uom.h"
+
+namespace uom {
+
+double uom_Convert(const Catalogue &catalogue, Running &running, double value, UomStruct chain, int32_t fromSlate,
+                   int32_t toSlate);
+double uom_ConvertFromCurrent(const Catalogue &catalogue, Running &running, double value, UomStruct chain);
+double uom_ConvertToCurrent(const Catalogue &catalogue, Running &running, double value, UomStruct chain);
+double uom_ConvertValue(const Catalogue &catalogue, Running &running, int32_t classId, int32_t *units,
+                        int32_t fromSlate, int32_t toSlate, double value);
+int32_t uoms_ConvertArray(const Catalogue &catalogue, Running &running, double *values, int32_t count,
+                          const char *classString, const char *fromUnits, const char *toUnits);
+int32_t uoms_CalculateConvConstants(const Catalogue &catalogue, Running &running, const char *classString,
+                                    const char *fromUnits, const char *toUnits, double *factor, double *offset);
+
+} // namespace uom
+
+#endif

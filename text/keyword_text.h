@@ -1,0 +1,14 @@
+// What uom.h says of these, in a catalogue.
+#ifndef UOM_TEXT_KEYWORD_TEXT_H
+#define UOM_TEXT_KEYWORD_TEXT_H
+
+#include "catalogue/catalogue.h"
+#include "uom/uom.h"
+
+namespace uom {
+
+char *uom_StructToOXString(const Catalogue &catalogue, UomStruct chain, char *out, int32_t size);
+
+} // namespace uom
+
+#endif
