@@ -6,10 +6,10 @@
 #include "slates/defaults.h"
 #include "slates/unit_entry.h"
 #include "slates/working_units.h"
+#include "uom/uom.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/class_and_unit.h"
 #include "uomstruct/class_string.h"
-#include "uom/uom.h"
 
 using uom::state_InUse;
 

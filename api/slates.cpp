@@ -1,5 +1,6 @@
 // The exported functions of one catalogue: the catalogue in use and the thread's scratch, and one call down.
 #include "api/state.h"
+#include "catalogue/catalogue.h"
 #include "catalogue/slate_table.h"
 #include "slates/defaults.h"
 #include "slates/definition_text.h"

@@ -4,11 +4,12 @@
 #include "loading/startup.h"
 #include "support/message.h"
 #include "support/numbers.h"
-#include "support/platform.h"
+#include "uom/catalogue.h"
 #include "uom/uom.h"
 
 #if defined(_WIN32)
 #include <windows.h>
+#include "catalogue/catalogue.h"
 #endif
 
 using uom::Catalogue;
@@ -50,6 +51,18 @@ int32_t uom_Init3(int32_t count, const char *const *words) {
     return status;
 }
 
+int32_t uom_InitText(const char *text, size_t length, int32_t count, const char *const *words) {
+    if (!text && length > 0) {
+        uom::error_Set("No text of a data file specified in function uom_InitText().");
+        return UOM_START_NO_FILE;
+    }
+    Scratch &scratch = state_Scratch();
+    Catalogue &catalogue = state_InUse(scratch);
+    const int32_t status = uom::startup_InitText(catalogue, scratch.running, {text, length}, count, words);
+    state_Mirror(catalogue);
+    return status;
+}
+
 void uom_Cleanup(void) {
     Catalogue &catalogue = state_InUse();
     uom::uom_Cleanup(catalogue);
@@ -78,8 +91,7 @@ static void onLoad() {
 
 static void onUnload() {
     uom::platform_Debug("-- Release dll QXUomLib\n");
-    uom::uom_Cleanup(state_Default());
-    uom::startup_FreeAll(state_Default());
+    uom::startup_End(state_Default());
 }
 
 #if defined(_WIN32) && !defined(UOM_STATIC)

@@ -1,6 +1,5 @@
 // The exported functions of one catalogue: the catalogue in use and the thread's scratch, and one call down.
 #include "api/state.h"
-#include "support/scoped.h"
 #include "support/table.h"
 #include "uom/uom.h"
 

@@ -6,9 +6,9 @@
 #include "text/display_units.h"
 #include "text/keyword_text.h"
 #include "text/related_classes.h"
+#include "uom/uom.h"
 #include "uomstruct/class_and_unit.h"
 #include "uomstruct/unit_scan.h"
-#include "uom/uom.h"
 
 using uom::Scratch;
 using uom::state_InUse;

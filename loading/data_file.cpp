@@ -25,8 +25,6 @@ namespace uom {
 
 namespace {
 
-constexpr size_t FILE_BUFFER = 1 << 16;
-
 enum SectionState {
     BETWEEN_SECTIONS,
     IN_CLASS_LIST,
@@ -74,31 +72,28 @@ const WellKnownUnit wellKnownUnits[] = {
 struct Reader {
     Catalogue &catalogue;
     Running &running;
-    const char *path;
+    const char *name; // of the file, for messages
     DataLines lines = {};
     bool inUnitList = false;
     SectionState state = BETWEEN_SECTIONS;
-    char *name = nullptr;         // of the open select list or slate
+    char *opened = nullptr;       // name of the open select list or slate
     UomTable *table = nullptr;    // texts of the open list or slate
     int32_t applicationList = -1; // the open select list is this one of the application's
 
-    Reader(Catalogue &into, Running &conversions, const char *filePath)
-        : catalogue(into), running(conversions), path(filePath) {
+    Reader(Catalogue &into, Running &conversions, const char *fileName, std::string_view text)
+        : catalogue(into), running(conversions), name(fileName) {
+        lines.ahead = text;
         lines.delimiters = DATA_DELIMITERS;
     }
-    ~Reader() {
-        closeSection();
-        if (lines.file)
-            std::fclose(lines.file);
-    }
+    ~Reader() { closeSection(); }
     Reader(const Reader &) = delete;
     Reader &operator=(const Reader &) = delete;
 
     void closeSection() {
         table_Free(table);
         table = nullptr;
-        mem_Free(name);
-        name = nullptr;
+        mem_Free(opened);
+        opened = nullptr;
         applicationList = -1;
     }
 };
@@ -208,7 +203,7 @@ int32_t readSelectListName(Reader &reader) {
         table_Free(reader.catalogue.lists.application[reader.applicationList]);
         reader.catalogue.lists.application[reader.applicationList] = table;
     }
-    return statusOf(table && mem_DupText(&reader.name, reader.lines.first) == 0);
+    return statusOf(table && mem_DupText(&reader.opened, reader.lines.first) == 0);
 }
 
 int32_t readListItem(Reader &reader) {
@@ -223,7 +218,7 @@ int32_t readSlateName(Reader &reader) {
     char heading[64];
     str_FormatBounded(heading, sizeof heading, "[%s]", name);
     reader.table = table_Create(0, TABLE_TEXT);
-    const bool opened = mem_DupText(&reader.name, name) == 0 && table_PutText(reader.table, TABLE_APPEND, heading);
+    const bool opened = mem_DupText(&reader.opened, name) == 0 && table_PutText(reader.table, TABLE_APPEND, heading);
     return statusOf(opened &&
                     (uom_GetSetType(reader.catalogue, name) >= 1 || uoms_NewSet(reader.catalogue, name) >= 0));
 }
@@ -256,7 +251,7 @@ int32_t readPlainLine(Reader &reader) {
 int32_t endSelectList(Reader &reader) {
     int32_t status = UOM_DONE;
     if (reader.applicationList < 0)
-        status = uoms_SetClassList(reader.catalogue, reader.name, reader.table);
+        status = uoms_SetClassList(reader.catalogue, reader.opened, reader.table);
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
@@ -279,7 +274,7 @@ int32_t endCommonList(Reader &reader) {
 int32_t endSlate(Reader &reader) {
     int32_t status = UOM_DONE;
     for (uint32_t i = 1; i < table_Count(reader.table) && status != UOM_NO_MEMORY; ++i)
-        status = definition_ApplyLine(reader.catalogue, reader.running, reader.name, table_GetText(reader.table, i));
+        status = definition_ApplyLine(reader.catalogue, reader.running, reader.opened, table_GetText(reader.table, i));
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
@@ -312,7 +307,7 @@ const SectionKeyword *findKeyword(const char *word) {
 
 int32_t readKeyword(Reader &reader, const SectionKeyword &keyword) {
     if (reader.state != keyword.allowedIn) {
-        error_Set("UOM File \"%s\", Error on line %d, \"%s\" not expected.", reader.path, reader.lines.number,
+        error_Set("UOM File \"%s\", Error on line %d, \"%s\" not expected.", reader.name, reader.lines.number,
                   keyword.word);
         return UOM_START_BAD_STRUCTURE;
     }
@@ -334,14 +329,17 @@ int32_t readSectionStage(Reader &reader) {
     return UOM_DONE;
 }
 
+int32_t refuseMemory(const char *name) {
+    error_Set("Unable to read the Unit of Measure data file \"%s\": memory is exhausted.", name);
+    return UOM_NO_MEMORY;
+}
+
 int32_t readStages(Reader &reader) {
     bool ended;
     int32_t status = readUnitStage(reader, &ended);
     if (status == UOM_DONE && ended)
         status = readSectionStage(reader);
-    if (status == UOM_NO_MEMORY)
-        error_Set("Unable to read the Unit of Measure data file \"%s\": memory is exhausted.", reader.path);
-    return status;
+    return status == UOM_NO_MEMORY ? refuseMemory(reader.name) : status;
 }
 
 } // namespace
@@ -352,13 +350,18 @@ int32_t data_RefuseFile(const char *path) {
 }
 
 int32_t uom_ReadDataFile(Catalogue &catalogue, Running &running, const char *path) {
-    Reader reader(catalogue, running, path);
-    reader.lines.file = platform_OpenFile(path);
-    if (!reader.lines.file)
+    FileText file;
+    const ReadStatus read = platform_ReadFile(path, file);
+    if (read == READ_REFUSED)
         return data_RefuseFile(path);
-    std::setvbuf(reader.lines.file, nullptr, _IOFBF, FILE_BUFFER);
-    const int32_t status = readStages(reader);
-    return std::ferror(reader.lines.file) ? data_RefuseFile(path) : status;
+    if (read == READ_NO_MEMORY)
+        return refuseMemory(path);
+    return data_ReadText(catalogue, running, path, {file.text, file.length});
+}
+
+int32_t data_ReadText(Catalogue &catalogue, Running &running, const char *name, std::string_view text) {
+    Reader reader(catalogue, running, name, text);
+    return readStages(reader);
 }
 
 // A text table of `count` names, each written by a function. Null when memory is exhausted.

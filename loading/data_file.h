@@ -3,6 +3,7 @@
 #define UOM_LOADING_DATA_FILE_H
 
 #include <cstdint>
+#include <string_view>
 #include "conversion/running.h"
 #include "catalogue/catalogue.h"
 
@@ -13,6 +14,9 @@ namespace uom {
 // Returns 0; 1 when the path names no regular file or cannot be read, 2 for a section keyword in a wrong place, 11 when
 // memory is exhausted, each with a message. What was read before a failure stays.
 int32_t uom_ReadDataFile(Catalogue &catalogue, Running &running, const char *path);
+
+// The same from the bytes of a data file; messages call it by the name.
+int32_t data_ReadText(Catalogue &catalogue, Running &running, const char *name, std::string_view text);
 
 // Writes the message of a data file that cannot be opened; 1.
 int32_t data_RefuseFile(const char *path);

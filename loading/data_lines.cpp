@@ -1,5 +1,6 @@
 #include "loading/data_lines.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "support/text.h"
@@ -21,8 +22,19 @@ static char *trim(DataLines &lines) {
     return start;
 }
 
+// Takes the next line, or the next piece of a long one, off the text. False at its end.
+static bool takeLine(DataLines &lines) {
+    if (lines.ahead.empty())
+        return false;
+    const std::string_view piece = str_Head(lines.ahead, DATA_LINE_SIZE - 1);
+    const size_t length = std::min(piece.find('\n'), piece.size() - 1) + 1;
+    str_CopyBounded(lines.text, sizeof lines.text, str_Head(piece, length));
+    lines.ahead.remove_prefix(length);
+    return true;
+}
+
 bool data_NextLine(DataLines &lines) {
-    while (std::fgets(lines.text, sizeof lines.text, lines.file)) {
+    while (takeLine(lines)) {
         ++lines.number;
         char *start = trim(lines);
         if (!*start || isComment(start))

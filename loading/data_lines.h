@@ -1,4 +1,4 @@
-// The lines of the data file and their tokens, the same in all its sections.
+// The lines of a data file's text and their tokens, the same in all its sections.
 //
 // A line holds at most 131 characters; a longer one is read in pieces that are lines of their own. A line
 // with "//" or ";" anywhere, quotes included, is a comment as a whole. Blanks, tabs and commas separate
@@ -7,14 +7,14 @@
 #define UOM_LOADING_DATA_LINES_H
 
 #include <cstdint>
-#include <cstdio>
+#include <string_view>
 
 namespace uom {
 
 constexpr int DATA_LINE_SIZE = 132;
 
 struct DataLines {
-    FILE *file;
+    std::string_view ahead;    // what is not read yet
     int32_t number;            // of the line in hand, from 1; comments and blank lines count
     const char *delimiters;    // for the first token of a line
     char raw[DATA_LINE_SIZE];  // the line as it was before it was cut into tokens
@@ -27,7 +27,7 @@ struct DataLines {
 constexpr const char *DATA_DELIMITERS = ", \t";
 constexpr const char *DATA_KEY_DELIMITERS = "= \t";
 
-// Moves to the next line that has a token. False at the end of the file.
+// Moves to the next line that has a token. False at the end of the text.
 bool data_NextLine(DataLines &lines);
 
 // The next token of the line, null when there is none.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <string_view>
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
@@ -260,8 +261,14 @@ void freeAll(Catalogue &catalogue) {
 
 } // namespace
 
-void startup_FreeAll(Catalogue &catalogue) {
+void startup_End(Catalogue &catalogue) {
+    uom_Cleanup(catalogue);
     freeAll(catalogue);
+    for (UomClassRow &row : catalogue.classes.compiled) {
+        mem_Free(row.listName);
+        mem_Free(row.note);
+        row.listName = row.note = nullptr;
+    }
 }
 
 int32_t startup_CheckTables(const Catalogue &catalogue) {
@@ -330,13 +337,31 @@ int32_t uom_Init(Catalogue &catalogue, Running &running) {
     return status;
 }
 
+// Where a start takes its data file from: the file that the words or the last start name, or a text in memory.
+struct DataSource {
+    std::string_view text;
+    bool inMemory;
+};
+
+static int32_t readData(Catalogue &catalogue, Running &running, const DataSource &source) {
+    if (source.inMemory)
+        return data_ReadText(catalogue, running, "(text)", source.text);
+    return uom_ReadDataFile(catalogue, running, catalogue.dataFile);
+}
+
+// Makes the path of the words that of the data file; a text in memory leaves none.
+static int32_t nameSource(Catalogue &catalogue, const DataSource &source, int32_t count, const char *const *words) {
+    const char *path = source.inMemory ? "" : namedPath(count, words, true);
+    return path ? startup_NameDataFile(catalogue, path) : UOM_DONE;
+}
+
 // The sequence of start-up, from the words to the gauge pressure.
-static int32_t start(Catalogue &catalogue, Running &running, int32_t count, const char *const *words) {
+static int32_t run(Catalogue &catalogue, Running &running, const DataSource &source, int32_t count,
+                   const char *const *words) {
     freeAll(catalogue); // what a failed start left
     resetOptions(catalogue);
     readOptions(catalogue, count, words);
-    const char *path = namedPath(count, words, true);
-    if (path && startup_NameDataFile(catalogue, path) != UOM_DONE)
+    if (nameSource(catalogue, source, count, words) != UOM_DONE)
         return UOM_START_NO_FILE;
     num_InitConstants();
     if (!enterClassRows(catalogue))
@@ -344,7 +369,7 @@ static int32_t start(Catalogue &catalogue, Running &running, int32_t count, cons
     catalogue.units.records = table_Create(0, TABLE_UINT64);
     if (uoms_NewSet(catalogue, "") != NO_SLATE || !catalogue.units.records)
         return noMemory();
-    const int32_t read = uom_ReadDataFile(catalogue, running, catalogue.dataFile);
+    const int32_t read = readData(catalogue, running, source);
     if (read != UOM_DONE)
         return read;
     settleModes(catalogue);
@@ -357,11 +382,12 @@ static int32_t start(Catalogue &catalogue, Running &running, int32_t count, cons
     return status;
 }
 
-int32_t uom_Init2(Catalogue &catalogue, Running &running, int32_t count, const char *const *words) {
+static int32_t start(Catalogue &catalogue, Running &running, const DataSource &source, int32_t count,
+                     const char *const *words) {
     if (catalogue.started)
         return UOM_DONE;
     const MemoryWatch memory;
-    const int32_t status = start(catalogue, running, count, words);
+    const int32_t status = run(catalogue, running, source, count, words);
     // Lines of the file are passed over when they fail, but not for want of memory.
     if (memory.exhausted()) {
         freeAll(catalogue);
@@ -369,6 +395,15 @@ int32_t uom_Init2(Catalogue &catalogue, Running &running, int32_t count, const c
     }
     catalogue.started = status == UOM_DONE || status == UOM_START_BAD_CLASSES || status == UOM_START_BAD_UNITS;
     return status;
+}
+
+int32_t uom_Init2(Catalogue &catalogue, Running &running, int32_t count, const char *const *words) {
+    return start(catalogue, running, {{}, false}, count, words);
+}
+
+int32_t startup_InitText(Catalogue &catalogue, Running &running, std::string_view text, int32_t count,
+                         const char *const *words) {
+    return start(catalogue, running, {text, true}, count, words);
 }
 
 int32_t uom_Init3(Catalogue &catalogue, Running &running, int32_t count, const char *const *words) {

@@ -3,6 +3,7 @@
 #define UOM_LOADING_STARTUP_H
 
 #include <cstdint>
+#include <string_view>
 #include "catalogue/catalogue.h"
 #include "conversion/running.h"
 
@@ -23,8 +24,12 @@ int32_t startup_CheckTables(const Catalogue &catalogue);
 struct DataFilePlaces;
 void startup_ExplainPlaces(const DataFilePlaces &places);
 
-// Frees the catalogue, also the one that a failed start left behind. For the unloading of the library.
-void startup_FreeAll(Catalogue &catalogue);
+// Starts from the bytes of a data file. Paths among the words are passed over, and the catalogue has no data file then.
+int32_t startup_InitText(Catalogue &catalogue, Running &running, std::string_view text, int32_t count,
+                         const char *const *words);
+
+// Ends the catalogue for good: frees all, also what a failed start left behind and what a clean-up leaves.
+void startup_End(Catalogue &catalogue);
 
 // What uom.h says of these, in a catalogue.
 int32_t startup_FindDataFile(char *out, int32_t size);

@@ -11,6 +11,7 @@
 #endif
 
 #include <atomic>
+#include <cstdio>
 #include <cstring>
 
 #include "support/text.h"
@@ -25,21 +26,44 @@ static const char slashes[] = "\\/";
 static const char slashes[] = "/";
 #endif
 
-static bool isRegularFile(const char *path) {
+// Looked at before it is opened: opening a pipe may wait for ever, and a device may do anything. The size of a regular
+// file, -1 for anything else.
+static int64_t sizeOfFile(const char *path) {
     struct stat file;
-    return stat(path, &file) == 0 && (file.st_mode & S_IFMT) == S_IFREG;
-}
-
-// Looked at before it is opened: opening a pipe may wait for ever, and a device may do anything.
-FILE *platform_OpenFile(const char *path) {
-    return isRegularFile(path) ? std::fopen(path, "r") : nullptr;
+    const bool regular = stat(path, &file) == 0 && (file.st_mode & S_IFMT) == S_IFREG;
+    return regular ? static_cast<int64_t>(file.st_size) : -1;
 }
 
 static bool canBeRead(const char *path) {
-    FILE *file = platform_OpenFile(path);
+    FILE *file = sizeOfFile(path) < 0 ? nullptr : std::fopen(path, "r");
     if (file)
         std::fclose(file);
     return file != nullptr;
+}
+
+// Reads to the end. The size is what the system expects: it is wrong for a file that grows, and for some that are made
+// while they are read.
+static ReadStatus readWhole(FILE *file, size_t size, FileText &out) {
+    std::setvbuf(file, nullptr, _IONBF, 0); // goes into the one block as it is
+    for (size_t room = size + 1;; room = 2 * room) {
+        void *block = out.text;
+        if (mem_Realloc(&block, room) != 0)
+            return READ_NO_MEMORY;
+        out.text = static_cast<char *>(block);
+        out.length += std::fread(out.text + out.length, 1, room - out.length, file);
+        if (out.length < room)
+            return std::ferror(file) ? READ_REFUSED : READ_DONE;
+    }
+}
+
+ReadStatus platform_ReadFile(const char *path, FileText &file) {
+    const int64_t size = sizeOfFile(path);
+    FILE *source = size < 0 ? nullptr : std::fopen(path, "r");
+    if (!source)
+        return READ_REFUSED;
+    const ReadStatus status = readWhole(source, static_cast<size_t>(size), file);
+    std::fclose(source);
+    return status;
 }
 
 // Adds a path to the places, unless it is there or too long to be a data file's. True when it can be read.

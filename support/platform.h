@@ -4,7 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
+
+#include "support/memory.h"
 
 namespace uom {
 
@@ -17,8 +18,20 @@ void platform_Debug(const char *text);
 // What the buffer holds; empty on Windows. The address stays the same.
 const char *platform_DebugText();
 
-// Opens a file for reading: a regular one, or a link to one. Null for anything else, without waiting for it.
-FILE *platform_OpenFile(const char *path);
+// The bytes of a file that was read.
+struct FileText {
+    char *text = nullptr; // not ended by a zero byte
+    size_t length = 0;
+    FileText() = default;
+    ~FileText() { mem_Free(text); }
+    FileText(const FileText &) = delete;
+    FileText &operator=(const FileText &) = delete;
+};
+
+enum ReadStatus { READ_DONE, READ_REFUSED, READ_NO_MEMORY };
+
+// Reads a regular file, or a link to one, as a whole. Anything else is refused, without waiting for it.
+ReadStatus platform_ReadFile(const char *path, FileText &file);
 
 // Notes where the file is that this code is in, while the directory at work is still that of the load.
 void platform_NoteLibraryPath();

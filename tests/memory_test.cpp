@@ -256,7 +256,7 @@ TEST_F(MemoryTest, FailedStartsLeaveNothingForGood) {
     EXPECT_EQ(uom_GetSetType("Only"), -1);
     uom_Cleanup();
     EXPECT_EQ(startWith(broken), 2);
-    startup_FreeAll(catalogue());
+    startup_End(catalogue());
     EXPECT_EQ(live(), 0);
 }
 
