@@ -16,27 +16,6 @@ constexpr int32_t DEFAULT_LINE_SIZE = 1024;
 constexpr int32_t SMALLEST_LINE = 2; // below, a read would never get on
 constexpr int32_t DEFAULT_TOKENS = 50;
 constexpr const char *DEFAULT_DELIMITERS = " ,:";
-constexpr int32_t MAX_LEVELS = 32;
-
-enum LevelState : int32_t {
-    OUTERMOST,
-    IN_TRUE_BRANCH, // of an #IFDEF
-    IN_ELSE_BRANCH, // of an #IFDEF whose name was not defined
-    SKIPPING_FALSE, // looking for #ELSE or #ENDIF
-    SKIPPING_ELSE   // looking for #ENDIF
-};
-
-enum PreprocessorError : int32_t { NO_ERROR, STRAY_ENDIF, STRAY_ELSE, TOO_DEEP };
-
-// One for all readers.
-struct Preprocessor {
-    UomTable *definedNames;
-    int32_t depth;
-    LevelState levels[MAX_LEVELS];
-    PreprocessorError error;
-    int32_t errorLine;
-};
-Preprocessor preprocessor = {};
 
 // What a statement means to the preprocessor.
 enum Outcome { FOR_CALLER, USED_UP, FAILED };
@@ -45,61 +24,64 @@ bool isDirective(const TokenReader *reader, const char *word) {
     return reader->tokenCount > 0 && str_EqualNoCase(reader->tokens[0], word);
 }
 
-bool isDefined(const char *name) {
-    for (uint32_t i = 0; i < table_Count(preprocessor.definedNames); ++i) {
-        const char *defined = table_GetText(preprocessor.definedNames, i);
+bool isDefined(const Preprocessor &state, const char *name) {
+    for (uint32_t i = 0; i < table_Count(state.definedNames); ++i) {
+        const char *defined = table_GetText(state.definedNames, i);
         if (defined && std::strcmp(defined, name) == 0)
             return true;
     }
     return false;
 }
 
-LevelState level() {
-    return preprocessor.levels[preprocessor.depth];
+LevelState level(const Preprocessor &state) {
+    return state.levels[state.depth];
 }
 
-Outcome enter(LevelState state) {
-    preprocessor.levels[preprocessor.depth] = state;
+Outcome enter(Preprocessor &state, LevelState level) {
+    state.levels[state.depth] = level;
     return USED_UP;
 }
 
-Outcome leave() {
-    --preprocessor.depth;
+Outcome leave(Preprocessor &state) {
+    --state.depth;
     return USED_UP;
 }
 
 Outcome fail(const TokenReader *reader, PreprocessorError error) {
-    preprocessor.error = error;
-    preprocessor.errorLine = reader->lineNumber;
+    Preprocessor &state = *reader->preprocessor;
+    state.error = error;
+    state.errorLine = reader->lineNumber;
     return FAILED;
 }
 
 Outcome openLevel(const TokenReader *reader) {
-    if (preprocessor.depth + 1 == MAX_LEVELS)
+    Preprocessor &state = *reader->preprocessor;
+    if (state.depth + 1 == READER_LEVELS)
         return fail(reader, TOO_DEEP);
-    ++preprocessor.depth;
-    return enter(isDefined(reader->tokens[1]) ? IN_TRUE_BRANCH : SKIPPING_FALSE);
+    ++state.depth;
+    return enter(state, isDefined(state, reader->tokens[1]) ? IN_TRUE_BRANCH : SKIPPING_FALSE);
 }
 
 // A statement that is not being skipped.
 Outcome judge(const TokenReader *reader) {
+    Preprocessor &state = *reader->preprocessor;
     if (isDirective(reader, "#DEFINE") && reader->tokenCount == 2) {
-        table_PutText(preprocessor.definedNames, TABLE_APPEND, reader->tokens[1]);
+        table_PutText(state.definedNames, TABLE_APPEND, reader->tokens[1]);
         return USED_UP;
     }
     const bool endif = isDirective(reader, "#ENDIF");
     const bool otherwise = isDirective(reader, "#ELSE");
-    if (level() == IN_ELSE_BRANCH && endif)
-        return leave();
-    if (level() == IN_ELSE_BRANCH && otherwise)
+    if (level(state) == IN_ELSE_BRANCH && endif)
+        return leave(state);
+    if (level(state) == IN_ELSE_BRANCH && otherwise)
         return fail(reader, STRAY_ELSE);
     if (isDirective(reader, "#IFDEF") && reader->tokenCount == 2)
         return openLevel(reader);
     if (reader->tokenCount != 1 || !(endif || otherwise))
         return FOR_CALLER;
-    if (level() == IN_TRUE_BRANCH)
-        return endif ? leave() : enter(SKIPPING_ELSE);
-    return level() == OUTERMOST ? fail(reader, endif ? STRAY_ENDIF : STRAY_ELSE) : FOR_CALLER;
+    if (level(state) == IN_TRUE_BRANCH)
+        return endif ? leave(state) : enter(state, SKIPPING_ELSE);
+    return level(state) == OUTERMOST ? fail(reader, endif ? STRAY_ENDIF : STRAY_ELSE) : FOR_CALLER;
 }
 
 // The statement behind the cursor, else of the next line. False at the end of the file.
@@ -112,26 +94,28 @@ bool readStatement(TokenReader *reader, FILE *file) {
 
 // A statement of a branch that is skipped; `nested` counts the levels opened within it.
 void judgeSkipped(const TokenReader *reader, int32_t *nested) {
+    Preprocessor &state = *reader->preprocessor;
     if (isDirective(reader, "#IFDEF"))
         ++*nested;
     else if (isDirective(reader, "#ENDIF") && (*nested)-- == 0)
-        leave();
-    else if (isDirective(reader, "#ELSE") && *nested == 0 && level() == SKIPPING_FALSE)
-        enter(IN_ELSE_BRANCH);
+        leave(state);
+    else if (isDirective(reader, "#ELSE") && *nested == 0 && level(state) == SKIPPING_FALSE)
+        enter(state, IN_ELSE_BRANCH);
 }
 
-bool isSkipping() {
-    return level() == SKIPPING_FALSE || level() == SKIPPING_ELSE;
+bool isSkipping(const Preprocessor &state) {
+    return level(state) == SKIPPING_FALSE || level(state) == SKIPPING_ELSE;
 }
 
 // Reads to the directive that ends the branch, from the statement in hand. False at the end of the file: the
 // level stays open.
 bool skipBranch(TokenReader *reader, FILE *file) {
-    const int32_t depth = preprocessor.depth;
+    Preprocessor &state = *reader->preprocessor;
+    const int32_t depth = state.depth;
     int32_t nested = 0;
     for (;;) {
         judgeSkipped(reader, &nested);
-        if (preprocessor.depth < depth || !isSkipping())
+        if (state.depth < depth || !isSkipping(state))
             return true;
         if (!readStatement(reader, file))
             return false;
@@ -199,11 +183,11 @@ bool readPlain(Splitter &splitter) {
 
 } // namespace
 
-TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, UomTable *definedNames) {
-    preprocessor.definedNames = definedNames;
+TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, Preprocessor &preprocessor) {
     TokenReader *reader = mem_New<TokenReader>();
     if (!reader)
         return nullptr;
+    reader->preprocessor = &preprocessor;
     reader->lineSize = lineSize > SMALLEST_LINE ? lineSize : lineSize > 0 ? SMALLEST_LINE : DEFAULT_LINE_SIZE;
     reader->maxTokens = maxTokens > 0 ? maxTokens : DEFAULT_TOKENS;
     reader->line = mem_NewArray<char>(static_cast<size_t>(reader->lineSize));
@@ -286,7 +270,7 @@ int32_t reader_Next(TokenReader *reader, FILE *file, int32_t preprocess) {
     while (readStatement(reader, file)) {
         if (reader->tokenCount == 0)
             return 0;
-        if (isSkipping()) {
+        if (isSkipping(*reader->preprocessor)) {
             if (!skipBranch(reader, file))
                 return 1;
             continue;
@@ -298,7 +282,7 @@ int32_t reader_Next(TokenReader *reader, FILE *file, int32_t preprocess) {
     return 1;
 }
 
-int32_t reader_GetError(char *out, size_t size) {
+int32_t reader_GetError(Preprocessor &preprocessor, char *out, size_t size) {
     char text[256];
     const bool open = preprocessor.depth > 0;
     switch (preprocessor.error) {
@@ -312,7 +296,7 @@ int32_t reader_GetError(char *out, size_t size) {
         break;
     case TOO_DEEP:
         str_FormatBounded(text, sizeof text, "(line %d) Maxinum #ifdef nesting level of %d reached",
-                          preprocessor.errorLine, MAX_LEVELS);
+                          preprocessor.errorLine, READER_LEVELS);
         break;
     default:
         str_CopyBounded(text, sizeof text,

@@ -14,21 +14,43 @@
 
 namespace uom {
 
+constexpr int32_t READER_LEVELS = 32;
+
+// What a branch of an #IFDEF is read for.
+enum LevelState : int32_t {
+    OUTERMOST,
+    IN_TRUE_BRANCH, // of an #IFDEF
+    IN_ELSE_BRANCH, // of an #IFDEF whose name was not defined
+    SKIPPING_FALSE, // looking for #ELSE or #ENDIF
+    SKIPPING_ELSE   // looking for #ENDIF
+};
+
+enum PreprocessorError : int32_t { NO_ERROR, STRAY_ENDIF, STRAY_ELSE, TOO_DEEP };
+
+// The state of the conditional language. Readers that are given the same one go on in each other's branches.
+struct Preprocessor {
+    UomTable *definedNames = nullptr; // texts; the caller's
+    int32_t depth = 0;
+    LevelState levels[READER_LEVELS] = {};
+    PreprocessorError error = NO_ERROR;
+    int32_t errorLine = 0;
+};
+
 struct TokenReader {
-    int32_t tokenCount; // of the statement in hand
-    int32_t lineSize;   // of the line buffer
-    int32_t maxTokens;  // further ones are dropped
-    int32_t lineNumber; // physical lines read
-    char *cursor;       // where the next statement of the line starts, null when the line is used up
-    char *line;         // owned
-    char **tokens;      // into the line; the array is owned
-    char *delimiters;   // owned
+    int32_t tokenCount;         // of the statement in hand
+    int32_t lineSize;           // of the line buffer
+    int32_t maxTokens;          // further ones are dropped
+    int32_t lineNumber;         // physical lines read
+    char *cursor;               // where the next statement of the line starts, null when the line is used up
+    char *line;                 // owned
+    char **tokens;              // into the line; the array is owned
+    char *delimiters;           // owned
+    Preprocessor *preprocessor; // the caller's
 };
 
 // A line size of 0 or below is 1024, a capacity of 0 or below 50, null delimiters are the blank, comma and
-// colon. The table of defined names, of texts, stays the caller's; it is the one of all readers from now on.
-// Null when memory is exhausted.
-TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, UomTable *definedNames);
+// colon. The preprocessor outlives the reader. Null when memory is exhausted.
+TokenReader *reader_Create(int32_t lineSize, int32_t maxTokens, const char *delimiters, Preprocessor &preprocessor);
 void reader_Free(TokenReader *reader); // null is accepted
 
 // 0, or 11 with the old delimiters kept when memory is exhausted.
@@ -51,7 +73,7 @@ int32_t reader_Next(TokenReader *reader, FILE *file, int32_t preprocess);
 
 // The text of the preprocessor's error, or of an #IFDEF left open, and 1; with neither "no preprocessor
 // errors found" and 0. Clears both. The buffer or its size may be absent.
-int32_t reader_GetError(char *out, size_t size);
+int32_t reader_GetError(Preprocessor &preprocessor, char *out, size_t size);
 
 // Tokens by their position from 1. Out of range: null, 0.0, 0, null, and an empty text.
 char *reader_Token(const TokenReader *reader, int32_t position);

@@ -6,14 +6,18 @@
 
 namespace uom {
 
-MemoryCounters memCounters = {0, 0, 0};
+static thread_local MemoryCounters counters = {0, 0, 0};
 void *(*memReallocate)(void *, size_t) = std::realloc;
+
+MemoryCounters &mem_Counters() {
+    return counters;
+}
 
 // A size of 0 would free a block, and leave its slot dangling.
 static void *allocate(void *block, size_t size) {
     void *result = memReallocate(block, size > 0 ? size : 1);
     if (!result)
-        ++memCounters.failures;
+        ++counters.failures;
     return result;
 }
 
@@ -21,7 +25,7 @@ int32_t mem_Malloc(void **out, size_t size) {
     *out = allocate(nullptr, size);
     if (!*out)
         return 1;
-    ++memCounters.allocations;
+    ++counters.allocations;
     return 0;
 }
 
@@ -52,7 +56,7 @@ void mem_Free(const void *block) {
     if (!block)
         return;
     std::free(const_cast<void *>(block));
-    ++memCounters.frees;
+    ++counters.frees;
 }
 
 int32_t mem_DupText(char **out, const char *text) {

@@ -7,13 +7,13 @@
 
 namespace uom {
 
-// Counters. The library reads the failures alone, to tell a start-up that is not whole.
+// Counters of one thread. The library reads the failures alone, to tell a start-up that is not whole.
 struct MemoryCounters {
     int32_t allocations; // mem_Malloc, mem_DupText, mem_ReplaceText, and mem_Realloc of an empty slot
     int32_t frees;       // mem_Free and mem_ReplaceText, where something was freed
     int32_t failures;    // requests that found the memory exhausted
 };
-extern MemoryCounters memCounters;
+MemoryCounters &mem_Counters(); // of the calling thread
 
 // The one source of memory, with the contract of realloc. A test puts a failing one here.
 extern void *(*memReallocate)(void *block, size_t size);
@@ -53,11 +53,11 @@ inline int32_t mem_ExchangeText(char **slot, const char *text) {
     return status;
 }
 
-// Tells whether a request for memory failed since it was made: the operations below this one may have gone on with
+// Tells whether a request of this thread for memory failed since it was made: the operations below this one may have gone on with
 // less, and what they gave is not to be used.
 struct MemoryWatch {
-    int32_t failures = memCounters.failures;
-    bool exhausted() const { return memCounters.failures != failures; }
+    int32_t failures = mem_Counters().failures;
+    bool exhausted() const { return mem_Counters().failures != failures; }
 };
 
 // A zeroed record of the type, or null.

@@ -16,8 +16,11 @@ namespace uom {
 
 constinit NumberConstants numConstants;
 
+// Nothing is written where nothing was set: a start in one thread leaves conversions in others alone.
 void num_InitConstants() {
-    numConstants = NumberConstants();
+    const NumberConstants atLoad;
+    if (std::memcmp(&numConstants, &atLoad, sizeof atLoad) != 0)
+        numConstants = atLoad;
 }
 
 bool num_IsNull(double value) {

@@ -22,7 +22,7 @@ class MemoryTest : public LibraryTest {
 protected:
     void SetUp() override {
         fresh = failing = 0;
-        freed = memCounters.frees;
+        freed = mem_Counters().frees;
         memReallocate = [](void *block, size_t size) {
             if (++asked == failing || (forGood && asked > failing))
                 return static_cast<void *>(nullptr);
@@ -34,7 +34,7 @@ protected:
     }
 
     // Blocks that the library holds.
-    int32_t live() const { return fresh - (memCounters.frees - freed); }
+    int32_t live() const { return fresh - (mem_Counters().frees - freed); }
 
     // Runs again and again, each time with the next allocation failing, alone and with all behind it, until none is
     // left to fail; what came of it is checked after each.
@@ -310,7 +310,8 @@ TEST_F(MemoryTest, ResultsAreWholeOrNull) {
         [&] { return table(uom_GetClassList(1)); },
         [&] { return table(tbl_Copy(texts.table)); },
         [&] {
-            TokenReader *const reader = reader_Create(0, 0, nullptr, nullptr);
+            Preprocessor preprocessor;
+            TokenReader *const reader = reader_Create(0, 0, nullptr, preprocessor);
             const bool whole = reader && reader_SetDelimiters(reader, "x") == 0 && reader_SplitText(reader, "axb") == 0;
             const std::string text = whole ? reader_Token(reader, 1) : "null";
             reader_Free(reader);

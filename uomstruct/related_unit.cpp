@@ -19,7 +19,7 @@ std::string_view nameOf(const Catalogue &catalogue, int32_t unit) {
 struct Spelling {
     std::string_view token, inMillions;
 };
-const Spelling spellings[] = {{"g-cm", "gcm"}, {"kg-m", "kgm"}, {"ft-lb", "ftlb"}};
+constexpr Spelling spellings[] = {{"g-cm", "gcm"}, {"kg-m", "kgm"}, {"ft-lb", "ftlb"}};
 
 int32_t squared(const Catalogue &catalogue, int32_t unit) {
     return unit_NamedWith(catalogue, unit, "2");

@@ -13,8 +13,9 @@ protected:
     static std::string statementsOf(const std::string &text, int32_t lineSize = 0, int32_t maxTokens = 0,
                                     const char *delimiters = nullptr) {
         std::string all, copy = text;
-        UomTable *const names = LibraryTest::tableOf({"KNOWN"});
-        TokenReader *const reader = reader_Create(lineSize, maxTokens, delimiters, names);
+        Preprocessor preprocessor;
+        preprocessor.definedNames = LibraryTest::tableOf({"KNOWN"});
+        TokenReader *const reader = reader_Create(lineSize, maxTokens, delimiters, preprocessor);
         FILE *const file = fmemopen(copy.data(), copy.size(), "r");
         while (file && reader_Next(reader, file, 1) == 0) {
             all += std::to_string(reader->lineNumber) + ":";
@@ -23,14 +24,14 @@ protected:
             all += " ";
         }
         char error[64] = "";
-        if (reader_GetError(error, sizeof error) == 1)
+        if (reader_GetError(preprocessor, error, sizeof error) == 1)
             all += error;
-        EXPECT_EQ(reader_GetError(error, sizeof error), 0);
+        EXPECT_EQ(reader_GetError(preprocessor, error, sizeof error), 0);
         EXPECT_STREQ(error, "no preprocessor errors found");
         if (file)
             std::fclose(file);
         reader_Free(reader);
-        tbl_Free(names);
+        tbl_Free(preprocessor.definedNames);
         return all;
     }
 };
@@ -80,7 +81,8 @@ TEST_F(LineReader, ConditionsOfTheText) {
 }
 
 TEST_F(LineReader, TokensByPosition) {
-    TokenReader *const reader = reader_Create(16, 0, nullptr, nullptr);
+    Preprocessor preprocessor;
+    TokenReader *const reader = reader_Create(16, 0, nullptr, preprocessor);
     EXPECT_EQ(reader_SplitText(reader, "2.5 -7x \"a\nb\" cut off here"), 0);
     EXPECT_EQ(joined(reader->tokenCount, reader_Token(reader, 3), reader_Token(reader, 4)), "4 a\nb c");
     EXPECT_EQ(joined(reader_TokenDouble(reader, 1), reader_TokenInt(reader, 1), reader_TokenInt(reader, 2)),

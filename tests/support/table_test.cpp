@@ -198,9 +198,9 @@ TEST(SupportTable, OwnsItsPointers) {
     tbl_Free(copy);
     std::memset(table->data, 0, 32);
     const auto freedBy = [&](const std::function<void()> &act) {
-        const int32_t before = memCounters.frees;
+        const int32_t before = mem_Counters().frees;
         act();
-        return memCounters.frees - before;
+        return mem_Counters().frees - before;
     };
     for (uint32_t i = 0; i < 4; ++i)
         EXPECT_EQ(freedBy([&] { tbl_PutPointer(table, i, block()); }), 0);

@@ -75,7 +75,7 @@ TEST(SupportText, ComparesWithoutCase) {
 }
 
 TEST(SupportText, MemoryIsCheckedAndCounted) {
-    const auto before = memCounters;
+    const auto before = mem_Counters();
     void *block = &block;
     EXPECT_EQ("0 0", joined(mem_Calloc(&block, 0, 8), block));
     block = &block;
@@ -97,8 +97,8 @@ TEST(SupportText, MemoryIsCheckedAndCounted) {
     EXPECT_FALSE(slot) << "gone when there is no memory";
     memReallocate = std::realloc;
     EXPECT_EQ(0, mem_ReplaceText(&slot, nullptr));
-    EXPECT_EQ(joined(3, 3, 4), joined(memCounters.allocations - before.allocations, memCounters.frees - before.frees,
-                                      memCounters.failures - before.failures));
+    EXPECT_EQ(joined(3, 3, 4), joined(mem_Counters().allocations - before.allocations, mem_Counters().frees - before.frees,
+                                      mem_Counters().failures - before.failures));
 }
 
 TEST(SupportText, TrimsBlanks) {
