@@ -1,7 +1,11 @@
-/* Units of measure for process simulators: the whole interface of the library.
+/* Units of measure for process simulators: the classical interface of the library.
  *
- * Start the library with uom_Init (or uom_Init2, uom_Init3), work, end with uom_Cleanup. Call it from one thread at
- * a time. Plain integers, doubles and texts cross the boundary; nothing throws or aborts.
+ * Start the library with uom_Init (or uom_Init2, uom_Init3), work, end with uom_Cleanup. Plain integers,
+ * doubles and texts cross the boundary; nothing throws or aborts.
+ *
+ * Threads. Behind each operation stands what it does to the catalogue that its thread works on, the default one of the
+ * process unless the host made another (catalogue.h): [reads] any number of threads may be in such calls at once,
+ * [changes] nothing else may be in that catalogue meanwhile, [any] it looks at no catalogue.
  *
  *   UOM class    a kind of quantity, by number ("Pressure" is 7) or token ("Pres"); numbers below 71 never change
  *   class string classes with whole exponents: "Pres/VolRate 2", "(Leng Mass) 2", "Rate (Mass)"
@@ -172,7 +176,7 @@ typedef struct UomTable {
 } UomTable;
 
 /* ---------------------------------------------------------------------------------------------------------------
- * Variables, for reading after start-up
+ * Variables, for reading after start-up. They tell of the process' default catalogue.
  */
 
 extern UOM_API int32_t UOM_NULL; /* no unit: 0. Valid units are greater */
@@ -202,17 +206,17 @@ extern UOM_API int32_t UOM_SET_MAX;     /* the count of slates: the greatest ind
  * Start-up, shutdown, messages
  */
 
-/* The version of the library, as UOM_VERSION. */
+/* The version of the library, as UOM_VERSION. [any] */
 UOM_API const char *uom_GetVersion(void);
 
 /* Starts with the file uomdata.txt: beside the library, else where it is installed relative to the library, else
  * beside the executable, else in the working directory. Results as uom_Init2. The message of a start that found no
- * file names the places. */
+ * file names the places. [changes] */
 UOM_API int32_t uom_Init(void);
 
 /* The path of the data file that uom_Init would read; the library need not be started.
  * Returns 0; or 1 when there is none, with the relative path that uom_Init tries then and a message that names the
- * places; or 1 for a null `out` or one too small for the path, which is then empty. */
+ * places; or 1 for a null `out` or one too small for the path, which is then empty. [any] */
 UOM_API int32_t uom_FindDataFile(char *out, int32_t size);
 
 /* Starts the library; does nothing, with 0, when it is started.
@@ -229,29 +233,31 @@ UOM_API int32_t uom_FindDataFile(char *out, int32_t size);
  * section keyword in a wrong place, 11 memory is exhausted, each with a message and the library not started; or 3
  * (class table), 4 (unit table) inconsistent, with a message and the library started. On Linux a file whose lines end
  * with carriage returns starts with 0, and an empty catalogue. What a failed start has built stays until the next start
- * or the unloading, which free it; the next start begins with an empty catalogue. */
+ * or the unloading, which free it; the next start begins with an empty catalogue. [changes] */
 UOM_API int32_t uom_Init2(int32_t count, const char *const *words);
 
 /* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. Paths that
- * differ in the case of letters alone are the same to it. */
+ * differ in the case of letters alone are the same to it. [changes] */
 UOM_API int32_t uom_Init3(int32_t count, const char *const *words);
 
 /* Ends the library and frees all that it holds; chains and tables of the host stay the host's. Does nothing on a
- * library that is not started. Unloading the library does the same. */
+ * library that is not started. Unloading the library does the same. [changes] */
 UOM_API void uom_Cleanup(void);
 
-/* The text of the last failure that wrote one, at most 511 characters; the same address for the life of the library.
- * Not cleared by success unless an operation says so. */
+/* The text of the last failure that wrote one, at most 511 characters: the calling thread's, at the same address
+ * for the life of the thread. Not cleared by success unless an operation says so. [any] */
 UOM_API const char *uom_GetLastErrorMessage(void);
 
 /* What a data file has to hold for all rules to act, as new tables of text; null when memory is exhausted. The units
  * that the library looks up by token, those that do in place of each other parted by "|" ("Vol|Volume"); and the
- * lists of its own that it puts in force by name ("OXTimeList"). The library need not be started. */
+ * lists of its own that it puts in force by name ("OXTimeList"). The library need not be started. [any] */
 UOM_API UomTable *uom_GetKnownUnits(void);
 UOM_API UomTable *uom_GetKnownLists(void);
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Tables. Index 0xFFFFFFFF appends. Truth is 1, failure (memory) 0.
+ *
+ * All of them are [any]: they look at no catalogue.
  *
  * Kinds: 0, 1 signed and unsigned 8-bit integers; 2 text, each element the table's own copy; 3, 4 16-bit; 5, 6
  * 32-bit; 7, 8 64-bit integers or borrowed pointers; 9, 10 floats of 32 and 64 bits; 11 pointers that the table
@@ -308,22 +314,22 @@ UOM_API void tbl_FreeTextArray(char **texts);
  * for compiled classes that it lacks and for composite custom ones, for a copy of a base class ("Foo=Leng") the number
  * of that, and the number of this interface for keywords of rates and fractions. No operation accepts an older number
  * as a class. */
-UOM_API int32_t uom_GetClassType(const char *text, int32_t mode);
-UOM_API int32_t uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty */
+UOM_API int32_t uom_GetClassType(const char *text, int32_t mode); /* [reads] */
+UOM_API int32_t uom_GetUOMClassCount(void); /* 71 and the custom classes; numbers start at 1, row 0 is empty [reads] */
 
-/* A new table of the texts of all classes in a style (as uom_GetClassText), without the internal bases. */
+/* A new table of the texts of all classes in a style (as uom_GetClassText), without the internal bases. [reads] */
 UOM_API UomTable *uom_GetClassList(int32_t style);
 
-/* Column widths for a user interface; 0 and 0 for a composite class or one out of range. */
+/* Column widths for a user interface; 0 and 0 for a composite class or one out of range. [reads] */
 UOM_API void uom_GetClassGUIWidths(int32_t classId, int32_t *width1, int32_t *width2);
 
-UOM_API int32_t uom_IsClassBase(int32_t classId);  /* 1 for a class without components, or out of range */
-UOM_API int32_t uom_IsClassBasis(int32_t classId); /* 1 for the class Basis */
+UOM_API int32_t uom_IsClassBase(int32_t classId);  /* 1 for a class without components, or out of range [reads] */
+UOM_API int32_t uom_IsClassBasis(int32_t classId); /* 1 for the class Basis [any] */
 
 /* The text of a class in a style: 1 token, 2 keyword, 3 token, 4 token in capitals, 5 long name, 6 token; 0 and below
  * the default style. Empty for a class out of range or without the text. Needs a size of at least 2. */
-UOM_API void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style);
-UOM_API int32_t uom_GetClassTextLen(int32_t classId); /* length of the long name, 0 out of range */
+UOM_API void uom_GetClassText(int32_t classId, char *out, int32_t size, int32_t style); /* [reads] */
+UOM_API int32_t uom_GetClassTextLen(int32_t classId); /* length of the long name, 0 out of range [reads] */
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Units. A unit is valid when above UOM_NULL and below the count of the data file's units.
@@ -331,47 +337,50 @@ UOM_API int32_t uom_GetClassTextLen(int32_t classId); /* length of the long name
  * A class recognises the units of its list: the choices that a host set, else the list of the data file.
  */
 
-/* The first unit with this token, whatever its class; UOM_NULL when there is none. */
+/* The first unit with this token, whatever its class; UOM_NULL when there is none. [reads] */
 UOM_API int32_t uom_GetUnitType(const char *text);
 
 /* The unit of the class whose token (mode 2: keyword) is the text, also written without its blanks. Trailing blanks
- * of `text` are cut in place. UOM_NULL when there is none. */
+ * of `text` are cut in place. UOM_NULL when there is none. [reads] */
 UOM_API int32_t uom_GetUnitFromString(int32_t classId, char *text, int32_t mode);
 
-UOM_API UomTable *uom_GetUnitList(int32_t classId); /* a new table of the tokens; null for a class without a list */
+UOM_API UomTable *
+uom_GetUnitList(int32_t classId); /* a new table of the tokens; null for a class without a list [reads] */
 
 /* Fills n entries with the class's units, UOM_NULL behind them. 1 for null, n below 1 or a bad class; else 0. */
-UOM_API int32_t uom_GetUnitIndices(int32_t classId, int32_t *units, int32_t n);
-UOM_API int32_t uom_GetUnitListIndex(int32_t classId, int32_t unit); /* place in the class's list from 0, or -1 */
+UOM_API int32_t uom_GetUnitIndices(int32_t classId, int32_t *units, int32_t n); /* [reads] */
+UOM_API int32_t uom_GetUnitListIndex(int32_t classId,
+                                     int32_t unit); /* place in the class's list from 0, or -1 [reads] */
 
-/* How many nodes a class takes in a chain: 1 for a base class, 0 for a class out of range. Not a count of units. */
+/* How many nodes a class takes in a chain: 1 for a base class, 0 for a class out of range.
+ * Not a count of units. [reads] */
 UOM_API int32_t uom_GetUnitMax(int32_t classId);
 
 /* The text of a unit in a style: 1 token, 2 keyword, 3 token with superscripts (Latin-1 bytes 178 and 179), 4 token
  * in capitals, 5 description, 6 token with HTML superscripts; 0 and below the default style. Empty for a bad unit.
  * All `size` bytes of `out` are written. */
-UOM_API void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style);
-UOM_API int32_t uom_GetUnitTextLen(int32_t unit); /* length of the token, 0 for a bad unit */
-UOM_API void uom_GetUnitDescription(int32_t unit, char *out, int32_t size);
+UOM_API void uom_GetUnitText(int32_t unit, char *out, int32_t size, int32_t style); /* [reads] */
+UOM_API int32_t uom_GetUnitTextLen(int32_t unit); /* length of the token, 0 for a bad unit [reads] */
+UOM_API void uom_GetUnitDescription(int32_t unit, char *out, int32_t size); /* [reads] */
 
 /* The constants of a unit, (x + offset) * factor being the value in base units; 0.0 and 1.0, and 1 returned, for a
  * bad unit. The offset of kPag, barg, ate, psig, kg/cm2g and mbarg is the atmospheric pressure in force, in that unit;
  * the other gauge units keep the offsets of the data file. In front of a StdVapVol, conversions take spgr as relative
- * to air, 1.223 kg/m3, whatever its constants are. */
+ * to air, 1.223 kg/m3, whatever its constants are. [reads] */
 UOM_API int32_t uom_GetConvConstants(int32_t unit, double *offset, double *factor);
 
 /* Changes the constants of a unit for all later conversions, until the next start-up; the offsets of those six until an
- * atmospheric pressure is put in force. 1 for a bad unit. */
+ * atmospheric pressure is put in force. 1 for a bad unit. [changes] */
 UOM_API int32_t uom_SetConvConstants(int32_t unit, double offset, double factor);
 
 /* Text styles by default: style 0 of all printing operations. Set answers the style that held before, and ignores
  * anything but 1 to 6. */
-UOM_API int32_t uom_SetDefaultDisplayStyle(int32_t style);
-UOM_API int32_t uom_GetDefaultDisplayStyle(void);
+UOM_API int32_t uom_SetDefaultDisplayStyle(int32_t style); /* [changes] */
+UOM_API int32_t uom_GetDefaultDisplayStyle(void);          /* [reads] */
 
 /* Whether hosts shall accept unit multipliers ("k*m3"). A stored setting: the parsers accept them always. */
-UOM_API void uom_SetAllowUOMMultipliers(int32_t allow);
-UOM_API int32_t uom_GetAllowUOMMultipliers(void);
+UOM_API void uom_SetAllowUOMMultipliers(int32_t allow); /* [changes] */
+UOM_API int32_t uom_GetAllowUOMMultipliers(void);       /* [reads] */
 
 /* ---------------------------------------------------------------------------------------------------------------
  * Chains. A chain argument may be null. Arrays run parallel to the nodes, in chain order. Nodes are made, linked and
@@ -382,57 +391,58 @@ UOM_API int32_t uom_GetAllowUOMMultipliers(void);
  * parentheses do not balance, there are more than 20 classes and parentheses, the text has more than 65,535 bytes or
  * memory is exhausted, and null without one for a blank or null text. "Pres/VolRate 2", "(Leng Mass) 2 / Time",
  * "Rate (Mass)": numbers are exponents, a class name that holds blanks stands in quotes, a basis unit may follow a
- * class that has a basis. */
+ * class that has a basis. [reads] */
 UOM_API UomStruct uoms_New(const char *classString);
 
-/* 1 when uoms_New would give a chain, else 0. */
+/* 1 when uoms_New would give a chain, else 0. [reads] */
 UOM_API int32_t uoms_IsClassValid(const char *classString);
 
-/* 0 when the unit string fits the class string, 1 when the class string fails, 2 when the unit string does. */
+/* 0 when the unit string fits the class string, 1 when the class string fails, 2 when the unit string does. [reads] */
 UOM_API int32_t uoms_ValidateUOM(const char *classString, const char *uomString);
 
 /* Exponents of mass, length, time, temperature, charge and currency of a class string, into six entries. Always 0;
- * the entries stay as they were when the class string fails. */
+ * the entries stay as they were when the class string fails. [reads] */
 UOM_API int32_t uoms_GetDimensions(const char *classString, int32_t *dimensions);
 
 /* A new chain from `count` classes with exponents. `units` may be null; it gives the units of simple classes, and
  * the basis unit of composite ones, which decides the class of the node behind the basis. Null for a count below 1.
- * When memory is exhausted the chain lacks nodes, or is null. */
+ * When memory is exhausted the chain lacks nodes, or is null. [reads] */
 UOM_API UomStruct uom_BuildStruct(int32_t count, const int32_t *classes, const int32_t *exponents,
                                   const int32_t *units);
 
 /* A new chain of one class, units empty, whose slateUnit fields are filled from `units`: three rows, one for each of
  * English, Metric and SI, each of uom_GetUnitMax(classId) entries; null leaves them empty. Null for a bad class and
- * when memory is exhausted. */
+ * when memory is exhausted. [reads] */
 UOM_API UomStruct uom_CreateStruct(int32_t classId, int32_t exponent, const int32_t *units);
 
-/* The reverse of uom_BuildStruct: entry i belongs to node i, zero for the later nodes of a composite class. */
+/* The reverse of uom_BuildStruct: entry i belongs to node i, zero for the later nodes of a composite class. [reads] */
 UOM_API void uom_DecodeStruct(UomStruct chain, int32_t n, int32_t *classes, int32_t *exponents);
 
-UOM_API UomStruct uom_Copy(UomStruct chain); /* a new chain, or null when memory is exhausted */
-UOM_API void uom_Free(UomStruct *chain);     /* frees all nodes and clears the pointer; null is accepted */
+UOM_API UomStruct uom_Copy(UomStruct chain); /* a new chain, or null when memory is exhausted [any] */
+UOM_API void uom_Free(UomStruct *chain);     /* frees all nodes and clears the pointer; null is accepted [any] */
 
 /* A new zeroed node, appended to the chain at the address; it stands alone with a null address. */
-UOM_API UomStruct uom_AddNewStruct(UomStruct *chain);
-UOM_API UomStruct uom_LinkStruct(UomStruct a, UomStruct b); /* appends b to a; the head */
+UOM_API UomStruct uom_AddNewStruct(UomStruct *chain);       /* [any] */
+UOM_API UomStruct uom_LinkStruct(UomStruct a, UomStruct b); /* appends b to a; the head [any] */
 
-/* Takes the node out without freeing it; the new head. A node that is not in the chain changes nothing. */
+/* Takes the node out without freeing it; the new head. A node that is not in the chain changes nothing. [any] */
 UOM_API UomStruct uom_UnlinkStruct(UomStruct chain, UomStruct node);
 
-/* Splices a chain in front of the node, or behind the end when the node is not in the chain; the new head. */
+/* Splices a chain in front of the node, or behind the end when the node is not in the chain; the new head. [any] */
 UOM_API UomStruct uom_InsertBeforeStruct(UomStruct chain, UomStruct insert, UomStruct node);
 
-/* Cuts the first nodes, as many as the class takes (1 to 70), off the front and returns them as a chain. */
+/* Cuts the first nodes, as many as the class takes (1 to 70), off the front and returns them as a chain. [reads] */
 UOM_API UomStruct uom_RemoveStruct(UomStruct *chain, int32_t classId);
 
-UOM_API UomStruct uom_FindStructClass(UomStruct chain, int32_t classId); /* first node of that baseClass, or null */
-UOM_API int32_t uom_GetStructIndex(UomStruct chain, UomStruct node);     /* place from 0, or -1 */
-UOM_API int32_t uom_IsStartOfClass(UomStruct node);                      /* 1: first node of a composite class */
-UOM_API UomStruct uom_GetEndOfClass(UomStruct node); /* last node of the class that starts here, or null */
-UOM_API int32_t uom_GetUnitCount(UomStruct chain);   /* nodes */
-UOM_API int32_t uom_GetClassCount(UomStruct chain);  /* classes: a composite class counts once */
+UOM_API UomStruct uom_FindStructClass(UomStruct chain,
+                                      int32_t classId);              /* first node of that baseClass, or null [any] */
+UOM_API int32_t uom_GetStructIndex(UomStruct chain, UomStruct node); /* place from 0, or -1 [any] */
+UOM_API int32_t uom_IsStartOfClass(UomStruct node);                  /* 1: first node of a composite class [any] */
+UOM_API UomStruct uom_GetEndOfClass(UomStruct node); /* last node of the class that starts here, or null [reads] */
+UOM_API int32_t uom_GetUnitCount(UomStruct chain);   /* nodes [any] */
+UOM_API int32_t uom_GetClassCount(UomStruct chain);  /* classes: a composite class counts once [reads] */
 
-/* Read (zeros behind the chain) and write the baseClass and multiplier of up to n nodes, without any test. */
+/* Read (zeros behind the chain) and write the baseClass and multiplier of up to n nodes, without any test. [any] */
 UOM_API void uom_GetClasses(UomStruct chain, int32_t n, int32_t *classes);
 UOM_API void uom_SetClasses(UomStruct chain, int32_t n, const int32_t *classes);
 UOM_API void uom_GetMultipliers(UomStruct chain, int32_t n, int32_t *multipliers);
@@ -450,26 +460,26 @@ UOM_API void uom_SetMultipliers(UomStruct chain, int32_t n, const int32_t *multi
  * Returns 0 with the last-error text cleared (left as it is for a slate), or a status with a message: 1 null
  * argument, 2 no such unit, 3 text too short, 4 text left over, 5 bad multiplier, 6 wrong exponent, 7 a multiplier
  * under a power needs parentheses, 8 parentheses nested deeper than 32, 9 text of more than 65,535 bytes, 11 memory is
- * exhausted. Nodes filled before a failure stay filled. */
+ * exhausted. Nodes filled before a failure stay filled. [reads] */
 UOM_API int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style);
 
 /* The unit of a class at the head of a text, with its multiplier.
  *   consumed    out: characters used, multiplier included
  *   multiplier  out: 0, 3 or 6
  * Returns 0 with the last-error text cleared, or 2 no such unit, 5 unknown multiplier, 9 text of more than 65,535
- * bytes, with a message. */
+ * bytes, with a message. [reads] */
 UOM_API int32_t uom_FindUnitFromString(int32_t classId, const char *text, int32_t style, int32_t *consumed,
                                        int32_t *multiplier, int32_t *unit);
 
 /* The normal form of a unit string, as messages of uom_FillStructFromString show it: no blanks at the ends and round
  * "(", ")", "-" and "/", single blanks elsewhere, Latin-1 superscripts as digits. `out` has room for as many bytes as
- * the input with its terminator. 0 for an empty or blank input, else 1. */
+ * the input with its terminator. 0 for an empty or blank input, else 1. [any] */
 UOM_API int32_t uom_UOMStringToStd(char *out, const char *in);
 
 /* The multiplier at the head of a text.
  *   format  1 "M ", "MM " with or without the blank; any other "k*", "M*"
  *   rest    out: the text behind the multiplier, or the text itself
- * Returns 1 when there is one, 0 when there is none, 2 for a prefix before "*" that is no multiplier. */
+ * Returns 1 when there is one, 0 when there is none, 2 for a prefix before "*" that is no multiplier. [any] */
 UOM_API int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format, int32_t *multiplier,
                                                 const char **rest);
 
@@ -481,19 +491,19 @@ UOM_API int32_t uom_FindUOMMultiplierFromString(const char *text, int32_t format
 
 /* A new chain from fixed-layout text: a class keyword in characters 1 to 4, a separator, units from character 6 on,
  * e.g. "PRES PSIA", "MRAT LB/HR" (a rate in pound moles), "GVRA M3/HR" (in vapour volume). Null for a null or
- * shorter text, an unknown class and when memory is exhausted; units that are not found stay empty. */
+ * shorter text, an unknown class and when memory is exhausted; units that are not found stay empty. [reads] */
 UOM_API UomStruct uom_ClassAndUnitToStruct(const char *text, int32_t style);
 
 /* A new chain of one class filled from the units; null for a bad class and when memory is exhausted. Units that are not
- * found stay empty. */
+ * found stay empty. [reads] */
 UOM_API UomStruct uom_StringToStruct(const char *text, int32_t classId, int32_t style);
 
 /* Fills the nodes of one class. 0, or 1 when a word is not found, an argument is null or the text has more than 65,535
- * bytes. */
+ * bytes. [reads] */
 UOM_API int32_t uom_FillStruct(UomStruct chain, int32_t classId, const char *text, int32_t style);
 
 /* Fills the chain when it is of this class, else replaces and frees it. 0; 1 for a bad class and when memory is
- * exhausted, with an empty chain. */
+ * exhausted, with an empty chain. [reads] */
 UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const char *text, int32_t style);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -512,31 +522,31 @@ UOM_API int32_t uom_SetClassandUnit(UomStruct *chain, int32_t classId, const cha
  * uom_GetLastErrorMessage(), but for a class string with no class in it ("", "/"): 2, and the message stays what it
  * was. On 1 to 4 the values are as they were.
  * A group raised to a power, as in "(Leng Mass) 2", or standing under a "/" leaves a factor that is one power short:
- * elements behind the first, and uoms_CalculateConvConstants, follow it. Convert such values one at a time. */
+ * elements behind the first, and uoms_CalculateConvConstants, follow it. Convert such values one at a time. [reads] */
 UOM_API int32_t uoms_ConvertArray(double *values, int32_t count, const char *classString, const char *fromUnits,
                                   const char *toUnits);
 
 /* The constants of a conversion: y = (x + offset) * factor. Returns 0; 1 to 4 as uoms_ConvertArray; 5 when the
- * conversion is not linear (API gravity, too many rounds). Unless it returns 0 the outputs mean nothing. */
+ * conversion is not linear (API gravity, too many rounds). Unless it returns 0 the outputs mean nothing. [reads] */
 UOM_API int32_t uoms_CalculateConvConstants(const char *classString, const char *fromUnits, const char *toUnits,
                                             double *factor, double *offset);
 
 /* Converts `count` values in place from the units of one chain to those of a parallel one. 1 for a null array or a
- * count below 1, else 0. */
+ * count below 1, else 0. [reads] */
 UOM_API int32_t uom_ConvertArray(double *values, int32_t count, UomStruct from, UomStruct to);
 
 /* One value from the units of one chain to those of a parallel one. A node without a usable unit passes the value
- * through. An API gravity at the very end of a target chain is completed by the next conversion. */
+ * through. An API gravity at the very end of a target chain is completed by the next conversion. [reads] */
 UOM_API double uom_ConvertFromTo(double value, UomStruct from, UomStruct to);
 
 /* One value between two slates, in the class of the chain. UOM_SET_CURRENT stands for the chain's own units. When
  * memory is exhausted this and the next three give the value unconverted, and nothing tells. */
-UOM_API double uom_Convert(double value, UomStruct chain, int32_t fromSlate, int32_t toSlate);
-UOM_API double uom_ConvertFromCurrent(double value, UomStruct chain); /* own units to the slate Internal */
-UOM_API double uom_ConvertToCurrent(double value, UomStruct chain);   /* the slate Internal to own units */
+UOM_API double uom_Convert(double value, UomStruct chain, int32_t fromSlate, int32_t toSlate); /* [reads] */
+UOM_API double uom_ConvertFromCurrent(double value, UomStruct chain); /* own units to the slate Internal [reads] */
+UOM_API double uom_ConvertToCurrent(double value, UomStruct chain);   /* the slate Internal to own units [reads] */
 
 /* One value of a class between two slates. `units`, one entry a node, replaces the units that UOM_SET_CURRENT stands
- * for; null leaves those of the Current slate. Entries may be rewritten as by uom_SetUnits. */
+ * for; null leaves those of the Current slate. Entries may be rewritten as by uom_SetUnits. [reads] */
 UOM_API double uom_ConvertValue(int32_t classId, int32_t *units, int32_t fromSlate, int32_t toSlate, double value);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -548,23 +558,24 @@ UOM_API double uom_ConvertValue(int32_t classId, int32_t *units, int32_t fromSla
  * when the chain is a PetroDensity), and changes it to `basis`; the new head. The chain stays as it is when it has a
  * basis already or no such node, when memory is exhausted, and for a `basis` that is not, as a number, from UOM_BASMOLE
  * to UOM_BASVAPV: the data file lists all bases in this range. */
-UOM_API UomStruct uom_AddBasisStruct(UomStruct chain, int32_t basis);
-UOM_API UomStruct uom_RemoveBasisStruct(UomStruct chain); /* back to mass, without the basis node; the new head */
+UOM_API UomStruct uom_AddBasisStruct(UomStruct chain, int32_t basis); /* [reads] */
+UOM_API UomStruct
+uom_RemoveBasisStruct(UomStruct chain); /* back to mass, without the basis node; the new head [reads] */
 
 /* Changes the basis and the class and unit of the node behind it. 1 for UOM_NULL or a chain without a basis. */
-UOM_API int32_t uom_SetBasis(UomStruct chain, int32_t basis);
-UOM_API int32_t uom_CheckForBasis(UomStruct chain); /* 1 when the chain has a basis node */
+UOM_API int32_t uom_SetBasis(UomStruct chain, int32_t basis); /* [reads] */
+UOM_API int32_t uom_CheckForBasis(UomStruct chain);           /* 1 when the chain has a basis node [any] */
 
-/* 1 when both chains have a basis node at the same place; their units are not compared. */
+/* 1 when both chains have a basis node at the same place; their units are not compared. [any] */
 UOM_API int32_t uom_IsBasisEqual(UomStruct a, UomStruct b);
 
-/* The basis that a class string has when filled from a unit string, or UOM_NULL. */
+/* The basis that a class string has when filled from a unit string, or UOM_NULL. [reads] */
 UOM_API int32_t uoms_GetBasis(const char *classString, const char *unitString);
 
 /* Makes a slate's atmospheric pressure the zero of the units kPag, barg, ate, psig, kg/cm2g and mbarg, for all
  * conversions: its own, else that of the nearest ancestor that has one, else 101.325 kPa. A new slate has 101.325 kPa
  * of its own, which ends the search; it asks its parent once its "GaugePresBasis" was set and then blanked
- * (uoms_SetClassDefault). 1 for a bad slate, else 0. */
+ * (uoms_SetClassDefault). 1 for a bad slate, else 0. [changes] */
 UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -573,41 +584,43 @@ UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 
 /* The index of a slate, new if there is none of this name; a new slate is based on itself and states nothing. -1
  * when memory is exhausted or the name is null. */
-UOM_API int32_t uoms_NewSet(const char *name);
-UOM_API int32_t uom_GetSetType(const char *name);      /* index, or -1; the empty name is slate 0 */
-UOM_API int32_t uom_CheckDupSetName(const char *name); /* 1: a slate has exactly this name, letters' case included */
-UOM_API UomTable *uom_GetSetList(void);                /* a new table of all names, slate 0's empty one first */
-UOM_API int32_t uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before */
+UOM_API int32_t uoms_NewSet(const char *name);    /* [changes] */
+UOM_API int32_t uom_GetSetType(const char *name); /* index, or -1; the empty name is slate 0 [reads] */
+UOM_API int32_t
+uom_CheckDupSetName(const char *name);   /* 1: a slate has exactly this name, letters' case included [reads] */
+UOM_API UomTable *uom_GetSetList(void);  /* a new table of all names, slate 0's empty one first [reads] */
+UOM_API int32_t uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before [reads] */
 
 /* Makes the destination state what the source states, for the 71 compiled classes, and names the source as its
  * parent (English, Metric and SI keep theirs). 1 for a bad or equal index, 11 when memory is exhausted, else 0. */
-UOM_API int32_t uom_InitializeSet(int32_t destination, int32_t source);
-UOM_API int32_t uom_InitializeCurrentSet(int32_t source); /* the same into UOM_SET_CURRENT */
-UOM_API int32_t uoms_InitializeSet(const char *destination, const char *source);
-UOM_API int32_t uoms_CopySet(const char *destination, const char *source); /* another name of the same */
+UOM_API int32_t uom_InitializeSet(int32_t destination, int32_t source); /* [changes] */
+UOM_API int32_t uom_InitializeCurrentSet(int32_t source);               /* the same into UOM_SET_CURRENT [changes] */
+UOM_API int32_t uoms_InitializeSet(const char *destination, const char *source); /* [changes] */
+UOM_API int32_t uoms_CopySet(const char *destination, const char *source); /* another name of the same [changes] */
 
-/* Deletes any slate; later slates move down by one index. 1 for a bad index or name, else 0. */
+/* Deletes any slate; later slates move down by one index. 1 for a bad index or name, else 0. [changes] */
 UOM_API int32_t uom_DeleteSet(int32_t slate);
 UOM_API int32_t uoms_DeleteSet(const char *name);
 
 /* Does nothing when a slate has exactly the new name or none has the old one. Children keep the old name as that of
- * their parent. */
+ * their parent. [changes] */
 UOM_API void uoms_RenameSet(const char *oldName, const char *newName);
 
-/* Withdraws every default of the slate. 1 for an unknown slate, 11 when memory was exhausted on the way, else 0. */
+/* Withdraws every default of the slate. 1 for an unknown slate, 11 when memory was exhausted on the way, else 0.
+ * [changes] */
 UOM_API int32_t uoms_ClearSet(const char *name);
 
-/* Names the parent, which need not exist. The slate's index, or -1; English, Metric and SI change nothing. */
+/* Names the parent, which need not exist. The slate's index, or -1; English, Metric and SI change nothing. [changes] */
 UOM_API int32_t uoms_PutSetBasedOn(const char *name, const char *parent);
 
 /* The name of the parent, cut to `length` bytes; returns `out`. The first forms write up to 64 bytes and are
- * deprecated. */
+ * deprecated. [reads] */
 UOM_API char *uom_GetSetBasedOn2(int32_t slate, char *out, int32_t length);
 UOM_API char *uoms_GetSetBasedOn2(const char *name, char *out, int32_t length);
 UOM_API char *uom_GetSetBasedOn(int32_t slate, char *out);
 UOM_API char *uoms_GetSetBasedOn(const char *name, char *out);
 
-/* The name of a slate; returns `out`. The first form writes up to 64 bytes and is deprecated. */
+/* The name of a slate; returns `out`. The first form writes up to 64 bytes and is deprecated. [reads] */
 UOM_API char *uom_GetBaseName2(int32_t slate, char *out, int32_t size);
 UOM_API char *uom_GetBaseName(int32_t slate, char *out);
 
@@ -619,31 +632,31 @@ UOM_API char *uom_GetBaseName(int32_t slate, char *out);
  *   kind 1  the units in use. A changed basis turns the next node into the class that it stands for, with a unit
  *           derived from the old one or the Current slate's default; a unit that is a whole quotient ("kW", "API")
  *           clears the next node. An invalid entry leaves the node's unit; entries may be rewritten
- *   kind 2  the units fixed for a root slate (English, Metric, SI); any other slate does nothing */
+ *   kind 2  the units fixed for a root slate (English, Metric, SI); any other slate does nothing [reads] */
 UOM_API int32_t uom_SetUnits(int32_t kind, int32_t slate, UomStruct chain, int32_t count, int32_t *units);
 
 /* Reads them into `count` entries, zeros behind the chain: kind 1 in use, 2 fixed for a root slate, 3 the defaults
  * that a slate resolves to. */
-UOM_API void uom_GetUnits(int32_t kind, int32_t slate, UomStruct chain, int32_t count, int32_t *units);
-UOM_API void uom_GetDefaultUnits(UomStruct chain, int32_t slate, int32_t count, int32_t *units);
-UOM_API void uom_GetDefaultMults(UomStruct chain, int32_t slate, int32_t count, int32_t *multipliers);
-UOM_API void uom_GetCurrentUnits(UomStruct chain, int32_t count, int32_t *units);
-UOM_API int32_t uom_SetCurrentUnits(UomStruct chain, int32_t count, int32_t *units);
-UOM_API void uom_GetOverrideUnits(UomStruct chain, int32_t slate, int32_t count, int32_t *units);
-UOM_API void uom_SetOverrideUnits(UomStruct chain, int32_t slate, int32_t count, const int32_t *units);
+UOM_API void uom_GetUnits(int32_t kind, int32_t slate, UomStruct chain, int32_t count, int32_t *units); /* [reads] */
+UOM_API void uom_GetDefaultUnits(UomStruct chain, int32_t slate, int32_t count, int32_t *units);        /* [reads] */
+UOM_API void uom_GetDefaultMults(UomStruct chain, int32_t slate, int32_t count, int32_t *multipliers);  /* [reads] */
+UOM_API void uom_GetCurrentUnits(UomStruct chain, int32_t count, int32_t *units);                       /* [any] */
+UOM_API int32_t uom_SetCurrentUnits(UomStruct chain, int32_t count, int32_t *units);                    /* [reads] */
+UOM_API void uom_GetOverrideUnits(UomStruct chain, int32_t slate, int32_t count, int32_t *units);       /* [reads] */
+UOM_API void uom_SetOverrideUnits(UomStruct chain, int32_t slate, int32_t count, const int32_t *units); /* [reads] */
 
-/* Gives the chain the units and multipliers of a slate, inherited ones included. */
+/* Gives the chain the units and multipliers of a slate, inherited ones included. [reads] */
 UOM_API void uom_InitializeUnits(UomStruct chain, int32_t slate);
 
-/* The same from the Current slate, with the units that the chain fixes for the active root system on top. */
+/* The same from the Current slate, with the units that the chain fixes for the active root system on top. [reads] */
 UOM_API void uom_InitializeCurrentUnits(UomStruct chain);
 
 /* The 71 pairs that a slate itself states for the classes 0 to 70. Writing sets no dependent default. 1 for a bad
  * slate, 11 when memory is exhausted, else 0. */
-UOM_API int32_t uom_GetGlobalUnits(int32_t slate, int32_t *units, int32_t *multipliers);
-UOM_API int32_t uom_SetGlobalUnits(int32_t slate, const int32_t *units, const int32_t *multipliers);
+UOM_API int32_t uom_GetGlobalUnits(int32_t slate, int32_t *units, int32_t *multipliers);             /* [reads] */
+UOM_API int32_t uom_SetGlobalUnits(int32_t slate, const int32_t *units, const int32_t *multipliers); /* [changes] */
 
-/* 1 when the chain has just the units and multipliers that the Current slate gives it. */
+/* 1 when the chain has just the units and multipliers that the Current slate gives it. [reads] */
 UOM_API int32_t uom_IsUnitDefault(UomStruct chain);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -651,19 +664,20 @@ UOM_API int32_t uom_IsUnitDefault(UomStruct chain);
  */
 
 /* The units of a filled chain as text, "kPa/(m3/sec)2", which reads back through uom_FillStructFromString; styles as
- * uom_GetUnitText. Returns `out`; all its bytes are written. */
+ * uom_GetUnitText. Returns `out`; all its bytes are written. [reads] */
 UOM_API char *uom_GetDisplayUnits(UomStruct chain, char *out, int32_t size, int32_t style);
 
 /* The multiplier of a node as it stands in front of the unit: "M ", "MM ", "k*", "M*" or nothing. 0, or 1 for a bad
- * argument. */
+ * argument. [reads] */
 UOM_API int32_t uom_GetUOMMultiplierString(UomStruct node, char *out, int32_t size);
 
-/* Display units of a class in a slate, with `units` (one entry a node, or null) put over them. Returns `out`. */
+/* Display units of a class in a slate, with `units` (one entry a node, or null) put over them.
+ * Returns `out`. [reads] */
 UOM_API char *uom_GetDisplayText(int32_t classId, int32_t *units, int32_t slate, char *out, int32_t size,
                                  int32_t style);
 
 /* Display units of a class string in a slate; for the property "GaugePresBasis" the atmospheric pressure in kPa that
- * the slate or an ancestor states. Empty for anything unknown. Returns `out`. */
+ * the slate or an ancestor states. Empty for anything unknown. Returns `out`. [reads] */
 UOM_API char *uoms_GetDisplayUnits(const char *classString, const char *slateName, char *out, int32_t size,
                                    int32_t style);
 
@@ -672,23 +686,23 @@ UOM_API char *uoms_GetDisplayUnits(const char *classString, const char *slateNam
  */
 
 /* The class string of a chain, "Pres / Rate 2", which reads back through uoms_New; styles as uom_GetClassText. Needs a
- * size of at least 2; empty for a null chain. */
+ * size of at least 2; empty for a null chain. [reads] */
 UOM_API void uom_BuildClassString(UomStruct chain, char *out, int32_t size, int32_t style);
 
 /* The class string with every temperature and pressure in its absolute, difference or standard form ("PresDiff/Time 2"
  * becomes "PresAbs / Time 2"); a text without one comes back as it is. 0; 1 for a bad buffer; 2 when the class string
- * fails, with its copy in `out`. */
+ * fails, with its copy in `out`. [reads] */
 UOM_API int32_t uoms_GetAbsoluteClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetDifferenceClass(const char *classString, char *out, int32_t size);
 UOM_API int32_t uoms_GetStandardClass(const char *classString, char *out, int32_t size);
 
 /* The unit text of a difference: gauge and absolute pressure units become plain ones ("psig" becomes "psi"). 0, or 1
- * with an empty text when the class string fails. */
+ * with an empty text when the class string fails. [reads] */
 UOM_API int32_t uoms_GetDifferenceUOM(const char *classString, const char *uomString, char *out, int32_t size);
 
 /* The fixed-layout keyword text of a filled chain, the reverse of uom_ClassAndUnitToStruct: "WTRA LB/HR" padded to 25
  * characters. Needs a size of at least 26; empty when the text does not fit. The chain is changed and brought back on
- * the way; a mole unit without a mass unit of its name is lost. Returns `out`. */
+ * the way; a mole unit without a mass unit of its name is lost. Returns `out`. [reads] */
 UOM_API char *uom_StructToOXString(UomStruct chain, char *out, int32_t size);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -697,7 +711,8 @@ UOM_API char *uom_StructToOXString(UomStruct chain, char *out, int32_t size);
  */
 
 /* States the default of a class: units and multipliers, one entry a node of the class. UOM_NULL withdraws it. 1 for a
- * bad slate, class or (base class) null array; when memory is exhausted 11 for a base class, 1 for a composite one. */
+ * bad slate, class or (base class) null array; when memory is exhausted 11 for a base class, 1 for a composite one.
+ * [changes] */
 UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_t *units, const int32_t *multipliers);
 
 /* The same by text: value is a unit string ("MM BBL/day"), empty or null to withdraw the default. The class name may
@@ -706,16 +721,16 @@ UOM_API int32_t uom_SetClassDefault(int32_t slate, int32_t classId, const int32_
  * An empty "GaugePresBasis" makes a slate that had a text of its own ask its parent from then on (the value is -1
  * inside), and gives 101.325 kPa to one that had none, as after a second blanking.
  * Clears the last-error text. Returns 0; 1 unknown slate or class, with a message; or the status and message of
- * uom_FillStructFromString; or 11 when memory is exhausted, with a message. The slate is then as it was. */
+ * uom_FillStructFromString; or 11 when memory is exhausted, with a message. The slate is then as it was. [changes] */
 UOM_API int32_t uoms_SetClassDefault(const char *slateName, const char *className, const char *value);
 
 /* The text of what the slate itself states. A base class inherits nothing here; slots that a stated composite class
  * leaves open are filled in from the parents. 1 for a bad argument, 11 when memory is exhausted, else 0, with an
- * empty text where nothing is stated. */
+ * empty text where nothing is stated. [reads] */
 UOM_API int32_t uom_GetClassDefault(int32_t slate, int32_t classId, char *out, int32_t length);
 
 /* The same by name; clears the last-error text, writes one for a bad slate or a missing argument. Properties as
- * uoms_SetClassDefault. */
+ * uoms_SetClassDefault. [reads] */
 UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *className, char *out, int32_t length);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -727,13 +742,13 @@ UOM_API int32_t uoms_GetClassDefault(const char *slateName, const char *classNam
  *             far as they differ from the parent's
  *           1 the same with every class
  *           2 lines: "[name]", "BasedOn=...", the properties, the custom classes, then "class=default" as in 0
- *           any other gives an empty table */
+ *           any other gives an empty table [reads] */
 UOM_API UomTable *uoms_GetSetDefinition(const char *name, int32_t format);
 
 /* Applies such a table to an existing slate; the layout is known by the first element. Lines are cut in place, so a
  * table cannot be read twice. 1 for null, for an empty table and for one that is not of text, 11 when memory was
  * exhausted on the way, else 0: what single lines say is in the last-error text alone. In layout 2, "CopyFrom=slate"
- * copies a slate, "Parent" is as "BasedOn". */
+ * copies a slate, "Parent" is as "BasedOn". [changes] */
 UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -747,17 +762,17 @@ UOM_API int32_t uoms_PutSetDefinition(const char *name, UomTable *lines);
 /* A new class: a copy of a compiled base class ("Leng"), or a composite of at most three components given as a class
  * string ("MassRate / Area"). In every slate it starts with the default of the class it is defined from. Returns 0;
  * 1 missing argument, 2 exists, 3 definition not understood, 5 too many components, 11 memory is exhausted, each
- * with a message. */
+ * with a message. [changes] */
 UOM_API int32_t uoms_NewClass(const char *name, const char *definition);
 
 /* Deletes a custom class. Classes behind it are renumbered, also as components of other custom classes, but not in
  * chains of the host. 0; 1 for null; 2 for an unknown class, a compiled one, number 71 (the first custom class) and a
  * class that another custom class has as a component, all of which stay; 11 when memory was exhausted on the way. (A
- * composite class is no component: definitions take its components in its place.) */
+ * composite class is no component: definitions take its components in its place.) [changes] */
 UOM_API int32_t uoms_DeleteClass(const char *name);
 
 /* Replaces the keyword (style 2) or long name (style 5) of a custom class. 0; 1 null or empty text, 2 no such class,
- * 3 a compiled class, 4 any other style, 11 memory is exhausted. */
+ * 3 a compiled class, 4 any other style, 11 memory is exhausted. [changes] */
 UOM_API int32_t uoms_PutClassText(const char *classText, const char *newText, int32_t style);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -765,18 +780,18 @@ UOM_API int32_t uoms_PutClassText(const char *classText, const char *newText, in
  */
 
 /* From a table of unit tokens, unknown ones left out; null, empty, or all unknown restores the full list. 1 for an
- * unknown class and for a table that is not of text, 11 when memory is exhausted, else 0. */
+ * unknown class and for a table that is not of text, 11 when memory is exhausted, else 0. [changes] */
 UOM_API int32_t uoms_SetUOMChoices(const char *classText, const UomTable *tokens);
 
-/* The same from an array of units ended by UOM_NULL. */
+/* The same from an array of units ended by UOM_NULL. [changes] */
 UOM_API int32_t uom_SetUOMChoices(int32_t classId, const int32_t *units);
 
 /* Puts the data file's short lists for the class of the first node in force: they become the choices of the classes
- * that it is made of (the Time, Mass, Mole and volumes of a Rate). UOM_NULL. */
+ * that it is made of (the Time, Mass, Mole and volumes of a Rate). UOM_NULL. [changes] */
 UOM_API int32_t uom_LoadApplicationList(UomStruct chain);
 
 /* Restores the full lists of the same classes, and so takes away choices that the host has set for them, too. What Cake
- * Resistance (69) narrows, Mass and Leng, is left as it is. 0. */
+ * Resistance (69) narrows, Mass and Leng, is left as it is. 0. [changes] */
 UOM_API int32_t uom_LoadNormalList(UomStruct chain);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -789,7 +804,7 @@ UOM_API int32_t uom_LoadNormalList(UomStruct chain);
  *            1024 HTML, 2048 tab-separated; 4096 alone: the definition text of the slates that may be modified, and
  *            at the end of the slate named Current, also of one that a host made after a start without; 0 means 15
  * Returns 0; the error number of the system when the file cannot be made; ENOMEM, as the system numbers it, when memory
- * failed on the way; -1 when the output could not be written. */
+ * failed on the way; -1 when the output could not be written. [reads] */
 UOM_API int32_t uom_Dump(int32_t options, const char *path);
 
 #ifdef __cplusplus
