@@ -77,7 +77,8 @@ struct Reader {
     bool inUnitList = false;
     SectionState state = BETWEEN_SECTIONS;
     char *opened = nullptr;       // name of the open select list or slate
-    UomTable *table = nullptr;    // texts of the open list or slate
+    UomTable *table = nullptr;    // texts of the open list
+    std::string_view slateText;   // from the open slate's first line on
     int32_t applicationList = -1; // the open select list is this one of the application's
 
     Reader(Catalogue &into, Running &conversions, const char *fileName, std::string_view text)
@@ -214,17 +215,14 @@ int32_t readListItem(Reader &reader) {
 
 int32_t readSlateName(Reader &reader) {
     reader.state = IN_SLATE;
+    reader.slateText = reader.lines.ahead;
     const char *name = reader.lines.first;
-    char heading[64];
-    str_FormatBounded(heading, sizeof heading, "[%s]", name);
-    reader.table = table_Create(0, TABLE_TEXT);
-    const bool opened = mem_DupText(&reader.opened, name) == 0 && table_PutText(reader.table, TABLE_APPEND, heading);
-    return statusOf(opened &&
+    return statusOf(mem_DupText(&reader.opened, name) == 0 &&
                     (uom_GetSetType(reader.catalogue, name) >= 1 || uoms_NewSet(reader.catalogue, name) >= 0));
 }
 
-int32_t readSlateLine(Reader &reader) {
-    return statusOf(table_PutText(reader.table, TABLE_APPEND, reader.lines.raw) != 0);
+bool beginsWithLetter(std::string_view line) {
+    return str_IsLetter(line.front());
 }
 
 int32_t readPlainLine(Reader &reader) {
@@ -238,8 +236,7 @@ int32_t readPlainLine(Reader &reader) {
         return readListItem(reader);
     case SLATE_NAME:
         return readSlateName(reader);
-    case IN_SLATE:
-        return readSlateLine(reader);
+    case IN_SLATE: // read again when the slate ends
     case BETWEEN_SECTIONS:
         break;
     }
@@ -272,9 +269,17 @@ int32_t endCommonList(Reader &reader) {
 
 // The lines take effect in file order when the slate ends; an error in one does not stop the next.
 int32_t endSlate(Reader &reader) {
+    DataLines lines = {};
+    lines.delimiters = DATA_KEY_DELIMITERS;
+    lines.ahead = str_Head(reader.slateText, reader.slateText.size() - reader.lines.ahead.size());
     int32_t status = UOM_DONE;
-    for (uint32_t i = 1; i < table_Count(reader.table) && status != UOM_NO_MEMORY; ++i)
-        status = definition_ApplyLine(reader.catalogue, reader.running, reader.opened, table_GetText(reader.table, i));
+    // The last of them is the keyword.
+    while (status != UOM_NO_MEMORY && data_NextRawLine(lines) && !lines.ahead.empty()) {
+        if (!beginsWithLetter(lines.raw) && !(data_CutFirst(lines) && *lines.first))
+            continue;
+        str_CopyBounded(lines.text, sizeof lines.text, lines.raw);
+        status = definition_ApplyLine(reader.catalogue, reader.running, reader.opened, lines.text);
+    }
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
@@ -317,9 +322,15 @@ int32_t readKeyword(Reader &reader, const SectionKeyword &keyword) {
     return keyword.act ? keyword.act(reader) : UOM_DONE;
 }
 
+// A slate's lines wait for its end, but for the keyword among them.
+bool waitsForEnd(const Reader &reader) {
+    const std::string_view line = reader.lines.raw;
+    return reader.state == IN_SLATE && beginsWithLetter(line) && line.front() != 'B' && line.front() != 'E';
+}
+
 int32_t readSectionStage(Reader &reader) {
-    while (data_NextLine(reader.lines)) {
-        if (!*reader.lines.first)
+    while (data_NextRawLine(reader.lines)) {
+        if (waitsForEnd(reader) || !data_CutFirst(reader.lines) || !*reader.lines.first)
             continue;
         const SectionKeyword *keyword = findKeyword(reader.lines.first);
         const int32_t status = keyword ? readKeyword(reader, *keyword) : readPlainLine(reader);

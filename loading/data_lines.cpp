@@ -1,50 +1,65 @@
 #include "loading/data_lines.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "support/text.h"
 
 namespace uom {
 
-static bool isComment(const char *text) {
-    return std::strchr(text, ';') || std::strstr(text, "//");
+// Takes the next line, or the next piece of a long one, off the text; null-terminated texts end at a zero byte.
+static std::string_view takeLine(DataLines &lines) {
+    std::string_view piece = str_Head(lines.ahead, DATA_LINE_SIZE - 1);
+    const void *end = std::memchr(piece.data(), '\n', piece.size());
+    if (end)
+        piece = str_Head(piece, static_cast<size_t>(static_cast<const char *>(end) - piece.data()) + 1);
+    lines.ahead.remove_prefix(piece.size());
+    ++lines.number;
+    return str_Head(piece, piece.find('\0'));
 }
 
-// Cuts trailing blanks, tabs and line feeds off the line and skips leading blanks and tabs; where the rest begins.
-static char *trim(DataLines &lines) {
-    size_t length = std::strlen(lines.text);
-    while (length > 0 && std::strchr(" \t\n", lines.text[length - 1]))
-        --length;
-    lines.text[length] = '\0';
-    char *start = lines.text + std::strspn(lines.text, " \t");
-    std::memcpy(lines.raw, start, static_cast<size_t>(lines.text + length - start) + 1);
-    return start;
+static bool isBlank(char c) {
+    return c == ' ' || c == '\t';
 }
 
-// Takes the next line, or the next piece of a long one, off the text. False at its end.
-static bool takeLine(DataLines &lines) {
-    if (lines.ahead.empty())
-        return false;
-    const std::string_view piece = str_Head(lines.ahead, DATA_LINE_SIZE - 1);
-    const size_t length = std::min(piece.find('\n'), piece.size() - 1) + 1;
-    str_CopyBounded(lines.text, sizeof lines.text, str_Head(piece, length));
-    lines.ahead.remove_prefix(length);
-    return true;
+static std::string_view trimmed(std::string_view line) {
+    while (!line.empty() && (isBlank(line.back()) || line.back() == '\n'))
+        line.remove_suffix(1);
+    while (!line.empty() && isBlank(line.front()))
+        line.remove_prefix(1);
+    return line;
+}
+
+static bool isComment(std::string_view line) {
+    bool slash = false;
+    for (const char c : line) {
+        if (c == ';' || (slash && c == '/'))
+            return true;
+        slash = c == '/';
+    }
+    return false;
+}
+
+bool data_NextRawLine(DataLines &lines) {
+    while (!lines.ahead.empty()) {
+        lines.raw = trimmed(takeLine(lines));
+        if (!lines.raw.empty() && !isComment(lines.raw))
+            return true;
+    }
+    return false;
+}
+
+bool data_CutFirst(DataLines &lines) {
+    str_CopyBounded(lines.text, sizeof lines.text, lines.raw);
+    const char mark = lines.text[std::strspn(lines.text, lines.delimiters)];
+    lines.firstQuoted = mark == '"' || mark == '\'';
+    lines.first = str_CutToken(lines.text, lines.delimiters, &lines.rest);
+    return lines.first != nullptr;
 }
 
 bool data_NextLine(DataLines &lines) {
-    while (takeLine(lines)) {
-        ++lines.number;
-        char *start = trim(lines);
-        if (!*start || isComment(start))
-            continue;
-        const char mark = start[std::strspn(start, lines.delimiters)];
-        lines.firstQuoted = mark == '"' || mark == '\'';
-        lines.first = str_CutToken(start, lines.delimiters, &lines.rest);
-        if (lines.first)
+    while (data_NextRawLine(lines))
+        if (data_CutFirst(lines))
             return true;
-    }
     return false;
 }
 

@@ -17,8 +17,8 @@ struct DataLines {
     std::string_view ahead;    // what is not read yet
     int32_t number;            // of the line in hand, from 1; comments and blank lines count
     const char *delimiters;    // for the first token of a line
-    char raw[DATA_LINE_SIZE];  // the line as it was before it was cut into tokens
-    char text[DATA_LINE_SIZE]; // the line, cut
+    std::string_view raw;      // the line without the blanks round it; a piece of the text
+    char text[DATA_LINE_SIZE]; // the line, cut into tokens
     char *first;               // its first token
     bool firstQuoted;          // which stood in quotes
     char *rest;                // where the next token is looked for
@@ -27,7 +27,13 @@ struct DataLines {
 constexpr const char *DATA_DELIMITERS = ", \t";
 constexpr const char *DATA_KEY_DELIMITERS = "= \t";
 
-// Moves to the next line that has a token. False at the end of the text.
+// Moves to the next line that is neither blank nor a comment. False at the end of the text.
+bool data_NextRawLine(DataLines &lines);
+
+// Cuts the first token off the line in hand. False when there is none.
+bool data_CutFirst(DataLines &lines);
+
+// Moves to the next line that has a token, and cuts it. False at the end of the text.
 bool data_NextLine(DataLines &lines);
 
 // The next token of the line, null when there is none.

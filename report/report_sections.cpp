@@ -13,7 +13,6 @@
 #include "support/table.h"
 #include "support/text.h"
 #include "text/class_text.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 
 namespace uom {
@@ -73,7 +72,7 @@ void definitionOf(const Catalogue &catalogue, int32_t classId, char *out, int32_
         str_CopyBounded(out, static_cast<size_t>(size), row->definition);
         return;
     }
-    const ScopedChain chain(uoms_New(catalogue, class_Token(catalogue, classId)));
+    ParsedChain chain(catalogue, class_Token(catalogue, classId));
     chain_ToComponents(chain.chain);
     uom_BuildClassString(catalogue, chain.chain, out, size, STYLE_TOKEN);
 }
@@ -81,8 +80,8 @@ void definitionOf(const Catalogue &catalogue, int32_t classId, char *out, int32_
 // 100 of the units of the slate OXEnglish in those of another; the number stays 100 where either cannot be
 // had.
 double sampleOf(const Catalogue &catalogue, Running &running, const char *token, const char *slateName) {
-    const ScopedChain from(uoms_New(catalogue, token));
-    const ScopedChain to(chain_Copy(from.chain));
+    ParsedChain from(catalogue, token);
+    ParsedChain to(from);
     if (uom_FillStructFromString(catalogue, from.chain, "OXEnglish", catalogue.styles.scanUom) != 0 ||
         uom_FillStructFromString(catalogue, to.chain, slateName, catalogue.styles.scanUom) != 0)
         return 100.0;

@@ -64,7 +64,7 @@ int32_t chain_BasisMatches(UomStruct a, UomStruct b) {
 int32_t uoms_GetBasis(const Catalogue &catalogue, const char *classString, const char *unitString) {
     if (!classString || !unitString)
         return NO_UNIT;
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return NO_UNIT;
     uom_FillStructFromString(catalogue, chain.chain, unitString, STYLE_TOKEN);

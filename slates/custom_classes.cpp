@@ -193,7 +193,7 @@ int32_t uoms_NewClass(Catalogue &catalogue, Running &running, const char *name, 
     const MemoryWatch memory;
     const int32_t definitionClass = class_Find(catalogue, definition, STYLE_TOKEN);
     const bool copies = copiedRow(catalogue, definitionClass) != nullptr;
-    const ScopedChain chain(copies ? nullptr : uoms_New(catalogue, definition));
+    ParsedChain chain(catalogue, copies ? nullptr : definition);
     if (memory.exhausted())
         return noMemory(name);
     if (!copies && !chain.chain) {

@@ -139,12 +139,15 @@ int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char 
         const int32_t status = uoms_PutSetProperty(catalogue, running, slateName, className, value);
         return status == DEFAULT_NO_MEMORY ? noMemory(className) : status;
     }
-    const int32_t classId = class_Find(catalogue, className, catalogue.styles.scanClass);
     const MemoryWatch memory;
-    const ScopedChain chain(classId < 1 ? nullptr : uoms_New(catalogue, className));
+    ParsedChain chain(catalogue, className);
     if (memory.exhausted())
         return noMemory(className);
-    if (!chain.chain) {
+    const int32_t classId = !chain.chain ? CLASS_NONE
+                            : classstring_IsName(className)
+                                ? chain.chain->classId
+                                : class_Find(catalogue, className, catalogue.styles.scanClass);
+    if (classId == CLASS_NONE) {
         error_Set("Unrecognized Unit-of-Measure class \"%s\".", className);
         return DEFAULT_REFUSED;
     }
@@ -176,7 +179,7 @@ int32_t uom_GetClassDefault(const Catalogue &catalogue, int32_t slate, int32_t c
         return DEFAULT_DONE;
     // Slots that the slate leaves open are filled in from its parents, unlike a base class.
     const MemoryWatch memory;
-    const ScopedChain chain(chain_OfClass(catalogue, classId));
+    ParsedChain chain(catalogue, classId);
     if (memory.exhausted())
         return DEFAULT_NO_MEMORY;
     uom_InitializeUnits(catalogue, chain.chain, slate);

@@ -10,7 +10,6 @@
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 
 namespace uom {
@@ -177,12 +176,12 @@ int32_t uom_LoadNormalList(Catalogue &catalogue, UomStruct chain) {
 }
 
 int32_t uoms_LoadApplicationList(Catalogue &catalogue, const char *classString) {
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     return chain.chain ? uom_LoadApplicationList(catalogue, chain.chain) : 1;
 }
 
 int32_t uoms_LoadNormalList(Catalogue &catalogue, const char *classString) {
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     return chain.chain ? uom_LoadNormalList(catalogue, chain.chain) : 1;
 }
 

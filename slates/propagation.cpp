@@ -9,7 +9,6 @@
 #include "support/text.h"
 #include "text/display_units.h"
 #include "text/unit_text.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 #include "uomstruct/related_unit.h"
 
@@ -50,7 +49,7 @@ void setText(const Trigger &trigger, const char *token, const char *text) {
 struct ResolvedText {
     char text[TEXT_SIZE];
     ResolvedText(const Trigger &trigger, const char *token) {
-        const ScopedChain chain(uoms_New(trigger.catalogue, token));
+        ParsedChain chain(trigger.catalogue, token);
         chain_TakeSlate(trigger.catalogue, chain.chain, trigger.slate);
         uom_GetDisplayUnits(trigger.catalogue, chain.chain, text, sizeof text, STYLE_TOKEN);
     }

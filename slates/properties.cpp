@@ -14,7 +14,6 @@
 #include "support/table.h"
 #include "support/text.h"
 #include "text/styles.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 
 namespace uom {
@@ -92,8 +91,8 @@ int32_t unknownServerProperty(const char *name) {
 }
 
 double kilopascals(const Catalogue &catalogue, Running &running, double pascals) {
-    const ScopedChain from(uoms_New(catalogue, "Pres"));
-    const ScopedChain to(chain_Copy(from.chain));
+    ParsedChain from(catalogue, "Pres");
+    ParsedChain to(from);
     if (uom_FillStructFromString(catalogue, from.chain, "Pa", catalogue.styles.scanUom) != 0 ||
         uom_FillStructFromString(catalogue, to.chain, "kPa", catalogue.styles.scanUom) != 0)
         return pascals;

@@ -13,7 +13,7 @@ namespace uom {
 
 char *uom_GetDisplayText(const Catalogue &catalogue, int32_t classId, int32_t *units, int32_t slate, char *out,
                          int32_t size, int32_t style) {
-    const ScopedChain chain(chain_OfClass(catalogue, classId));
+    ParsedChain chain(catalogue, classId);
     uom_InitializeUnits(catalogue, chain.chain, slate);
     if (units)
         uom_SetUnits(catalogue, 1, 0, chain.chain, chain_Length(chain.chain), units);
@@ -29,7 +29,7 @@ char *uoms_GetDisplayUnits(const Catalogue &catalogue, const char *classString, 
         return out;
     if (uoms_IsSetProperty(classString))
         return uoms_GetInheritedSetProperty(catalogue, classString, slateName, out, size);
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     const int32_t slate = uom_GetSetType(catalogue, slateName);
     if (!chain.chain || !slate_IsValid(catalogue, slate))
         return out;

@@ -39,10 +39,6 @@ int32_t fill(const Catalogue &catalogue, UomStruct from, UomStruct to, const cha
         return CONVERT_BAD_CLASS;
     if (uom_FillStructFromString(catalogue, from, fromUnits, catalogue.styles.scanUom) >= 1)
         return CONVERT_BAD_SOURCE;
-    if (!to) {
-        error_Set("UOM string \"%s\": memory is exhausted.", toUnits);
-        return CONVERT_BAD_TARGET;
-    }
     const int32_t status = uom_FillStructFromString(catalogue, to, toUnits, catalogue.styles.scanUom);
     return status >= 1 ? CONVERT_BAD_TARGET : status;
 }
@@ -71,7 +67,7 @@ double uom_ConvertToCurrent(const Catalogue &catalogue, Running &running, double
 
 double uom_ConvertValue(const Catalogue &catalogue, Running &running, int32_t classId, int32_t *units,
                         int32_t fromSlate, int32_t toSlate, double value) {
-    const ScopedChain chain(chain_OfClass(catalogue, classId));
+    ParsedChain chain(catalogue, classId);
     uom_InitializeCurrentUnits(catalogue, chain.chain);
     if (units)
         uom_SetUnits(catalogue, 1, 0, chain.chain, chain_Length(chain.chain), units);
@@ -82,8 +78,8 @@ int32_t uoms_ConvertArray(const Catalogue &catalogue, Running &running, double *
                           const char *classString, const char *fromUnits, const char *toUnits) {
     if (!values || count < 1 || !classString || !fromUnits || !toUnits)
         return refuseArguments();
-    const ScopedChain from(uoms_New(catalogue, classString));
-    const ScopedChain to(chain_Copy(from.chain));
+    ParsedChain from(catalogue, classString);
+    ParsedChain to(from);
     const int32_t status = fill(catalogue, from.chain, to.chain, fromUnits, toUnits);
     if (status <= CONVERT_DONE)
         uom_ConvertArray(catalogue, running, values, count, from.chain, to.chain);
@@ -95,8 +91,8 @@ static int32_t calculateConstants(const Catalogue &catalogue, Running &running, 
                                   const char *fromUnits, const char *toUnits) {
     if (!classString || !fromUnits || !toUnits)
         return refuseArguments();
-    const ScopedChain from(uoms_New(catalogue, classString));
-    const ScopedChain to(chain_Copy(from.chain));
+    ParsedChain from(catalogue, classString);
+    ParsedChain to(from);
     const int32_t status = fill(catalogue, from.chain, to.chain, fromUnits, toUnits);
     if (status > CONVERT_DONE)
         return status;

@@ -7,7 +7,6 @@
 #include "support/message.h"
 #include "support/text.h"
 #include "text/display_units.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 #include "uomstruct/unit_scan.h"
 #include "uomstruct/unit_string.h"
@@ -61,7 +60,7 @@ int32_t uom_FillStructFromString(const Catalogue &catalogue, UomStruct chain, co
 }
 
 int32_t uoms_ValidateUOM(const Catalogue &catalogue, const char *classString, const char *uomString) {
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 1;
     return uom_FillStructFromString(catalogue, chain.chain, uomString, STYLE_TOKEN) != 0 ? 2 : 0;
@@ -71,7 +70,7 @@ int32_t uoms_GetDifferenceUOM(const Catalogue &catalogue, const char *classStrin
                               int32_t size) {
     if (out && size > 0)
         *out = '\0';
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 1;
     uom_FillStructFromString(catalogue, chain.chain, uomString, STYLE_TOKEN);

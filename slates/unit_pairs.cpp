@@ -119,7 +119,7 @@ char **uoms_GetClassUnitPairs(const Catalogue &catalogue, const char *classStrin
     *count = 0;
     if (str_IsEmpty(classString) || str_IsEmpty(unitString))
         return nullptr;
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain || uom_FillStructFromString(catalogue, chain.chain, unitString, STYLE_TOKEN) != 0)
         return nullptr;
     void *block = nullptr;
@@ -144,7 +144,7 @@ int32_t uoms_PutClassUnitPairs(const Catalogue &catalogue, const char *classStri
                                const char *styleName, int32_t size, char *out) {
     if (!str_Open(out, size) || str_IsEmpty(classString) || !pairs)
         return 1;
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 2;
     const int32_t style = uom_StyleFromName(styleName, nullptr);
@@ -210,7 +210,7 @@ int32_t uoms_FormatUnits(const Catalogue &catalogue, const char *classString, co
         uoms_GetDisplayUnits(catalogue, classString, text, out, size, style);
         return 0;
     }
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 2;
     const int32_t status = uom_FillStructFromString(catalogue, chain.chain, text, catalogue.styles.scanUom);

@@ -16,6 +16,7 @@ bool names_Reset(NameIndex &index, uint32_t names) {
     index.places = mem_NewArray<int32_t>(size);
     index.mask = size - 1;
     index.count = 0;
+    index.lengths = 0;
     if (index.places)
         std::fill_n(index.places, size, PLACE_FREE);
     return index.places != nullptr;

@@ -22,7 +22,13 @@ struct NameIndex {
     int32_t *places = nullptr; // numbers, PLACE_FREE or PLACE_LEFT; null is an index that does not stand
     uint32_t mask = 0;
     uint32_t count = 0; // places in use, and left ones
+    uint64_t lengths = 0; // a bit for each length of a name that was added, the last for all longer ones
 };
+
+// The bit of a name's length: most texts that are asked for are no names, and this tells it of most.
+inline uint64_t names_LengthBit(std::string_view name) {
+    return uint64_t{1} << (name.size() < 63 ? name.size() : 63);
+}
 
 // Makes the index anew, empty, with room for so many names. False, and no index, when memory is exhausted.
 bool names_Reset(NameIndex &index, uint32_t names);
@@ -46,6 +52,7 @@ template <class Bears> bool names_Add(NameIndex &index, std::string_view name, i
     int32_t &place = index.places[names_Search(index, name, bears)];
     if (place != PLACE_FREE)
         return true;
+    index.lengths |= names_LengthBit(name);
     place = number;
     ++index.count;
     return true;
@@ -58,7 +65,7 @@ void names_Remove(NameIndex &index, std::string_view name, int32_t number);
 // below `count` are asked in turn.
 template <class Bears> int32_t names_Find(const NameIndex &index, std::string_view name, int32_t count, Bears bears) {
     if (index.places)
-        return index.places[names_Search(index, name, bears)];
+        return (index.lengths & names_LengthBit(name)) == 0 ? -1 : index.places[names_Search(index, name, bears)];
     for (int32_t i = 0; i < count; ++i)
         if (bears(i))
             return i;

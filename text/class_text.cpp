@@ -141,7 +141,7 @@ void chain_ToComponents(UomStruct chain) {
 
 int32_t uoms_GetComponentClass(const Catalogue &catalogue, const char *classString, int32_t size, char *out) {
     str_Open(out, size);
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 2;
     const UomClassRow *row = class_ValidRow(catalogue, chain.chain->classId);
@@ -156,7 +156,7 @@ int32_t uoms_GetClassStringInStyle(const Catalogue &catalogue, const char *class
                                    int32_t size, char *out) {
     if (!str_Open(out, size) || str_IsEmpty(classString) || str_IsEmpty(styleName))
         return 1;
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 2;
     uom_BuildClassString(catalogue, chain.chain, out, size, uom_StyleFromName(styleName, nullptr));
@@ -206,7 +206,7 @@ int32_t uoms_GetClassNote(const Catalogue &catalogue, const char *classText, int
 
 int32_t uoms_GetClassDefinition(const Catalogue &catalogue, const char *classString, int32_t size, char *out) {
     str_Open(out, size);
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain)
         return 1;
     const UomClassRow *row = class_ValidRow(catalogue, chain.chain->classId);

@@ -5,7 +5,6 @@
 #include "catalogue/class_table.h"
 #include "support/text.h"
 #include "text/class_text.h"
-#include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
 
 namespace uom {
@@ -36,7 +35,7 @@ int32_t printForm(const Catalogue &catalogue, const char *classString, char *out
     *out = '\0';
     if (str_IsEmpty(classString))
         return 0;
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     str_CopyBounded(out, static_cast<size_t>(size), classString);
     if (!chain.chain)
         return 2;

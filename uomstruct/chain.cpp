@@ -1,5 +1,6 @@
 #include "uomstruct/chain.h"
 
+#include <cassert>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -23,15 +24,25 @@ const BasisRule basisRules[] = {
 
 // A chain in the making.
 struct Builder {
+    NodePool *pool = nullptr; // where the nodes come from, null for the heap
     UomStruct head = nullptr;
     UomStruct tail = nullptr;
     int32_t pendingClass = CLASS_NONE; // replaces the class of the next component, of whatever class that is
     bool complete = true;              // no node is missing for want of memory
 };
 
+UomStruct newNode(NodePool *pool) {
+    if (!pool)
+        return mem_New<UomStructNode>();
+    assert(pool->used < POOL_NODES);
+    UomStruct node = &pool->nodes[pool->used++];
+    *node = {};
+    return node;
+}
+
 // A node behind the tail; null, and the chain stays shorter, when memory is exhausted.
 UomStruct append(Builder &builder) {
-    UomStruct node = mem_New<UomStructNode>();
+    UomStruct node = newNode(builder.pool);
     if (!node) {
         builder.complete = false;
         return nullptr;
@@ -137,6 +148,11 @@ UomStruct chain_OfClass(const Catalogue &catalogue, int32_t classId) {
     return chain;
 }
 
+UomStruct chain_OfClassIn(NodePool &pool, const Catalogue &catalogue, int32_t classId) {
+    const int32_t exponent = 1;
+    return chain_BuildIn(pool, catalogue, 1, &classId, &exponent, nullptr);
+}
+
 UomStruct chain_MatchingClose(UomStruct open) {
     int32_t depth = 0;
     for (UomStruct node = open; node; node = node->next) {
@@ -180,9 +196,10 @@ void chain_SetUnit(const Catalogue &catalogue, UomStruct node, int32_t unit) {
     node->unitStyle = record ? record->multiplierStyle : 0;
 }
 
-static Builder build(const Catalogue &catalogue, int32_t count, const int32_t *classes, const int32_t *exponents,
-                     const int32_t *units) {
+static Builder build(NodePool *pool, const Catalogue &catalogue, int32_t count, const int32_t *classes,
+                     const int32_t *exponents, const int32_t *units) {
     Builder builder;
+    builder.pool = pool;
     for (int32_t i = 0; classes && exponents && i < count; ++i) {
         const int32_t unit = units ? units[i] : NO_UNIT;
         const UomClassRow *row = compositeRow(catalogue, classes[i]);
@@ -196,12 +213,12 @@ static Builder build(const Catalogue &catalogue, int32_t count, const int32_t *c
 
 UomStruct uom_BuildStruct(const Catalogue &catalogue, int32_t count, const int32_t *classes, const int32_t *exponents,
                           const int32_t *units) {
-    return build(catalogue, count, classes, exponents, units).head;
+    return build(nullptr, catalogue, count, classes, exponents, units).head;
 }
 
 bool chain_Build(const Catalogue &catalogue, UomStruct *out, int32_t count, const int32_t *classes,
                  const int32_t *exponents, const int32_t *units) {
-    Builder builder = build(catalogue, count, classes, exponents, units);
+    Builder builder = build(nullptr, catalogue, count, classes, exponents, units);
     if (!builder.complete)
         chain_Free(&builder.head);
     *out = builder.head;
@@ -237,18 +254,33 @@ void uom_DecodeStruct(const Catalogue &catalogue, UomStruct chain, int32_t n, in
     }
 }
 
-UomStruct chain_Copy(UomStruct chain) {
+static Builder copy(NodePool *pool, UomStruct chain) {
     Builder builder;
-    for (; chain; chain = chain->next) {
+    builder.pool = pool;
+    for (; chain && builder.complete; chain = chain->next) {
         UomStruct node = append(builder);
-        if (!node) {
-            chain_Free(&builder.head);
-            return nullptr;
-        }
+        if (!node)
+            break;
         *node = *chain;
         node->next = nullptr;
     }
+    return builder;
+}
+
+UomStruct chain_Copy(UomStruct chain) {
+    Builder builder = copy(nullptr, chain);
+    if (!builder.complete)
+        chain_Free(&builder.head);
     return builder.head;
+}
+
+UomStruct chain_CopyIn(NodePool &pool, UomStruct chain) {
+    return copy(&pool, chain).head;
+}
+
+UomStruct chain_BuildIn(NodePool &pool, const Catalogue &catalogue, int32_t count, const int32_t *classes,
+                        const int32_t *exponents, const int32_t *units) {
+    return build(&pool, catalogue, count, classes, exponents, units).head;
 }
 
 void chain_Free(UomStruct *chain) {

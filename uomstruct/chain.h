@@ -31,6 +31,20 @@ struct ScopedChain {
     ScopedChain &operator=(const ScopedChain &) = delete;
 };
 
+// The nodes of a working chain that never leaves a block: a class string has at most this many.
+constexpr int32_t POOL_NODES = 60;
+struct NodePool {
+    int32_t used = 0;
+    UomStructNode nodes[POOL_NODES];
+    NodePool() {} // leaves the nodes as they are: most chains take one or two
+};
+
+// Chains in a pool. REQUIRES: the pool has room for all nodes.
+UomStruct chain_BuildIn(NodePool &pool, const Catalogue &catalogue, int32_t count, const int32_t *classes,
+                        const int32_t *exponents, const int32_t *units);
+UomStruct chain_CopyIn(NodePool &pool, UomStruct chain);
+UomStruct chain_OfClassIn(NodePool &pool, const Catalogue &catalogue, int32_t classId);
+
 // uom_BuildStruct for those who need the whole chain: false, and a null chain, when memory is exhausted.
 bool chain_Build(const Catalogue &catalogue, UomStruct *out, int32_t count, const int32_t *classes,
                  const int32_t *exponents, const int32_t *units);

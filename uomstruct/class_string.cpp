@@ -14,31 +14,31 @@
 #include "support/numbers.h"
 #include "support/scoped.h"
 #include "support/text.h"
-#include "uomstruct/chain.h"
 
 namespace uom {
 
 namespace {
 
 constexpr int32_t MAX_ENTRIES = 20;
+static_assert(MAX_ENTRIES * COMPOSITE_SLOTS <= POOL_NODES);
 
 // The lists and the running values of one parse.
 struct ClassStringParser {
     const Catalogue &catalogue;
-    const char *source; // the caller's text, for messages
-    char *rest;         // of the spaced text
-    int32_t style;
+    const char *source;   // the caller's text, for messages
+    char *rest = nullptr; // of the spaced text
     int32_t count = 0;
-    int32_t classes[MAX_ENTRIES] = {};
-    int32_t exponents[MAX_ENTRIES] = {};
-    int32_t basisUnits[MAX_ENTRIES] = {};
     int32_t sign = 1;
-    int32_t signStack[MAX_ENTRIES] = {};
     int32_t signs = 0; // on the stack
     int32_t depth = 0; // open parentheses; negative when more were closed than opened
     bool exponentAllowed = false;
     bool failed = false;
     bool tooLong = false;
+    int32_t classes[MAX_ENTRIES]; // `count` of these, and of the two that follow
+    int32_t exponents[MAX_ENTRIES];
+    int32_t basisUnits[MAX_ENTRIES];
+    int32_t signStack[MAX_ENTRIES]; // `signs` of them
+    ClassStringParser(const Catalogue &of, const char *classString) : catalogue(of), source(classString) {}
 };
 
 char *nextToken(ClassStringParser &parser) {
@@ -53,6 +53,7 @@ void addEntry(ClassStringParser &parser, int32_t classId, int32_t exponent) {
     }
     parser.classes[parser.count] = classId;
     parser.exponents[parser.count] = exponent;
+    parser.basisUnits[parser.count] = NO_UNIT;
     ++parser.count;
 }
 
@@ -85,7 +86,7 @@ void takeNumber(ClassStringParser &parser, const char *token) {
 }
 
 void takeClass(ClassStringParser &parser, const char *token) {
-    const int32_t classId = class_Find(parser.catalogue, token, parser.style);
+    const int32_t classId = class_Find(parser.catalogue, token, parser.catalogue.styles.scanClass);
     if (classId == CLASS_NONE) {
         error_Set("Parsing UOM class string \"%s\" but unable to identify the UOM class \"%s\".", parser.source, token);
         parser.failed = true;
@@ -96,7 +97,8 @@ void takeClass(ClassStringParser &parser, const char *token) {
     if (parser.failed || !uom_ClassHasBasis(parser.catalogue, classId))
         return;
     int32_t consumed;
-    uom_ScanBasisSpec(parser.catalogue, parser.rest, &consumed, parser.style, &parser.basisUnits[parser.count - 1]);
+    uom_ScanBasisSpec(parser.catalogue, parser.rest, &consumed, parser.catalogue.styles.scanClass,
+                      &parser.basisUnits[parser.count - 1]);
     parser.rest += consumed;
 }
 
@@ -177,46 +179,72 @@ int32_t uom_ScanBasisSpec(const Catalogue &catalogue, const char *text, int32_t 
     return 0;
 }
 
-UomStruct uoms_New(const Catalogue &catalogue, const char *classString) {
-    if (!classString)
-        return nullptr;
-    if (str_IsTooLong(classString)) {
+bool classstring_IsName(const char *classString) {
+    const char *c = classString;
+    while (str_IsLetter(*c))
+        ++c;
+    return c > classString && !*c;
+}
+
+static void parseSpaced(ClassStringParser &parser) {
+    const ScratchText spaced(uom_SpacedSize(parser.source));
+    parser.failed = !spaced.text;
+    if (!spaced.text)
+        return noMemory(parser.source);
+    uom_SpaceClassString(spaced.text, parser.source);
+    parser.rest = spaced.text;
+    parseTokens(parser);
+    // Judged last, so it replaces the message of an unknown class.
+    if (parser.depth == 0 || parser.tooLong)
+        return;
+    error_Set("Parentheses do not balance in UOM class string \"%s\".", parser.source);
+    parser.failed = true;
+}
+
+// Fills the parser's lists. False, with a message but for a null text, when the class string is none.
+static bool parse(ClassStringParser &parser) {
+    if (!parser.source)
+        return false;
+    if (str_IsTooLong(parser.source)) {
         char head[STR_SHOWN_SIZE];
-        str_CopyBounded(head, sizeof head, std::string_view(classString, STR_SHOWN_SIZE - 1));
+        str_CopyBounded(head, sizeof head, std::string_view(parser.source, STR_SHOWN_SIZE - 1));
         error_Set("UOM class string \"%s...\" contains more than %d characters.", head,
                   static_cast<int>(STR_MAX_LENGTH));
-        return nullptr;
+        return false;
     }
-    const ScratchText spaced(uom_SpacedSize(classString));
-    if (!spaced.text) {
-        noMemory(classString);
+    char nothing[] = "";
+    parser.rest = nothing;
+    if (classstring_IsName(parser.source))
+        takeClass(parser, parser.source);
+    else
+        parseSpaced(parser);
+    return !parser.failed;
+}
+
+UomStruct uoms_New(const Catalogue &catalogue, const char *classString) {
+    ClassStringParser parser(catalogue, classString);
+    UomStruct chain = nullptr;
+    if (!parse(parser))
         return nullptr;
-    }
-    uom_SpaceClassString(spaced.text, classString);
-    ClassStringParser parser = {catalogue, classString, spaced.text, catalogue.styles.scanClass};
-    parseTokens(parser);
-    if (parser.tooLong)
-        return nullptr;
-    // Judged last, so it replaces the message of an unknown class.
-    if (parser.depth != 0) {
-        error_Set("Parentheses do not balance in UOM class string \"%s\".", classString);
-        return nullptr;
-    }
-    if (parser.failed)
-        return nullptr;
-    UomStruct chain;
     if (!chain_Build(catalogue, &chain, parser.count, parser.classes, parser.exponents, parser.basisUnits))
         noMemory(classString);
     return chain;
 }
 
+UomStruct chain_ParseIn(NodePool &pool, const Catalogue &catalogue, const char *classString) {
+    ClassStringParser parser(catalogue, classString);
+    if (!parse(parser))
+        return nullptr;
+    return chain_BuildIn(pool, catalogue, parser.count, parser.classes, parser.exponents, parser.basisUnits);
+}
+
 int32_t uoms_IsClassValid(const Catalogue &catalogue, const char *classString) {
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     return chain.chain != nullptr;
 }
 
 int32_t uoms_GetDimensions(const Catalogue &catalogue, const char *classString, int32_t *dimensions) {
-    const ScopedChain chain(uoms_New(catalogue, classString));
+    ParsedChain chain(catalogue, classString);
     if (!chain.chain || !dimensions)
         return 0;
     int32_t sums[DIMENSIONS] = {};

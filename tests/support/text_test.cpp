@@ -97,8 +97,8 @@ TEST(SupportText, MemoryIsCheckedAndCounted) {
     EXPECT_FALSE(slot) << "gone when there is no memory";
     memReallocate = std::realloc;
     EXPECT_EQ(0, mem_ReplaceText(&slot, nullptr));
-    EXPECT_EQ(joined(3, 3, 4), joined(mem_Counters().allocations - before.allocations, mem_Counters().frees - before.frees,
-                                      mem_Counters().failures - before.failures));
+    EXPECT_EQ(joined(3, 3, 4), joined(mem_Counters().allocations - before.allocations,
+                                      mem_Counters().frees - before.frees, mem_Counters().failures - before.failures));
 }
 
 TEST(SupportText, TrimsBlanks) {
