@@ -30,12 +30,11 @@ static std::string_view trimmed(std::string_view line) {
 }
 
 static bool isComment(std::string_view line) {
-    bool slash = false;
-    for (const char c : line) {
-        if (c == ';' || (slash && c == '/'))
+    if (line.find(';') != std::string_view::npos)
+        return true;
+    for (size_t slash = line.find('/'); slash < line.size() - 1; slash = line.find('/', slash + 1))
+        if (line[slash + 1] == '/')
             return true;
-        slash = c == '/';
-    }
     return false;
 }
 

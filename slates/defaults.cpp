@@ -80,9 +80,11 @@ int32_t writeComposite(const Catalogue &catalogue, UomSlate *slate, int32_t clas
             return DEFAULT_REFUSED;
         }
     }
+    if (stated->count < 2 * static_cast<uint32_t>(slots) && !table_Resize(stated, 2 * static_cast<uint32_t>(slots)))
+        return DEFAULT_REFUSED;
     for (int32_t i = 0; i < slots; ++i) {
-        table_PutNumber(stated, static_cast<uint32_t>(2 * i), units[i]);
-        table_PutNumber(stated, static_cast<uint32_t>(2 * i + 1), multipliers ? multipliers[i] : 0);
+        table_SetInteger(stated, static_cast<uint32_t>(2 * i), units[i]);
+        table_SetInteger(stated, static_cast<uint32_t>(2 * i + 1), multipliers ? multipliers[i] : 0);
     }
     return DEFAULT_DONE;
 }
@@ -92,10 +94,10 @@ int32_t writeBase(Catalogue &catalogue, Running &running, UomSlate *slate, int32
     if (!units || !multipliers)
         return DEFAULT_REFUSED;
     const uint32_t place = 2 * static_cast<uint32_t>(classId);
-    // The multiplier goes first: it makes the room for both.
-    if (!table_PutNumber(slate->classDefaults, place + 1, multipliers[0]) ||
-        !table_PutNumber(slate->classDefaults, place, units[0]))
+    if (table_Count(slate->classDefaults) < place + 2 && !table_Resize(slate->classDefaults, place + 2))
         return DEFAULT_NO_MEMORY;
+    table_SetInteger(slate->classDefaults, place, units[0]);
+    table_SetInteger(slate->classDefaults, place + 1, multipliers[0]);
     // What the rules give is not looked at, but that they could run.
     const MemoryWatch memory;
     uom_PropagateClassDefault(catalogue, running, slateIndex, classId, units, multipliers);

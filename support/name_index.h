@@ -21,7 +21,7 @@ constexpr int32_t PLACE_LEFT = -2; // what stood here was taken out
 struct NameIndex {
     int32_t *places = nullptr; // numbers, PLACE_FREE or PLACE_LEFT; null is an index that does not stand
     uint32_t mask = 0;
-    uint32_t count = 0; // places in use, and left ones
+    uint32_t count = 0;   // places in use, and left ones
     uint64_t lengths = 0; // a bit for each length of a name that was added, the last for all longer ones
 };
 

@@ -204,9 +204,38 @@ int32_t num_TextToDouble(const char *text, double *out) {
     return 0;
 }
 
+// Plain decimals as data files hold them, "-459.67": at most 15 digits and a power of ten that a double holds exactly, so
+// that one division or multiplication gives the nearest double. False for anything else.
+static bool readPlainDecimal(const char *text, double *out) {
+    static constexpr double powersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                             1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const bool negative = *text == '-';
+    const char *c = text + negative;
+    const char *point = nullptr;
+    int64_t digits = 0;
+    int32_t count = 0;
+    for (; str_IsDigit(*c) || (*c == '.' && !point); ++c) {
+        if (*c == '.') {
+            point = c;
+            continue;
+        }
+        digits = digits * 10 + (*c - '0');
+        if (++count > 15)
+            return false;
+    }
+    if (count == 0 || (*c && !str_IsSpace(*c)))
+        return false;
+    const double value = static_cast<double>(digits) / powersOfTen[point ? c - point - 1 : 0];
+    *out = negative ? -value : value;
+    return true;
+}
+
 double num_LeadingDouble(const char *text) {
+    double value;
     if (!text)
         return 0.0;
+    if (readPlainDecimal(text, &value))
+        return value;
     const ScopedCLocale locale;
     char *end;
     return locale.read(text, &end);

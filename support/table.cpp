@@ -2,6 +2,7 @@
 #include "support/table.h"
 
 #include <cmath>
+#include <bit>
 #include <cstring>
 
 #include "support/memory.h"
@@ -59,6 +60,18 @@ static void freeElements(UomTable *table, uint32_t first, uint32_t count) {
         mem_Free(table_Record<void>(table, int64_t{first} + i));
 }
 
+// The block of a table has room for as many elements as the next power of two, so that one that grows an element at a
+// time moves seldom. Never looked at behind the count.
+static size_t roomOf(uint32_t count) {
+    return std::bit_ceil(size_t{count});
+}
+
+static int32_t resizeBlock(UomTable *table, uint32_t count) {
+    if (table->data && roomOf(count) == roomOf(table->count))
+        return 0;
+    return mem_Realloc(&table->data, roomOf(count) * table->width);
+}
+
 UomTable *table_Create(uint32_t count, int32_t kind) {
     if (kind < 0 || kind >= TABLE_KINDS)
         return nullptr;
@@ -67,7 +80,7 @@ UomTable *table_Create(uint32_t count, int32_t kind) {
         return nullptr;
     UomTable *table = static_cast<UomTable *>(block);
     *table = {count, widths[kind], kind, nullptr};
-    if (mem_Calloc(&table->data, count, table->width) != 0) {
+    if (mem_Calloc(&table->data, count > 0 ? roomOf(count) : 0, table->width) != 0) {
         mem_Free(table);
         return nullptr;
     }
@@ -215,10 +228,9 @@ int32_t table_PutPointer(UomTable *table, uint32_t index, uint64_t value) {
 // A smaller block of a table that owns its elements: those cut off are freed only once the block is there.
 static int32_t shrinkOwner(UomTable *table, uint32_t count) {
     void *smaller = nullptr;
-    const size_t size = static_cast<size_t>(count) * table->width;
-    if (mem_Malloc(&smaller, size) != 0)
+    if (mem_Malloc(&smaller, roomOf(count) * table->width) != 0)
         return 1;
-    std::memcpy(smaller, table->data, size);
+    std::memcpy(smaller, table->data, static_cast<size_t>(count) * table->width);
     freeElements(table, count, table->count - count);
     mem_Free(table->data);
     table->data = smaller;
@@ -240,14 +252,8 @@ int32_t table_Resize(UomTable *table, uint32_t count) {
         return 1;
     }
     const uint32_t old = table->count;
-    int32_t status;
-    if (!table->data)
-        status = mem_Calloc(&table->data, count, table->width);
-    else if (count < old && ownsElements(table))
-        status = shrinkOwner(table, count);
-    else
-        status = mem_Realloc(&table->data, static_cast<size_t>(count) * table->width);
-    if (status != 0)
+    const bool cutsOwned = count < old && ownsElements(table);
+    if ((cutsOwned ? shrinkOwner(table, count) : resizeBlock(table, count)) != 0)
         return 0;
     table->count = count;
     if (count > old)
@@ -269,7 +275,7 @@ void table_Remove(UomTable *table, uint32_t index, uint32_t n) {
     std::memset(element(table, kept), 0, static_cast<size_t>(n) * table->width);
     if (kept == 0)
         emptyTable(table);
-    else if (mem_Realloc(&table->data, static_cast<size_t>(kept) * table->width) == 0)
+    else if (resizeBlock(table, kept) == 0)
         table->count = kept;
 }
 

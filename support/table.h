@@ -5,6 +5,8 @@
 #ifndef UOM_SUPPORT_TABLE_H
 #define UOM_SUPPORT_TABLE_H
 
+#include <cassert>
+
 #include "uom/uom.h"
 
 namespace uom {
@@ -64,6 +66,13 @@ int32_t table_Compare(const UomTable *table, double a, double b);
 void table_Sort(UomTable *table);
 char **table_ToTextArray(const UomTable *table);
 void table_FreeTextArray(char **texts);
+
+// An element of a table of 64-bit integers, for whoever has made it large enough.
+// REQUIRES: the index is below the count.
+inline void table_SetInteger(UomTable *table, uint32_t index, int64_t value) {
+    assert(table->kind == TABLE_INT64 && index < table->count);
+    static_cast<int64_t *>(table->data)[index] = value;
+}
 
 inline int32_t table_PutRecord(UomTable *table, uint32_t index, const void *record) {
     return table_PutPointer(table, index, reinterpret_cast<uintptr_t>(record));

@@ -86,7 +86,7 @@ inline bool str_IsSpace(char c) {
 inline bool str_EqualNoCase(const char *a, const char *b) {
     if (!a || !b)
         return false;
-    for (; str_Lower(*a) == str_Lower(*b); ++a, ++b)
+    for (; *a == *b || str_Lower(*a) == str_Lower(*b); ++a, ++b)
         if (!*a)
             return true;
     return false;
