@@ -161,6 +161,10 @@ bool class_IsComposite(const UomClassRow &row) {
     return row.baseClass[0] != 0 || row.baseClass[1] != 0;
 }
 
+bool class_IsInternalBase(int32_t classId) {
+    return classId == CLASS_PETRO_MASS || classId == CLASS_POWER_TOP || classId == CLASS_E6_POWER_TOP;
+}
+
 bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId) {
     const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row || !class_IsComposite(*row))

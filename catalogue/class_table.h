@@ -48,6 +48,9 @@ int32_t class_SetName(Catalogue &catalogue, int32_t classId, const char *name);
 // Whether the class is expanded into components: its first or second slot is used.
 bool class_IsComposite(const UomClassRow &row);
 
+// A base class that only stands in composite ones: it is not listed among the classes.
+bool class_IsInternalBase(int32_t classId);
+
 // Whether a chain of the class holds a Basis node.
 bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId);
 

@@ -105,6 +105,15 @@ UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
     return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
 }
 
+void unit_Free(UomUnit *unit) {
+    if (!unit)
+        return;
+    mem_Free(unit->token);
+    mem_Free(unit->keyword);
+    mem_Free(unit->description);
+    mem_Free(unit);
+}
+
 const char *unit_Token(const Catalogue &catalogue, int32_t unit) {
     const UomUnit *found = unit_Record(catalogue, unit);
     return found && found->token ? found->token : "";

@@ -18,6 +18,9 @@ bool unit_IsValid(const Catalogue &catalogue, int32_t unit);
 const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit);
 UomUnit *unit_Record(Catalogue &catalogue, int32_t unit);
 
+// Frees a record with its texts; null is accepted.
+void unit_Free(UomUnit *unit);
+
 // The token of a valid unit, else the empty text.
 const char *unit_Token(const Catalogue &catalogue, int32_t unit);
 

@@ -113,13 +113,6 @@ void readOption(Reader &reader) {
             modes.*option.flag = option.value;
 }
 
-void freeUnit(UomUnit *unit) {
-    mem_Free(unit->token);
-    mem_Free(unit->keyword);
-    mem_Free(unit->description);
-    mem_Free(unit);
-}
-
 int32_t readUnit(Reader &reader) {
     UomUnit *unit = mem_New<UomUnit>();
     if (!unit)
@@ -133,7 +126,7 @@ int32_t readUnit(Reader &reader) {
     unit->factor = num_LeadingDouble(data_NextToken(reader.lines));
     if (copied && table_PutRecord(reader.catalogue.units.records, TABLE_APPEND, unit))
         return UOM_DONE;
-    freeUnit(unit);
+    unit_Free(unit);
     return UOM_NO_MEMORY;
 }
 

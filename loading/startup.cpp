@@ -106,15 +106,8 @@ void resetOptions(Catalogue &catalogue) {
 }
 
 void freeUnitTable(Catalogue &catalogue) {
-    for (uint32_t i = 0; i < table_Count(catalogue.units.records); ++i) {
-        UomUnit *unit = table_Record<UomUnit>(catalogue.units.records, i);
-        if (!unit)
-            continue;
-        mem_Free(unit->token);
-        mem_Free(unit->keyword);
-        mem_Free(unit->description);
-        mem_Free(unit);
-    }
+    for (uint32_t i = 0; i < table_Count(catalogue.units.records); ++i)
+        unit_Free(table_Record<UomUnit>(catalogue.units.records, i));
     table_Free(catalogue.units.records);
     catalogue.units.records = nullptr;
     unit_DropIndex(catalogue);

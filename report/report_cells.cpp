@@ -16,6 +16,16 @@ bool report_IsEndUser(const Report &report) {
     return (report.options & REPORT_END_USER) != 0;
 }
 
+bool report_ShowsSlate(const Report &report, int32_t slate) {
+    const NamedSlates &named = report.catalogue.slateIndex;
+    return !report_IsEndUser(report) || (slate != named.current && slate != named.oxInternal);
+}
+
+bool report_ShowsClass(const Report &report, int32_t classId) {
+    return !report_IsEndUser(report) ||
+           (classId != CLASS_E6_ENERGY && classId != CLASS_E6_POWER_TOP && classId != CLASS_E6_POWER);
+}
+
 bool report_IsHtml(const Report &report) {
     return report_Mode(report) == MODE_HTML;
 }

@@ -18,6 +18,10 @@ ReportMode report_Mode(const Report &report);
 bool report_IsEndUser(const Report &report);
 bool report_IsHtml(const Report &report);
 
+// What end users don't see: the slates that only the host works with, and the classes in millions.
+bool report_ShowsSlate(const Report &report, int32_t slate);
+bool report_ShowsClass(const Report &report, int32_t classId);
+
 // Prints one cell in the report's mode.
 void report_Put(const Report &report, const Cell &cell, const char *text);
 

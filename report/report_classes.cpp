@@ -43,17 +43,6 @@ const GroupHeading groupHeadings[] = {
     {STATIC_CLASSES, "Custom Classes"},
 };
 
-// What end users don't see: the slates that only the host works with, and the classes in millions.
-bool isShownSlate(const Report &report, int32_t slate) {
-    return !report_IsEndUser(report) ||
-           (slate != report.catalogue.slateIndex.current && slate != report.catalogue.slateIndex.oxInternal);
-}
-
-bool isShownClass(const Report &report, int32_t classId) {
-    return !report_IsEndUser(report) ||
-           (classId != CLASS_E6_ENERGY && classId != CLASS_E6_POWER_TOP && classId != CLASS_E6_POWER);
-}
-
 void putHeading(const Report &report, const char *title, int32_t columns) {
     if (report_IsHtml(report))
         std::fprintf(report.out, "<TR><TD COLSPAN=\"%d\"><I>%s</I></TD></TR>\n", columns, title);
@@ -83,7 +72,7 @@ int32_t putColumnHeadings(const Report &report) {
     int32_t columns = 2;
     putTableHead(report);
     for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i) {
-        if (!isShownSlate(report, i))
+        if (!report_ShowsSlate(report, i))
             continue;
         report_Put(report, slateHeading, report_SlateName(report.catalogue, i));
         ++columns;
@@ -215,7 +204,7 @@ void putClass(const Report &report, int32_t classId, const UomClassRow &row, int
     if (report_Mode(report) == MODE_FULL_TEXT)
         putDimensions(report, row, dimensions);
     for (int32_t i = 1; i < uom_GetSetCount(report.catalogue); ++i) {
-        if (!isShownSlate(report, i))
+        if (!report_ShowsSlate(report, i))
             continue;
         char text[CELL_SIZE] = "";
         defaultText(report.catalogue, i, classId, text);
@@ -235,7 +224,7 @@ void report_ClassTable(const Report &report) {
             if (heading.firstClass == c)
                 putHeading(report, heading.title, columns);
         const UomClassRow *row = class_Row(report.catalogue, c);
-        if (row && isShownClass(report, c))
+        if (row && report_ShowsClass(report, c))
             putClass(report, c, *row, dimensions);
     }
     if (report_IsHtml(report))

@@ -140,7 +140,7 @@ void report_Definitions(const Report &report) {
         report_Write(report, "<TR BGCOLOR=\"#CCCCFF\"><TH>Composite Class</TH><TH>Definition</TH></TR>\n");
     }
     for (int32_t c = CLASS_QUANTITY; c < report.catalogue.classes.count; ++c) {
-        if (report_IsEndUser(report) && c == CLASS_E6_POWER)
+        if (!report_ShowsClass(report, c))
             continue;
         char definition[128];
         definitionOf(report.catalogue, c, definition, sizeof definition);

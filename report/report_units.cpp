@@ -5,6 +5,7 @@
 #include "report/report.h"
 #include "report/report_cells.h"
 #include "support/text.h"
+#include "uomstruct/unit_scan.h"
 
 namespace uom {
 
@@ -81,9 +82,10 @@ void putClassToken(const Report &report, int32_t classId) {
         report_Put(report, classToken, token);
 }
 
-void putMultiplied(const Report &report, const char *multiplier, const char *token) {
+void putMultiplied(const Report &report, int32_t multiplier, const UomUnit &unit) {
     char text[256];
-    str_FormatBounded(text, sizeof text, "%s%s", multiplier, token);
+    multiplier_Write(multiplier, unit.multiplierStyle, text, sizeof text);
+    str_AppendBounded(text, sizeof text, unit.token);
     std::fprintf(report.out, "%-18s", text);
 }
 
@@ -94,9 +96,8 @@ void putUnit(const Report &report, int32_t index, const UomUnit &unit) {
         std::fprintf(report.out, "%5d ", index);
     report_Put(report, unitToken, token);
     if (hasMultipliers(report)) {
-        const bool api = unit.multiplierStyle == 1;
-        putMultiplied(report, api ? "M " : "k*", token);
-        putMultiplied(report, api ? "MM " : "M*", token);
+        putMultiplied(report, 3, unit);
+        putMultiplied(report, 6, unit);
     }
     if (full)
         std::fprintf(report.out, "%-16s", unit.keyword ? unit.keyword : "");
@@ -124,9 +125,7 @@ void putClass(const Report &report, int32_t classId) {
 }
 
 bool isShown(const Report &report, int32_t classId) {
-    if (!uom_IsClassBase(report.catalogue, classId))
-        return false;
-    return !report_IsEndUser(report) || (classId != CLASS_E6_ENERGY && classId != CLASS_E6_POWER_TOP);
+    return uom_IsClassBase(report.catalogue, classId) && report_ShowsClass(report, classId);
 }
 
 } // namespace

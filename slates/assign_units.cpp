@@ -56,18 +56,18 @@ void followBasis(const Catalogue &catalogue, UomStruct node, int32_t basis, int3
 } // namespace
 
 void units_Assign(const Catalogue &catalogue, UomStruct chain, int32_t count, int32_t *units) {
-    int32_t pendingBasis = NO_UNIT;
-    bool skipNext = false;
+    int32_t newBasis = NO_UNIT; // that the node in front was changed to
+    bool isFilled = false;      // by the unit in front, which is a whole quotient
     for (int32_t i = 0; chain && i < count; chain = chain->next, ++i) {
-        if (pendingBasis != NO_UNIT)
-            followBasis(catalogue, chain, pendingBasis, &units[i]);
-        const bool changed = chain->baseClass == CLASS_BASIS && units[i] != chain->unit;
-        pendingBasis = changed ? units[i] : NO_UNIT;
+        if (newBasis != NO_UNIT)
+            followBasis(catalogue, chain, newBasis, &units[i]);
+        const bool changesBasis = chain->baseClass == CLASS_BASIS && units[i] != chain->unit;
+        newBasis = changesBasis ? units[i] : NO_UNIT;
         if (unit_IsValid(catalogue, units[i]))
             chain_SetUnit(catalogue, chain, units[i]);
-        if (skipNext)
+        if (isFilled)
             chain->unit = NO_UNIT;
-        skipNext = !skipNext && unit_IsWholeQuotient(catalogue, chain->baseClass, units[i]);
+        isFilled = !isFilled && unit_IsWholeQuotient(catalogue, chain->baseClass, units[i]);
     }
 }
 

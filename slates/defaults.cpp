@@ -110,11 +110,7 @@ void readBase(const Catalogue &catalogue, const UomSlate &slate, int32_t classId
     const int32_t unit = static_cast<int32_t>(table_Get(slate.classDefaults, place));
     const int32_t code = static_cast<int32_t>(table_Get(slate.classDefaults, place + 1));
     const UomUnit *record = table_Record<UomUnit>(catalogue.units.records, unit); // the placeholder as well
-    const UomMultiplierRow *row = multiplier_Find(code);
-    if (row && record && record->multiplierStyle == 1)
-        str_FormatBounded(out, static_cast<size_t>(length), "%s ", row->apiText);
-    else if (row)
-        str_FormatBounded(out, static_cast<size_t>(length), "%s*", row->siText);
+    multiplier_Write(code, record ? record->multiplierStyle : 0, out, static_cast<size_t>(length));
     const int32_t used = static_cast<int32_t>(std::strlen(out));
     uom_GetUnitText(catalogue, unit, out + used, length - used, STYLE_DEFAULT);
 }

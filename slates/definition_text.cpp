@@ -102,7 +102,7 @@ bool isParentsDefault(const Catalogue &catalogue, int32_t slate, int32_t parent,
 
 void writeDefaults(DefinitionWriter &writer, int32_t slate, int32_t parent) {
     for (int32_t c = CLASS_DIMENSIONLESS; c < writer.catalogue.classes.count; ++c) {
-        if (c == CLASS_PETRO_MASS || c == CLASS_POWER_TOP || c == CLASS_E6_POWER_TOP)
+        if (class_IsInternalBase(c))
             continue;
         char token[TOKEN_SIZE];
         char value[DEFAULT_SIZE];

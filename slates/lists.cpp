@@ -10,6 +10,7 @@
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
+#include "support/text_array.h"
 #include "uomstruct/class_string.h"
 
 namespace uom {
@@ -98,33 +99,13 @@ int32_t setFromUnits(Catalogue &catalogue, int32_t classId, const int32_t *units
     return 0;
 }
 
-// A null-terminated array of `count` texts, each made by a function; null when memory is exhausted.
-template <class TextOf> char **makeArray(int32_t count, size_t blockSize, TextOf textOf) {
-    void *block = nullptr;
-    if (mem_Calloc(&block, static_cast<size_t>(count) + 1, sizeof(char *)) != 0)
-        return nullptr;
-    char **texts = static_cast<char **>(block);
-    for (int32_t i = 0; i < count; ++i) {
-        const char *text = textOf(i);
-        const size_t length = text ? std::strlen(text) : 0;
-        const size_t size = blockSize > 0 ? blockSize : length + 1;
-        texts[i] = mem_NewArray<char>(size);
-        if (!texts[i]) {
-            uoms_FreeArray(texts);
-            return nullptr;
-        }
-        str_CopyBounded(texts[i], size, text);
-    }
-    return texts;
-}
-
 // The tokens of a list of units.
 char **namesOf(const Catalogue &catalogue, const int32_t *units, int32_t *count) {
     int32_t length = 0;
     while (units[length] != NO_UNIT)
         ++length;
     *count = length;
-    return makeArray(length, 0, [&](int32_t i) { return unit_Token(catalogue, units[i]); });
+    return texts_Make(static_cast<size_t>(length), [&](size_t i) { return unit_Token(catalogue, units[i]); });
 }
 
 const UomTable *commonList(const Catalogue &catalogue, int32_t index) {
@@ -212,7 +193,8 @@ char **uoms_GetUOMList(const Catalogue &catalogue, const char *text, int32_t *co
         if (table_Count(list) <= 1 || !str_EqualNoCase(table_GetText(list, 0), name))
             continue;
         *count = static_cast<int32_t>(list->count) - 1;
-        return makeArray(*count, 0, [&](int32_t item) { return table_GetText(list, static_cast<uint32_t>(item) + 1); });
+        return texts_Make(list->count - 1,
+                          [&](size_t item) { return table_GetText(list, static_cast<uint32_t>(item) + 1); });
     }
     error_Set("Unable to find UOM list \"%s\".", text);
     return nullptr;
@@ -222,17 +204,21 @@ char **uoms_GetCommonListNames(const Catalogue &catalogue, int32_t *count) {
     if (!count)
         return nullptr;
     *count = static_cast<int32_t>(table_Count(catalogue.lists.common));
-    return makeArray(*count, 0, [&](int32_t i) { return table_GetText(commonList(catalogue, i), 0); });
+    return texts_Make(table_Count(catalogue.lists.common),
+                      [&](size_t i) { return table_GetText(commonList(catalogue, static_cast<int32_t>(i)), 0); });
 }
 
 char **uoms_GetSetNames(const Catalogue &catalogue, int32_t *count) {
     if (!count)
         return nullptr;
     *count = uom_GetSetCount(catalogue);
-    return makeArray(*count, SET_NAME_SIZE, [&](int32_t i) {
-        const UomSlate *slate = slate_AnyRecord(catalogue, i);
-        return slate ? slate->name : nullptr;
-    });
+    return texts_Make(
+        static_cast<size_t>(*count),
+        [&](size_t i) {
+            const UomSlate *slate = slate_AnyRecord(catalogue, static_cast<int32_t>(i));
+            return slate ? slate->name : nullptr;
+        },
+        SET_NAME_SIZE);
 }
 
 int32_t uoms_FreeArray(char **texts) {

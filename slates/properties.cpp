@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "catalogue/slate_table.h"
 #include "conversion/engine.h"
@@ -10,9 +11,8 @@
 #include "support/memory.h"
 #include "support/message.h"
 #include "support/numbers.h"
-#include "support/scoped.h"
-#include "support/table.h"
 #include "support/text.h"
+#include "support/text_array.h"
 #include "text/styles.h"
 #include "uomstruct/class_string.h"
 
@@ -54,7 +54,6 @@ const ServerProperty serverProperties[] = {
     {"defaultScanClassStyle", &Styles::scanClass},
     {"defaultScanUOMStyle", &Styles::scanUom},
 };
-constexpr int32_t SERVER_PROPERTIES = 4;
 
 const SetProperty *findSetProperty(const char *name) {
     for (const SetProperty &property : setProperties)
@@ -129,27 +128,15 @@ int32_t uoms_IsSetProperty(const char *name) {
     return findSetProperty(name) != nullptr;
 }
 
-static UomTable *setPropertyTable() {
-    UomTable *table = table_Create(0, TABLE_TEXT);
-    for (const SetProperty &property : setProperties)
-        if (table && !table_PutText(table, TABLE_APPEND, property.name)) {
-            table_Free(table);
-            return nullptr;
-        }
-    return table;
-}
-
 char **uoms_GetSetPropertyList(int32_t *count) {
-    const ScopedTable table(setPropertyTable());
-    char **names = table_ToTextArray(table.table);
+    char **names = texts_Make(std::size(setProperties), [](size_t i) { return setProperties[i].name; });
     if (count)
-        *count = names ? static_cast<int32_t>(table_Count(table.table)) : 0;
+        *count = names ? uoms_GetSetPropertyCount() : 0;
     return names;
 }
 
 int32_t uoms_GetSetPropertyCount() {
-    const ScopedTable table(setPropertyTable());
-    return static_cast<int32_t>(table_Count(table.table));
+    return static_cast<int32_t>(std::size(setProperties));
 }
 
 int32_t uoms_GetSetProperty(const Catalogue &catalogue, const char *slateName, const char *property, int32_t length,
@@ -185,24 +172,14 @@ int32_t uoms_PutSetProperty(Catalogue &catalogue, Running &running, const char *
 }
 
 char **uoms_GetServerPropertyList(int32_t *count) {
-    void *block = nullptr;
+    char **names = texts_Make(std::size(serverProperties), [](size_t i) { return serverProperties[i].name; });
     if (count)
-        *count = 0;
-    if (mem_Calloc(&block, SERVER_PROPERTIES + 1, sizeof(char *)) != 0)
-        return nullptr;
-    char **names = static_cast<char **>(block);
-    for (int32_t i = 0; i < SERVER_PROPERTIES; ++i)
-        if (mem_DupText(&names[i], serverProperties[i].name) != 0) {
-            table_FreeTextArray(names);
-            return nullptr;
-        }
-    if (count)
-        *count = SERVER_PROPERTIES;
+        *count = names ? uoms_GetServerPropertyCount() : 0;
     return names;
 }
 
 int32_t uoms_GetServerPropertyCount() {
-    return SERVER_PROPERTIES;
+    return static_cast<int32_t>(std::size(serverProperties));
 }
 
 int32_t uoms_GetServerProperty(const Catalogue &catalogue, const char *name, int32_t length, char *out) {

@@ -8,8 +8,8 @@
 #include "slates/lists.h"
 #include "slates/slate_display.h"
 #include "slates/unit_entry.h"
-#include "support/memory.h"
 #include "support/text.h"
+#include "support/text_array.h"
 #include "text/class_text.h"
 #include "text/display_units.h"
 #include "text/styles.h"
@@ -27,12 +27,12 @@ constexpr size_t CLASS_SIZE = 64;
 constexpr size_t UNIT_SIZE = 256;
 constexpr size_t PAIR_SIZE = 328;
 
-void formatPair(const Catalogue &catalogue, char *pair, UomStruct node) {
+void formatPair(const Catalogue &catalogue, char *pair, const UomStructNode *node) {
     char className[CLASS_SIZE];
     char multiplier[8];
     char unit[UNIT_SIZE];
     uom_GetClassText(catalogue, node->baseClass, className, sizeof className, STYLE_TOKEN);
-    uom_GetUOMMultiplierString(catalogue, node, multiplier, sizeof multiplier);
+    uom_GetUOMMultiplierString(catalogue, const_cast<UomStruct>(node), multiplier, sizeof multiplier);
     uom_GetUnitText(catalogue, node->unit, unit, sizeof unit, STYLE_TOKEN);
     str_FormatBounded(pair, PAIR_SIZE, "%s:%s%s", className, multiplier, unit);
 }
@@ -122,21 +122,15 @@ char **uoms_GetClassUnitPairs(const Catalogue &catalogue, const char *classStrin
     ParsedChain chain(catalogue, classString);
     if (!chain.chain || uom_FillStructFromString(catalogue, chain.chain, unitString, STYLE_TOKEN) != 0)
         return nullptr;
-    void *block = nullptr;
     const int32_t nodes = chain_Length(chain.chain);
-    if (mem_Calloc(&block, static_cast<size_t>(nodes) + 1, sizeof(char *)) != 0)
-        return nullptr;
-    char **pairs = static_cast<char **>(block);
-    UomStruct node = chain.chain;
-    for (int32_t i = 0; i < nodes; ++i, node = node->next) {
-        char pair[PAIR_SIZE];
+    const UomStructNode *node = chain.chain;
+    char pair[PAIR_SIZE];
+    char **pairs = texts_Make(static_cast<size_t>(nodes), [&](size_t) {
         formatPair(catalogue, pair, node);
-        if (mem_DupText(&pairs[i], pair) != 0) {
-            uoms_FreeArray(pairs);
-            return nullptr;
-        }
-    }
-    *count = nodes;
+        node = node->next;
+        return pair;
+    });
+    *count = pairs ? nodes : 0;
     return pairs;
 }
 

@@ -40,17 +40,23 @@ void readStated(const UomSlate &slate, int32_t classId, Default &found) {
         found.multiplier = elementOf(slate.classDefaults, 2 * int64_t{classId} + 1);
 }
 
-// Reads what one slate states for the first slot that holds the component; nothing where it states none.
-void readStated(const Catalogue &catalogue, const UomSlate &slate, int32_t classId, int32_t component, Default &found) {
-    const UomTable *stated = table_Record<UomTable>(slate.compositeDefaults, classId);
+// The first slot of a composite class that holds the component, -1 when none does.
+int32_t slotOf(const Catalogue &catalogue, int32_t classId, int32_t component) {
     const UomClassRow *row = class_ValidRow(catalogue, classId);
-    const int32_t slots = uom_GetUnitMax(catalogue, classId);
-    for (int32_t slot = 0; stated && row && slot < slots && static_cast<uint32_t>(slot) < stated->count; ++slot) {
-        if (row->baseClass[slot] == 0 || row->baseClass[slot] != component)
-            continue;
-        found = pairOf(stated, slot);
-        return;
-    }
+    for (int32_t slot = 0; row && component != CLASS_NONE && slot < uom_GetUnitMax(catalogue, classId); ++slot)
+        if (row->baseClass[slot] == component)
+            return slot;
+    return -1;
+}
+
+// Reads what one slate itself states for a component of a composite class. False when it states nothing.
+bool readStated(const Catalogue &catalogue, const UomSlate &slate, int32_t classId, int32_t component, Default &found) {
+    const UomTable *stated = table_Record<UomTable>(slate.compositeDefaults, classId);
+    const int32_t slot = stated ? slotOf(catalogue, classId, component) : -1;
+    if (slot < 0 || static_cast<uint32_t>(slot) >= stated->count)
+        return false;
+    found = pairOf(stated, slot);
+    return true;
 }
 
 // Asks one slate after the other, from this one upward, until one states a unit. Without one the result is
@@ -160,11 +166,9 @@ int32_t uom_GetSlateClassUnit(const Catalogue &catalogue, int32_t classId, int32
         return pairOf(record->classDefaults, classId).unit;
     if (!class_IsValid(catalogue, component))
         return NO_UNIT;
-    const UomTable *stated = table_Record<UomTable>(record->compositeDefaults, classId);
-    const UomClassRow *row = class_Row(catalogue, classId);
-    for (int32_t slot = 0; stated && slot < uom_GetUnitMax(catalogue, classId); ++slot)
-        if (static_cast<uint32_t>(slot) < stated->count && row->baseClass[slot] == component)
-            return pairOf(stated, slot).unit;
+    Default found;
+    if (readStated(catalogue, *record, classId, component, found))
+        return found.unit;
     return pairOf(record->classDefaults, component).unit;
 }
 

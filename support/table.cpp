@@ -7,6 +7,7 @@
 
 #include "support/memory.h"
 #include "support/numbers.h"
+#include "support/text_array.h"
 
 namespace uom {
 
@@ -376,19 +377,8 @@ void table_Sort(UomTable *table) {
 char **table_ToTextArray(const UomTable *table) {
     if (table_Count(table) == 0 || table->kind != TABLE_TEXT)
         return nullptr;
-    void *block = nullptr;
-    if (mem_Calloc(&block, size_t{table->count} + 1, sizeof(char *)) != 0)
-        return nullptr;
-    char **texts = static_cast<char **>(block);
-    for (uint32_t i = 0; i < table->count; ++i) {
-        // An element without a text would end the array, so it becomes an empty one.
-        const char *text = table_GetText(table, i);
-        if (mem_DupText(&texts[i], text ? text : "") != 0) {
-            table_FreeTextArray(texts);
-            return nullptr;
-        }
-    }
-    return texts;
+    // An element without a text would end the array, so it becomes an empty one.
+    return texts_Make(table->count, [=](size_t i) { return table_GetText(table, static_cast<uint32_t>(i)); });
 }
 
 void table_FreeTextArray(char **texts) {

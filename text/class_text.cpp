@@ -5,10 +5,10 @@
 #include <cstring>
 
 #include "catalogue/class_table.h"
-#include "support/memory.h"
 #include "support/numbers.h"
 #include "support/table.h"
 #include "support/text.h"
+#include "support/text_array.h"
 #include "text/styles.h"
 #include "text/unit_text.h"
 #include "uomstruct/chain.h"
@@ -164,27 +164,16 @@ int32_t uoms_GetClassStringInStyle(const Catalogue &catalogue, const char *class
 }
 
 char **uoms_GetClassTextList(const Catalogue &catalogue, const char *styleName, int32_t *count) {
-    void *block = nullptr;
     const size_t rows = table_Count(catalogue.classes.rows);
     const int32_t style = uom_StyleFromName(styleName, nullptr);
-    if (count)
-        *count = 0;
-    if (mem_Calloc(&block, rows + 1, sizeof(char *)) != 0)
-        return nullptr;
-    char **texts = static_cast<char **>(block);
-    for (size_t i = 0; i < rows; ++i) {
-        const UomClassRow *row = class_Row(catalogue, static_cast<int32_t>(i));
-        const char *text = !row || i == 0             ? nullptr
-                           : style == STYLE_KEYWORD   ? row->keyword
-                           : style == STYLE_LONG_NAME ? row->name
-                                                      : row->token;
-        if (mem_DupText(&texts[i], text ? text : "") != 0) {
-            table_FreeTextArray(texts);
+    char **texts = texts_Make(rows, [&](size_t i) -> const char * {
+        const UomClassRow *row = i == 0 ? nullptr : class_Row(catalogue, static_cast<int32_t>(i));
+        if (!row)
             return nullptr;
-        }
-    }
+        return style == STYLE_KEYWORD ? row->keyword : style == STYLE_LONG_NAME ? row->name : row->token;
+    });
     if (count)
-        *count = static_cast<int32_t>(rows);
+        *count = texts ? static_cast<int32_t>(rows) : 0;
     return texts;
 }
 

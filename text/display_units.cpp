@@ -183,6 +183,20 @@ bool endsInDigit(const char *token) {
     return *token && str_IsDigit(token[std::strlen(token) - 1]);
 }
 
+// Whether the text of a unit would read otherwise without parentheses. It hangs on the token, whatever text is printed.
+bool needsOwnParentheses(const char *token, int32_t exponent, const UomStructNode *behind) {
+    const bool holdsSlash = std::strchr(token, '/') != nullptr;
+    if (num_Magnitude(exponent) > 1)
+        return holdsSlash || std::strchr(token, '-') || endsInDigit(token);
+    return holdsSlash && behind && behind->baseClass >= CLASS_DIMENSIONLESS;
+}
+
+const char *separatorOf(const UnitPrinter &printer, bool inParentheses) {
+    if (inParentheses || printer.atStart)
+        return "";
+    return printer.previousBaseClass == CLASS_BASIS ? " " : "-";
+}
+
 void printUnit(UnitPrinter &printer, const UomStructNode *node, const char *unit) {
     const int32_t exponent = relativeExponent(printer.catalogue, node);
     if (changesSign(exponent, printer.lastExponent)) {
@@ -190,20 +204,12 @@ void printUnit(UnitPrinter &printer, const UomStructNode *node, const char *unit
         add(printer, printer.atStart ? "1/" : "/");
         printer.atStart = true;
     }
-    // The form hangs on the token, whatever text is printed.
-    const char *token = unit_Token(printer.catalogue, node->unit);
+    const bool inParentheses = needsOwnParentheses(unit_Token(printer.catalogue, node->unit), exponent, node->next);
     char multiplier[MULTIPLIER_SIZE];
     uom_GetUOMMultiplierString(printer.catalogue, const_cast<UomStruct>(node), multiplier, sizeof multiplier);
-    const bool raised = num_Magnitude(exponent) > 1;
-    const bool holdsSlash = std::strchr(token, '/') != nullptr;
-    const bool ambiguous = endsInDigit(token) || std::strchr(token, '-') || holdsSlash;
-    const bool inParentheses =
-        raised ? ambiguous : holdsSlash && node->next && node->next->baseClass >= CLASS_DIMENSIONLESS;
-    const char *separator = inParentheses || printer.atStart           ? ""
-                            : printer.previousBaseClass == CLASS_BASIS ? " "
-                                                                       : "-";
     char piece[PIECE_SIZE];
-    str_FormatBounded(piece, sizeof piece, inParentheses ? "%s(%s%s)" : "%s%s%s", separator, multiplier, unit);
+    str_FormatBounded(piece, sizeof piece, inParentheses ? "%s(%s%s)" : "%s%s%s", separatorOf(printer, inParentheses),
+                      multiplier, unit);
     add(printer, piece);
     addExponent(printer, exponent);
     printer.atStart = false;
@@ -249,14 +255,8 @@ int32_t uom_GetUOMMultiplierString(const Catalogue &catalogue, UomStruct node, c
     *out = '\0';
     if (!node)
         return 1;
-    const UomMultiplierRow *row = multiplier_Find(node->multiplier);
     const UomUnit *unit = table_Record<UomUnit>(catalogue.units.records, node->unit); // the placeholder as well
-    if (!row)
-        return 0;
-    if (unit && unit->multiplierStyle == 1)
-        str_FormatBounded(out, static_cast<size_t>(size), "%s ", row->apiText);
-    else
-        str_FormatBounded(out, static_cast<size_t>(size), "%s*", row->siText);
+    multiplier_Write(node->multiplier, unit ? unit->multiplierStyle : 0, out, static_cast<size_t>(size));
     return 0;
 }
 

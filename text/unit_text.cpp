@@ -45,25 +45,22 @@ void writeUpper(TextWriter &writer, const char *token) {
 void writeHtml(TextWriter &writer, const char *token) {
     bool inSuper = false;
     for (size_t i = 0; token[i] && writer.wanted < writer.size; ++i) {
-        const char c = token[i];
-        if (!str_IsDigit(c)) {
-            if (inSuper)
-                str_Write(writer, "</SUP>");
+        const bool digit = str_IsDigit(token[i]);
+        if (inSuper && !digit) {
+            str_Write(writer, "</SUP>");
             inSuper = false;
-            str_Write(writer, c);
-        } else if (inSuper || isPlainTwo(token, i)) {
-            str_Write(writer, c);
-        } else if (std::strncmp(token + i, "10^", 3) == 0) {
-            str_Write(writer, "10<SUP>");
-            i += 2;
-            if (token[i + 1])
-                str_Write(writer, token[++i]);
-            inSuper = true;
-        } else {
-            str_Write(writer, "<SUP>");
-            str_Write(writer, c);
-            inSuper = true;
         }
+        if (!inSuper && digit && !isPlainTwo(token, i)) {
+            if (std::strncmp(token + i, "10^", 3) == 0) {
+                str_Write(writer, "10");
+                i += 3;
+            }
+            str_Write(writer, "<SUP>");
+            inSuper = true;
+            if (!token[i])
+                break;
+        }
+        str_Write(writer, token[i]);
     }
     if (inSuper)
         str_Write(writer, "</SUP>");
@@ -121,7 +118,7 @@ void uom_GetClassText(const Catalogue &catalogue, int32_t classId, char *out, in
 UomTable *uom_GetClassList(const Catalogue &catalogue, int32_t style) {
     UomTable *list = table_Create(0, TABLE_TEXT);
     for (int32_t i = 0; list && i < catalogue.classes.count; ++i) {
-        if (i == CLASS_PETRO_MASS || i == CLASS_POWER_TOP || i == CLASS_E6_POWER_TOP)
+        if (class_IsInternalBase(i))
             continue;
         char text[80];
         uom_GetClassText(catalogue, i, text, sizeof text, style);

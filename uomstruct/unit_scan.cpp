@@ -18,6 +18,7 @@ const UomMultiplierRow uomMultipliers[] = {
 namespace {
 
 constexpr int32_t LAST_ROW = -99;
+constexpr int32_t API_STYLE = 1;     // of units that take "M " in place of "k*"
 constexpr size_t PREFIX_WINDOW = 16; // how far an SI multiplier's "*" may stand from the start
 
 enum MultiplierResult : int32_t { MULTIPLIER_NONE = 0, MULTIPLIER_FOUND = 1, MULTIPLIER_UNKNOWN = 2 };
@@ -97,6 +98,14 @@ int32_t multiplier_FindAtHead(const char *text, int32_t format, int32_t *multipl
     if (rest)
         *rest = behind;
     return result;
+}
+
+void multiplier_Write(int32_t code, int32_t unitStyle, char *out, size_t size) {
+    const UomMultiplierRow *row = multiplier_Find(code);
+    if (!row)
+        return;
+    const bool api = unitStyle == API_STYLE;
+    str_FormatBounded(out, size, api ? "%s " : "%s*", api ? row->apiText : row->siText);
 }
 
 FoundUnit unit_FindAtHead(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style) {

@@ -20,6 +20,10 @@ extern const UomMultiplierRow uomMultipliers[];
 // The row of a code, null when there is none.
 const UomMultiplierRow *multiplier_Find(int32_t code);
 
+// Writes a multiplier as it stands in front of a unit of this multiplier style: "M ", "MM ", "k*", "M*"; leaves the buffer
+// as it is for a code that is none.
+void multiplier_Write(int32_t code, int32_t unitStyle, char *out, size_t size);
+
 enum FillStatus : int32_t {
     FILL_DONE = UOM_DONE,
     FILL_BAD_ARGUMENT = UOM_FILL_BAD_ARGUMENT,

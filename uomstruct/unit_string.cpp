@@ -251,26 +251,38 @@ void skipCompositeTail(UnitStringParser &parser) {
     parser.opened = 0;
 }
 
-// Reads one component, or two where the next has no text of its own; `node` moves to the last node read.
-FillStatus readComposite(UnitStringParser &parser, UomStruct *node) {
+// The first component of a class looks for its unit, and so does each.
+FillStatus goToComponent(UnitStringParser &parser, UomStruct node) {
     if (!parser.compositeEnd) {
-        parser.compositeEnd = uom_GetEndOfClass(parser.catalogue, *node);
+        parser.compositeEnd = uom_GetEndOfClass(parser.catalogue, node);
         skipToUnit(parser, ANY_NUMBER);
     }
     skipToUnit(parser, ANY_NUMBER);
-    if (parser.signs.tooDeep)
-        return FILL_TOO_DEEP;
-    const bool isBasis = (*node)->baseClass == CLASS_BASIS && (*node)->classId != CLASS_BASIS_FRAC;
-    const FillStatus status = isBasis ? readBasis(parser, *node) : readComponent(parser, *node);
+    return parser.signs.tooDeep ? FILL_TOO_DEEP : FILL_DONE;
+}
+
+// The node behind one that was read, when it has no text of its own: the amount behind a basis, and the empty one behind
+// a unit that is a whole quotient. Else the node itself.
+UomStruct lastRead(const UnitStringParser &parser, UomStruct node, bool isBasis) {
+    UomStruct next = node->next;
+    if (next && isBasis)
+        return next;
+    if (!next || !unit_IsWholeQuotient(parser.catalogue, node->baseClass, node->unit))
+        return node;
+    clearUnit(next);
+    return next;
+}
+
+// Reads one component, or two where the next has no text of its own; `node` moves to the last node read.
+FillStatus readComposite(UnitStringParser &parser, UomStruct *node) {
+    FillStatus status = goToComponent(parser, *node);
     if (status != FILL_DONE)
         return status;
-    UomStruct next = (*node)->next;
-    if (next && isBasis) {
-        *node = next;
-    } else if (next && unit_IsWholeQuotient(parser.catalogue, (*node)->baseClass, (*node)->unit)) {
-        clearUnit(next);
-        *node = next;
-    }
+    const bool isBasis = (*node)->baseClass == CLASS_BASIS && (*node)->classId != CLASS_BASIS_FRAC;
+    status = isBasis ? readBasis(parser, *node) : readComponent(parser, *node);
+    if (status != FILL_DONE)
+        return status;
+    *node = lastRead(parser, *node, isBasis);
     if (*node != parser.compositeEnd)
         return FILL_DONE;
     if (parser.opened)
