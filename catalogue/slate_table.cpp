@@ -1,5 +1,7 @@
 #include "catalogue/slate_table.h"
 
+#include <cassert>
+
 #include "support/table.h"
 #include "support/text.h"
 
@@ -95,6 +97,7 @@ bool slate_IsOnPath(const SlatePath &path, int32_t slate) {
 }
 
 bool slate_Visit(SlatePath &path, int32_t slate) {
+    assert(path.count >= 0 && path.count <= SlatePath::LIMIT);
     if (path.count == SlatePath::LIMIT || slate_IsOnPath(path, slate))
         return false;
     path.slates[path.count++] = slate;

@@ -1,6 +1,7 @@
 #include "catalogue/units.h"
 
 #include <bit>
+#include <cassert>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -192,6 +193,7 @@ struct LongestMatch {
 };
 
 static void tryUnit(LongestMatch &longest, int32_t unit) {
+    assert(unit >= 0 && unit < longest.catalogue.units.count);
     const size_t matched = matchUnit(record(longest.catalogue, unit), longest.text, longest.byKeyword);
     if (matched == NO_MATCH || matched <= longest.length)
         return;
@@ -201,6 +203,7 @@ static void tryUnit(LongestMatch &longest, int32_t unit) {
 
 // Tries the units that begin like the text, in the order of the list.
 static void tryIndexed(LongestMatch &longest, const UomClassRow &row, const int32_t *units) {
+    assert(units == (row.uomChoices ? row.uomChoices : row.uomList)); // what the index was made of
     const size_t words = static_cast<size_t>(row.startWords);
     const size_t initial = initialOf(*longest.text) + (longest.byKeyword ? INITIALS : 0);
     for (size_t word = 0; word < words; ++word)

@@ -35,12 +35,13 @@ enum SectionState {
     IN_SLATE
 };
 
-const char *const applicationListNames[APPLICATION_LISTS] = {
+const char *const applicationListNames[] = {
     "OXTimeList",         "OXRateMassList",     "OXRateMoleList",    "OXRateLiqVolList",    "OXRateVapVolList",
     "OXDensMassList",     "OXDensLiqVolList",   "OXDensMoleList",    "OXDensVapVolList",    "OXEnthalpyEnergyList",
     "OXEnthalpyMassList", "OXEnthalpyMoleList", "DensPetroMassList", "OXLengthList",        "OXHeatCapList",
     "KSBasisList",        "OXBasisList",        "OXCakeresMassList", "OXCakeresLengthList",
 };
+static_assert(std::size(applicationListNames) == APPLICATION_LISTS, "In the order of ApplicationList.");
 
 struct FileOption {
     const char *word;

@@ -7,6 +7,7 @@
 #include "loading/startup.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 #include <iterator>
 #include <string_view>
@@ -370,6 +371,8 @@ static int32_t run(Catalogue &catalogue, Running &running, const DataSource &sou
     if (!renameByMode(catalogue))
         return noMemory();
     countQuantitiesInMoles(catalogue);
+    assert(static_cast<uint32_t>(catalogue.units.count) == table_Count(catalogue.units.records));
+    assert(static_cast<uint32_t>(catalogue.classes.count) == table_Count(catalogue.classes.rows));
     const int32_t status = startup_CheckTables(catalogue);
     uom_SetGaugePressureBasis(catalogue, catalogue.slateIndex.current);
     return status;

@@ -4,6 +4,7 @@
 #include "slates/custom_classes.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iterator>
 
 #include "catalogue/class_table.h"
@@ -152,6 +153,7 @@ void renumberComponents(Catalogue &catalogue, int32_t gone) {
 
 // Takes a custom class out of the slates and the table.
 void removeClass(Catalogue &catalogue, int32_t classId) {
+    assert(classId >= STATIC_CLASSES && classId < catalogue.classes.count);
     for (int32_t slate = NO_SLATE + 1; slate < uom_GetSetCount(catalogue); ++slate)
         forgetInSlate(catalogue, slate, classId);
     const bool last = classId + 1 == catalogue.classes.count;

@@ -10,6 +10,7 @@
 #ifndef UOM_SUPPORT_NAME_INDEX_H
 #define UOM_SUPPORT_NAME_INDEX_H
 
+#include <cassert>
 #include <cstdint>
 #include <string_view>
 
@@ -39,6 +40,7 @@ uint32_t names_Hash(std::string_view name);
 // The place of the first number under the name for which `bears(number)` holds, else the free place where the search
 // ends. REQUIRES: the index stands.
 template <class Bears> uint32_t names_Search(const NameIndex &index, std::string_view name, Bears bears) {
+    assert(index.places && 2 * index.count <= index.mask + 1); // so that a free place ends the search
     uint32_t place = names_Hash(name) & index.mask;
     while (index.places[place] != PLACE_FREE && (index.places[place] < 0 || !bears(index.places[place])))
         place = (place + 1) & index.mask;

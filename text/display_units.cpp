@@ -3,6 +3,7 @@
 // text reads back to the same chain.
 #include "text/display_units.h"
 
+#include <cassert>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -59,6 +60,7 @@ void push(UnitPrinter &printer, const Level &level) {
 
 // The level that ends; one beyond the stack restores a sign of +1.
 Level pop(UnitPrinter &printer) {
+    assert(printer.depth >= 0);
     if (printer.depth == 0 || printer.depth-- > MAX_LEVELS)
         return {1, false, nullptr};
     return printer.levels[printer.depth];

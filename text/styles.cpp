@@ -1,11 +1,14 @@
 #include "text/styles.h"
 
+#include <iterator>
+
 #include "catalogue/class_table.h"
 #include "support/text.h"
 
 namespace uom {
 
 static const char *const styleNames[] = {"token", "keyword", "tokensuper", "tokenupper", "longname", "html"};
+static_assert(std::size(styleNames) == STYLE_HTML, "A name for each style from 1 on.");
 
 static bool isStyle(int32_t style) {
     return style >= STYLE_TOKEN && style <= STYLE_HTML;

@@ -6,6 +6,7 @@
 // lenient: their exponents are read and dropped. The sign that "/" flips runs through the whole text.
 #include "uomstruct/unit_string.h"
 
+#include <cassert>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -57,6 +58,7 @@ void push(SignStack &signs) {
 
 // A ")" without its "(" leaves the sign as it is.
 void pop(SignStack &signs) {
+    assert(signs.depth >= 0 && signs.depth <= MAX_GROUPS);
     if (signs.depth > 0)
         signs.sign = signs.saved[--signs.depth];
 }
