@@ -1,0 +1,16 @@
+// A host of uom.hpp without exceptions.
+#include "uom/uom.hpp"
+
+int runWithoutExceptions();
+
+#if UOM_HPP_THROWS
+#error "this file is to be compiled without exceptions"
+#endif
+
+int runWithoutExceptions() {
+    const uom::Result<void> started = uom::tryStartFile("/no/such/file");
+    const uom::Result<uom::Chain> chain = uom::Chain::tryMake("Leng");
+    uom::Result<uom::Table> table = uom::Table::tryOfTexts({});
+    return started || started.code() != UOM_START_NO_FILE || started.message().empty() || chain || !table ||
+           !table->empty();
+}
