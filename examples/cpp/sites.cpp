@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cmath>
 #include <cstdio>
-#include <string>
+#include <functional>
 #include <thread>
 
 #include "uom/uom.hpp"
