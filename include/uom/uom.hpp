@@ -803,12 +803,14 @@ struct ClassEntry {
 // The classes for users, by number: without the parentheses and those that serve the library alone. [reads]
 inline std::vector<ClassEntry> classes() {
     constexpr int32_t FIRST_CLASS = 3; // 1 and 2 are the parentheses
+    constexpr size_t CUT = 79;         // the list has so many characters of a token at most
     const Table listed(uom_GetClassList(UOM_STYLE_TOKEN));
     std::vector<ClassEntry> all;
-    size_t at = 0; // in the list, which goes by number and cuts long names
+    size_t at = 0; // in the list, which goes by number
     for (int32_t c = 1; c < uom_GetUOMClassCount() && at < listed.size(); ++c) {
         std::string token = classText(c);
-        if (token.empty() || token.compare(0, listed.text(at).size(), listed.text(at)) != 0)
+        const std::string_view entry = listed.text(at);
+        if (token.empty() || (token != entry && std::string_view(token).substr(0, CUT) != entry))
             continue;
         ++at;
         if (c >= FIRST_CLASS)
