@@ -60,6 +60,9 @@ is "no data file" $'uom: Unable to open the Unit of Measure data file "/nowhere"
 is "no room" $'uom: Unable to write the output.\n1' "$("$uom" convert Leng ft m 1 2>&1 >/dev/full; echo $?)"
 
 for class in "" " " 2 /; do
+    for command in show units related; do
+        is "no class in '$class'" $'uom: The Unit-of-Measure class is missing.\nstatus 1' "$(run $command -- "$class")"
+    done
     is "no class in '$class'" $'uom: The Unit-of-Measure class is missing.\nstatus 1' "$(run convert -- "$class" m ft 1)"
 done
 for format in %d %s '%.6g %g' plain '%*g' %Lg %1000g %; do

@@ -6,7 +6,7 @@
 #                tool. "$ cat FILE" of a file that is not there yet makes it from the lines shown.
 #   table row    with a cell `uom ...` and behind it a cell `what it prints`
 #   ```c         a whole file of examples/c when it has a main(), else lines that stand together in one of them
-#   ```fortran   lines that stand together in a file of examples/fortran
+#   ```cpp, ```fortran   lines that stand together in a file of examples/cpp, examples/fortran
 #   links        to files of this tree
 #
 # Indentation does not count in lines of code.
@@ -87,7 +87,7 @@ check_page() { # page, from the root
         elif [[ $line == '```' ]]; then
             case $block in
             console) end_command ;;
-            c | fortran) check_code "$place" "$block" "${text%$'\n'}" ;;
+            c | cpp | fortran) check_code "$place" "$block" "${text%$'\n'}" ;;
             esac
             block=''
         elif [[ $block == console && $line == '$ '* ]]; then

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Installs a build to a fresh prefix, moves the prefix, and builds and runs the consumer beside this file from it:
-# with find_package, shared and static, and with pkg-config where there is one.
-# Arguments: cmake, the build directory, the library and data directories under the prefix, the configuration,
-# the C compiler.
+# with find_package, shared and static, with pkg-config where there is one, and from C++.
+# Arguments: cmake, the build directory, the library, data and header directories under the prefix, the configuration,
+# the C and the C++ compiler.
 set -euo pipefail
 
-cmake=$1 build=$2 libdir=$3 datadir=$4 config=$5 cc=$6
+cmake=$1 build=$2 libdir=$3 datadir=$4 includedir=$5 config=$6 cc=$7 cxx=$8
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -43,6 +43,14 @@ if command -v pkg-config >/dev/null; then
 else
     echo "pkg-config: skipped, not installed"
 fi
+
+# From C++. The static library's own code and uom.hpp have a namespace of one name: in one program they are kept apart.
+"$cxx" -std=c++17 -I "$prefix/$includedir" -o "$work/cpp" "$here/consumer.cpp" -L "$prefix/$libdir" -luom
+expect_ok "C++, shared" env LD_LIBRARY_PATH="$prefix/$libdir" "$work/cpp"
+mkdir "$work/alone"
+cp "$prefix/$datadir/uom/uomdata.txt" "$work/alone/"
+"$cxx" -std=c++17 -I "$prefix/$includedir" -o "$work/alone/cpp" "$here/consumer.cpp" "$prefix/$libdir/libuom.a"
+expect_ok "C++, static" "$work/alone/cpp"
 
 # The installed tool starts, if it was built.
 if [ -x "$prefix/bin/uom" ]; then

@@ -1,7 +1,6 @@
 // uom classes, uom units: what there is to convert.
 #include <iostream>
 #include <memory>
-#include <set>
 
 #include "commands.h"
 #include "library.h"
@@ -9,100 +8,87 @@
 
 namespace {
 
-// "Mass / Leng Time 2": the components of a chain as a class string.
-std::string components(const UomStructNode *chain) {
+// "Mass / Leng Time 2": the components of a class as a class string.
+std::string componentsOf(int32_t classId) {
+    if (uom_IsClassBase(classId))
+        return "";
     std::string text;
     int sign = 1;
-    for (const UomStructNode *node = chain; node; node = node->next) {
-        const int32_t exponent = node->baseExponent * sign;
+    for (const UomStructNode &node : uom::Chain(uom_CreateStruct(classId, 1, nullptr))) {
+        const int32_t exponent = node.baseExponent * sign;
         if (exponent < 0) {
             text += text.empty() ? "1 /" : " /";
             sign = -sign;
         }
-        text += (text.empty() ? "" : " ") + classText(node->baseClass, UOM_STYLE_TOKEN);
+        text += (text.empty() ? "" : " ") + uom::classText(node.baseClass);
         if (std::abs(exponent) != 1)
             text += " " + std::to_string(std::abs(exponent));
     }
     return text;
 }
 
-std::string componentsOf(int32_t classId) {
-    if (uom_IsClassBase(classId))
-        return "";
-    const Chain chain(uom_CreateStruct(classId, 1, nullptr));
-    return components(chain.get());
+std::vector<uom::ClassEntry> allClasses() {
+    std::vector<uom::ClassEntry> classes;
+    for (int32_t c = 1; c < uom_GetUOMClassCount(); ++c) {
+        const std::string token = uom::classText(c);
+        if (!token.empty())
+            classes.push_back({c, token, uom::classText(c, UOM_STYLE_LONG_NAME), uom::classText(c, UOM_STYLE_KEYWORD)});
+    }
+    return classes;
 }
 
 int runClasses(bool all) {
     TextTable table;
     table.rightAligned = 1;
     table.rows.push_back({"Number", "Token", "Long name", "Keyword", "Components"});
-    const std::vector<std::string> listed = textLines(Table(uom_GetClassList(UOM_STYLE_TOKEN)).get());
-    const std::set<std::string> shown(listed.begin(), listed.end());
-    for (int32_t c = all ? 1 : FIRST_CLASS; c < uom_GetUOMClassCount(); ++c) {
-        const std::string token = classText(c, UOM_STYLE_TOKEN);
-        if (!token.empty() && (all || shown.count(token)))
-            table.rows.push_back({std::to_string(c), token, classText(c, UOM_STYLE_LONG_NAME),
-                                  classText(c, UOM_STYLE_KEYWORD), componentsOf(c)});
-    }
+    for (const uom::ClassEntry &entry : all ? allClasses() : uom::classes())
+        table.rows.push_back(
+            {std::to_string(entry.number), entry.token, entry.longName, entry.keyword, componentsOf(entry.number)});
     print(table);
     return 0;
 }
 
-// The units of a class as an array; empty for a class without a list.
-std::vector<int32_t> unitsOf(int32_t classId) {
-    const Table list(uom_GetUnitList(classId));
-    std::vector<int32_t> units(list ? list->count : 0);
-    if (!units.empty())
-        uom_GetUnitIndices(classId, units.data(), static_cast<int32_t>(units.size()));
-    return units;
-}
-
 // "*", with the thousand or million that the default has, for the unit that the node holds.
-std::string defaultMark(UomStructNode *node, int32_t unit) {
-    if (node->unit != unit || unit <= UOM_NULL)
+std::string defaultMark(const UomStructNode &node, int32_t unit) {
+    if (node.unit != unit || unit <= UOM_NULL)
         return "";
-    char multiplier[16] = "";
-    uom_GetUOMMultiplierString(node, multiplier, sizeof multiplier);
-    return "*" + (*multiplier ? " " + std::string(multiplier) : "");
+    const std::string multiplier = uom::multiplierText(node);
+    return "*" + (multiplier.empty() ? "" : " " + multiplier);
 }
 
-void printUnitsOf(UomStructNode *node, bool marked) {
+void printUnitsOf(const UomStructNode &node, bool marked) {
     TextTable table;
     table.rows.push_back({"Unit", "Offset", "Factor", "Description"});
-    for (const int32_t unit : unitsOf(node->baseClass)) {
-        double offset, factor;
-        uom_GetConvConstants(unit, &offset, &factor);
-        table.rows.push_back({unitText(unit, UOM_STYLE_TOKEN), shortestNumber(offset), shortestNumber(factor),
-                              unitText(unit, UOM_STYLE_LONG_NAME)});
+    for (const uom::UnitEntry &unit : uom::units(node.baseClass)) {
+        table.rows.push_back({unit.token, shortestNumber(unit.offset), shortestNumber(unit.factor), unit.description});
         if (marked)
-            table.rows.back().insert(table.rows.back().begin(), defaultMark(node, unit));
+            table.rows.back().insert(table.rows.back().begin(), defaultMark(node, unit.number));
     }
     if (marked)
         table.rows[0].insert(table.rows[0].begin(), "");
     print(table);
 }
 
-std::string heading(const UomStructNode *node) {
-    const std::string exponent = node->baseExponent == 1 ? "" : " " + std::to_string(node->baseExponent);
-    return classText(node->baseClass, UOM_STYLE_LONG_NAME) + " (" + classText(node->baseClass, UOM_STYLE_TOKEN) +
-           exponent + ")";
+std::string heading(const UomStructNode &node) {
+    const std::string exponent = node.baseExponent == 1 ? "" : " " + std::to_string(node.baseExponent);
+    return uom::classText(node.baseClass, UOM_STYLE_LONG_NAME) + " (" + uom::classText(node.baseClass) + exponent + ")";
 }
 
-bool isParenthesis(const UomStructNode *node) {
-    return node->baseClass < FIRST_CLASS;
+bool isParenthesis(const UomStructNode &node) {
+    return node.baseClass < FIRST_CLASS;
 }
 
 int runUnits(const std::string &classString, const std::string &slate) {
-    const Chain chain = newChain(fromTerminal(classString));
+    const uom::Chain chain(fromTerminal(classString));
     if (!slate.empty())
-        uom_InitializeUnits(chain.get(), slateNumber(slate));
-    const bool headings = chain->next != nullptr || chain->baseClass != chain->classId;
-    for (UomStructNode *node = chain.get(); node; node = node->next) {
+        uom_InitializeUnits(chain.get(), uom::findSlate(slate));
+    const UomStructNode *first = chain.get();
+    const bool headings = first->next != nullptr || first->baseClass != first->classId;
+    for (const UomStructNode &node : chain) {
         if (isParenthesis(node))
             continue;
         if (headings)
-            std::cout << (node == chain.get() ? "" : "\n") << heading(node) << '\n';
+            std::cout << (&node == first ? "" : "\n") << heading(node) << '\n';
         printUnitsOf(node, !slate.empty());
     }
     return 0;

@@ -6,7 +6,6 @@
 #include "commands.h"
 #include "data_file.h"
 #include "library.h"
-#include "start.h"
 #include "text.h"
 
 namespace {
@@ -25,12 +24,12 @@ void check(const std::string &path, Findings &findings) {
         return;
     checkUnits(file, findings);
     // In this mode start-up leaves the tokens of the units as the file has them.
-    const int status = startWithFile(path, {"kesta"});
-    const bool started = status == UOM_DONE || status == UOM_START_BAD_CLASSES || status == UOM_START_BAD_UNITS;
-    if (!started && status != UOM_START_BAD_STRUCTURE)
-        throw Failure(libraryMessage());
-    if (status != UOM_DONE)
-        findings.push_back({std::max(file.stoppedAt, 1), libraryMessage()});
+    const uom::Result<void> start = uom::tryStartFile(path, {"kesta"});
+    const bool started = start || start.code() == UOM_START_BAD_CLASSES || start.code() == UOM_START_BAD_UNITS;
+    if (!started && start.code() != UOM_START_BAD_STRUCTURE)
+        throw uom::Error(start.status());
+    if (!start)
+        findings.push_back({std::max(file.stoppedAt, 1), start.message()});
     if (!started)
         return;
     checkLists(file, findings);

@@ -54,7 +54,7 @@ void checkSelectList(ListChecker &checker, const Section &list) {
     }
     if (found > 0)
         checker.classesWithUnits.insert(classId);
-    const std::string key = application ? list.name : classText(classId, UOM_STYLE_TOKEN);
+    const std::string key = application ? list.name : uom::classText(classId);
     const auto [first, isNew] = checker.lineOfList.emplace(key, list.line);
     if (!isNew)
         report(checker, list.line,
@@ -87,8 +87,7 @@ void checkSection(ListChecker &checker, const Section &section) {
 void checkMissing(ListChecker &checker) {
     for (int32_t c = FIRST_CLASS; c < UOM_COMPILED_CLASSES; ++c)
         if (uom_IsClassBase(c) && !checker.classesWithUnits.count(c))
-            report(checker, checker.file.lastLine,
-                   "the class \"" + classText(c, UOM_STYLE_TOKEN) + "\" has no list of units");
+            report(checker, checker.file.lastLine, "the class \"" + uom::classText(c) + "\" has no list of units");
     for (const char *needed : neededLists)
         if (!checker.lineOfList.count(needed))
             report(checker, checker.file.lastLine, "the list \"" + std::string(needed) + "\" is missing");
@@ -97,7 +96,7 @@ void checkMissing(ListChecker &checker) {
 } // namespace
 
 void checkLists(const DataFile &file, Findings &findings) {
-    const std::vector<std::string> known = textLines(Table(uom_GetKnownLists()).get());
+    const std::vector<std::string> known = uom::Table(uom_GetKnownLists()).texts();
     ListChecker checker = {file, findings, {known.begin(), known.end()}};
     for (const DataLine &unit : file.units)
         checker.units.emplace(lowerCase(unit.tokens[0]), &unit == &file.units.front());

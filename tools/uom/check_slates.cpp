@@ -33,7 +33,7 @@ void report(SlateChecker &checker, int line, const std::string &text) {
 // The text of any slate lists all custom classes, as "NewClass0=Name,definition".
 std::vector<ClassDefinition> customClasses() {
     std::vector<ClassDefinition> classes;
-    for (const std::string &line : textLines(Table(uoms_GetSetDefinition(SCRATCH_SLATE, 2)).get())) {
+    for (const std::string &line : uom::slateDefinition(SCRATCH_SLATE)) {
         const size_t equals = line.find('=');
         const size_t comma = line.find(',', std::min(equals, line.size()));
         if (line.starts_with("NewClass") && comma != std::string::npos)
@@ -47,7 +47,7 @@ std::vector<ClassDefinition> customClasses() {
 // Why the library refuses a class now; a class that it makes now was defined too early in the file.
 std::string refusal(const std::string &name, const char *definition) {
     if (uoms_NewClass(name.c_str(), definition) != 0)
-        return libraryMessage();
+        return uom::lastMessage();
     uoms_DeleteClass(name.c_str());
     return "UOM class \"" + name + "\" was not created: \"" + definition + "\" is only known further down.";
 }
@@ -83,7 +83,7 @@ void checkNewClassLine(SlateChecker &checker, const SlateLine &line) {
 
 // A parent may stand anywhere in the file.
 void checkParent(SlateChecker &checker, const SlateLine &line) {
-    if (uom_GetSetType(line.value.c_str()) < 1)
+    if (!uom::tryFindSlate(line.value))
         report(checker, line.number, "the parent \"" + line.value + "\" is no slate");
 }
 
@@ -99,8 +99,8 @@ void checkDefault(SlateChecker &checker, const SlateLine &line) {
         report(checker, line.number, fault);
     else if (custom >= UOM_COMPILED_CLASSES + checker.seen)
         report(checker, line.number, "the class \"" + line.key + "\" is only known further down");
-    else if (uoms_SetClassDefault(SCRATCH_SLATE, line.key.c_str(), line.value.c_str()) != 0)
-        report(checker, line.number, libraryMessage());
+    else if (const auto set = uom::trySetDefault(SCRATCH_SLATE, line.key, line.value); !set)
+        report(checker, line.number, set.message());
 }
 
 struct SlateKey {
@@ -146,7 +146,7 @@ void restoreBasis(const DataFile &file) {
         for (const DataLine &item : section.lines)
             tokens.push_back(item.tokens[0]);
     }
-    uoms_SetUOMChoices("Basis", textTable(tokens).get());
+    uoms_SetUOMChoices("Basis", uom::Table::ofTexts(tokens).get());
 }
 
 } // namespace

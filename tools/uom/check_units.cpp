@@ -43,7 +43,7 @@ std::vector<std::string> splitAt(char mark, const std::string &text) {
 
 // The rules about a well-known unit that is missing fall silent.
 void checkKnownUnits(const DataFile &file, const std::map<std::string, int> &lineOfToken, Findings &findings) {
-    for (const std::string &known : textLines(Table(uom_GetKnownUnits()).get())) {
+    for (const std::string &known : uom::Table(uom_GetKnownUnits()).texts()) {
         std::string names;
         bool found = false;
         for (const std::string &token : splitAt('|', known)) {

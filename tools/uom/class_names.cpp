@@ -5,7 +5,7 @@
 
 static int32_t findClass(int32_t first, int32_t end, const std::string &name, int32_t style) {
     for (int32_t c = first; c < end; ++c)
-        if (equalNoCase(classText(c, style), name))
+        if (equalNoCase(uom::classText(c, style), name))
             return c;
     return 0;
 }

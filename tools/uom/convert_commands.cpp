@@ -58,8 +58,8 @@ std::shared_ptr<ConversionArguments> addConversionArguments(CLI::App &command, c
 
 Units readUnits(const ConversionArguments &arguments) {
     if (arguments.hasSlates()) {
-        slateNumber(arguments.fromSlate);
-        slateNumber(arguments.toSlate);
+        uom::findSlate(arguments.fromSlate);
+        uom::findSlate(arguments.toSlate);
         return {fromTerminal(arguments.words[0]), arguments.fromSlate, arguments.toSlate};
     }
     return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
@@ -71,10 +71,16 @@ void requireUnitWords(const ConversionArguments &arguments) {
         throw CLI::RequiredError("CLASS, FROM and TO, or CLASS with --from-slate and --to-slate,");
 }
 
+// Says why units were refused; of a class string with no class in it ("", "/") the library says nothing.
+[[noreturn]] void refuse() {
+    const std::string message = uom::lastMessage();
+    throw Failure(message.empty() ? "The Unit-of-Measure class is missing." : message);
+}
+
 // Each value is a call of its own: what a value gives does not depend on its place in the input.
 double convert(const Units &units, double value) {
     if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != UOM_DONE)
-        throw Failure(refusalMessage());
+        refuse();
     return value;
 }
 
@@ -142,7 +148,7 @@ int runConstants(const ConversionArguments &arguments) {
     if (status == UOM_CONVERT_NOT_LINEAR)
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != UOM_DONE)
-        throw Failure(refusalMessage());
+        refuse();
     std::cout << "factor " << roundedNumber(factor, arguments.digits) << '\n';
     std::cout << "offset " << roundedNumber(offset, arguments.digits) << '\n';
     return 0;

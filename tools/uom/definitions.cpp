@@ -19,10 +19,6 @@ struct DefinitionLine {
 // What went wrong with a line, empty when nothing.
 using Complaint = std::string;
 
-std::string noSlate(const std::string &name) {
-    return "There is no slate \"" + name + "\".";
-}
-
 bool isKey(const DefinitionLine &line, std::string_view key) {
     return equalNoCase(line.key, key);
 }
@@ -38,9 +34,8 @@ bool classExists(const std::string &name) {
 // Hands the line to the library; its message, empty when it wrote none.
 Complaint putLine(const DefinitionLine &line) {
     statedDefault(line.slate, "isSystem"); // clears the last-error text
-    const Table lines = textTable({"[" + line.slate + "]", line.text});
-    uoms_PutSetDefinition(line.slate.c_str(), lines.get());
-    return libraryMessage();
+    uom::putSlateDefinition(line.slate, std::vector<std::string>{"[" + line.slate + "]", line.text});
+    return uom::lastMessage();
 }
 
 // The library has a message for every line of this key, so whether the class is there decides. One that was
@@ -55,13 +50,13 @@ Complaint putNewClass(const DefinitionLine &line) {
     putLine(line);
     if (classExists(name))
         return "";
-    uoms_NewClass(name.c_str(), line.value->c_str() + comma + 1);
-    return libraryMessage();
+    return uom::tryNewClass(name, line.value->substr(comma + 1)).message();
 }
 
 Complaint copySlate(const DefinitionLine &line) {
-    if (uom_GetSetType(line.value->c_str()) < 1)
-        return noSlate(*line.value);
+    const uom::Result<int32_t> source = uom::tryFindSlate(*line.value);
+    if (!source)
+        return source.message();
     putLine(line);
     return "";
 }
@@ -99,7 +94,7 @@ Complaint openSection(DefinitionReader &reader, const std::string &text) {
     if (end != text.size() - 1 || name.empty())
         return "\"" + text + "\" is not a section name.";
     reader.slate = name;
-    if (uom_GetSetType(name.c_str()) < 1 && uoms_NewSet(name.c_str()) < 0)
+    if (!uom::tryFindSlate(name) && uoms_NewSet(name.c_str()) < 0)
         throw std::bad_alloc();
     return "";
 }
@@ -144,8 +139,7 @@ void readDefinitions(const std::vector<std::string> &paths) {
     for (const std::string &path : paths)
         readFile(reader, path);
     for (const DefinitionLine &line : reader.parents)
-        if (uom_GetSetType(line.value->c_str()) < 1)
-            complain(reader, line.place, noSlate(*line.value));
+        complain(reader, line.place, uom::tryFindSlate(*line.value).message());
     if (!reader.complaints.empty())
         throw Failure(reader.complaints);
 }

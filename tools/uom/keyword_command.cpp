@@ -19,50 +19,44 @@ bool isBlank(std::string_view text) {
 }
 
 // The layout has room for one class, without an exponent.
-bool isSingleClass(UomStructNode *chain) {
-    return uom_GetClassCount(chain) == 1 && chain->exponent == 1;
+bool isSingleClass(const uom::Chain &chain) {
+    return uom_GetClassCount(chain.get()) == 1 && chain.begin()->exponent == 1;
 }
 
 // Each unit must have a keyword, or the text would say less than the units do.
-void requireUnitKeywords(const UomStructNode *chain) {
-    for (const UomStructNode *node = chain; node; node = node->next)
-        if (node->unit > UOM_NULL && unitText(node->unit, UOM_STYLE_KEYWORD).empty())
-            throw Failure("The unit \"" + unitText(node->unit, UOM_STYLE_TOKEN) + "\" has no keyword.");
+void requireUnitKeywords(const uom::Chain &chain) {
+    for (const UomStructNode &node : chain)
+        if (node.unit > UOM_NULL && uom::unitText(node.unit, UOM_STYLE_KEYWORD).empty())
+            throw Failure("The unit \"" + uom::unitText(node.unit) + "\" has no keyword.");
 }
 
 // A rate in moles is written in the mass unit of the same name; the library clears the unit when there is none.
-bool lostUnit(UomStructNode *chain) {
-    return uom_CheckForBasis(chain) && chain->next && chain->next->unit == UOM_NULL;
+bool lostUnit(const uom::Chain &chain) {
+    const UomStructNode *behind = chain.begin()->next;
+    return uom_CheckForBasis(chain.get()) && behind && behind->unit == UOM_NULL;
 }
 
 int runWrite(const KeywordArguments &arguments) {
-    const Chain chain = newChain(fromTerminal(arguments.classString));
-    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), UOM_STYLE_TOKEN) != 0)
-        throw Failure(libraryMessage());
-    requireUnitKeywords(chain.get());
-    char text[512] = "";
-    if (isSingleClass(chain.get()))
-        uom_StructToOXString(chain.get(), text, sizeof text);
+    const uom::Chain chain(fromTerminal(arguments.classString), fromTerminal(arguments.units));
+    requireUnitKeywords(chain);
+    std::string text;
+    if (isSingleClass(chain))
+        text = uom::wholeText([&](char *out, int32_t size) { uom_StructToOXString(chain.get(), out, size); });
     if (isBlank(std::string_view(text).substr(0, KEYWORD_WIDTH)))
         throw Failure("The class \"" + arguments.classString + "\" has no keyword text.");
-    if (lostUnit(chain.get()))
+    if (lostUnit(chain))
         throw Failure("The units \"" + arguments.units + "\" have no keyword text.");
     std::cout << toTerminal(text) << '\n';
     return 0;
 }
 
 int runRead(const std::string &text) {
-    char classString[512] = "", units[512] = "";
-    const Chain chain(uom_ClassAndUnitToStruct(fromTerminal(text).c_str(), UOM_STYLE_KEYWORD));
-    if (chain) {
-        uom_BuildClassString(chain.get(), classString, sizeof classString, UOM_STYLE_TOKEN);
-        uom_GetDisplayUnits(chain.get(), units, sizeof units, UOM_STYLE_TOKEN);
-    }
+    const uom::Chain chain(uom_ClassAndUnitToStruct(fromTerminal(text).c_str(), UOM_STYLE_KEYWORD));
+    const std::string units = chain.units();
     // Units that are not found leave their places empty: then the rest can't be read as units of the class.
-    const Chain again(uom_Copy(chain.get()));
-    if (!again || uom_FillStructFromString(again.get(), units, UOM_STYLE_TOKEN) != 0)
+    if (!chain.copy().tryFill(units))
         throw Failure("The keyword text \"" + text + "\" is not understood.");
-    std::cout << toTerminal(classString) << '\n' << toTerminal(units) << '\n';
+    std::cout << toTerminal(chain.classText()) << '\n' << toTerminal(units) << '\n';
     return 0;
 }
 

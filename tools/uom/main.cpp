@@ -115,7 +115,7 @@ int run(int count, char **words) {
     CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
     GlobalOptions options;
     addGlobalOptions(app, options);
-    app.set_version_flag("--version", std::string("uom ") + uom_GetVersion());
+    app.set_version_flag("--version", "uom " + uom::version());
     app.footer(EXAMPLES);
     app.require_subcommand(1);
     app.fallthrough();
@@ -150,7 +150,7 @@ int main(int count, char **words) {
         std::cout.flush();
         std::cerr << "uom: " << toTerminal(failure.what()) << '\n';
     }
-    uom_Cleanup();
+    uom::end();
     std::cout.flush();
     if (!std::cout) {
         std::cerr << "uom: Unable to write the output.\n";

@@ -1,4 +1,5 @@
 // uom related: the other forms of a class string, and its dimensions.
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -10,53 +11,46 @@ namespace {
 
 constexpr int32_t CLOSING_PARENTHESIS = 2;
 
-using GetForm = int32_t (*)(const char *classString, char *out, int32_t size);
+using GetForm = std::string (*)(std::string_view classString);
 
 struct Form {
     const char *name;
     GetForm get;
 };
 const Form forms[] = {
-    {"Absolute", uoms_GetAbsoluteClass},
-    {"Difference", uoms_GetDifferenceClass},
-    {"Standard", uoms_GetStandardClass},
+    {"Absolute", uom::absoluteClass},
+    {"Difference", uom::differenceClass},
+    {"Standard", uom::standardClass},
 };
 
 // Mass, length, time, temperature, charge and currency.
 const char *const dimensionNames[] = {"M", "L", "t", "T", "Q", "$"};
 
 // The library counts what stands in a group once, whatever the power of the group is.
-bool hasGroupPower(const UomStructNode *chain) {
-    for (const UomStructNode *node = chain; node; node = node->next)
-        if (node->classId == CLOSING_PARENTHESIS && node->exponent != 1)
-            return true;
-    return false;
+bool hasGroupPower(const uom::Chain &chain) {
+    return std::any_of(chain.begin(), chain.end(), [](const UomStructNode &node) {
+        return node.classId == CLOSING_PARENTHESIS && node.exponent != 1;
+    });
 }
 
-std::string dimensionsOf(const UomStructNode *chain, const std::string &classString) {
+std::string dimensionsOf(const uom::Chain &chain, const std::string &classString) {
     if (hasGroupPower(chain))
         return "not known for a power of a group";
-    int32_t exponents[std::size(dimensionNames)] = {};
-    uoms_GetDimensions(classString.c_str(), exponents);
+    const auto exponents = uom::dimensions(classString);
     std::string text;
-    for (size_t i = 0; i < std::size(dimensionNames); ++i)
+    for (size_t i = 0; i < exponents.size(); ++i)
         text += (i ? "  " : "") + std::string(dimensionNames[i]) + " " + std::to_string(exponents[i]);
     return text;
 }
 
 int runRelated(const std::string &given) {
-    char text[8192];
-    const Chain chain = newChain(fromTerminal(given));
-    uom_BuildClassString(chain.get(), text, sizeof text, UOM_STYLE_TOKEN);
-    const std::string classString = text;
+    const uom::Chain chain(fromTerminal(given));
+    const std::string classString = chain.classText();
     TextTable table;
     table.rows.push_back({"Class", classString});
-    for (const Form &form : forms) {
-        if (form.get(classString.c_str(), text, sizeof text) != 0)
-            throw Failure(libraryMessage());
-        table.rows.push_back({form.name, text});
-    }
-    table.rows.push_back({"Dimensions", dimensionsOf(chain.get(), classString)});
+    for (const Form &form : forms)
+        table.rows.push_back({form.name, form.get(classString)});
+    table.rows.push_back({"Dimensions", dimensionsOf(chain, classString)});
     print(table);
     return 0;
 }

@@ -1,7 +1,6 @@
 // uom report: the whole catalogue as a document.
 #include <map>
 #include <memory>
-#include <system_error>
 
 #include "commands.h"
 #include "library.h"
@@ -26,13 +25,8 @@ struct ReportArguments {
 
 int runReport(const ReportArguments &arguments) {
     const int32_t options = arguments.options + (arguments.multipliers ? UOM_REPORT_MULTIPLIERS : 0);
-    const int32_t status = uom_Dump(options, arguments.path.c_str());
-    if (status == 0)
-        return 0;
-    const std::string place = arguments.path.empty() ? "standard output" : "\"" + arguments.path + "\"";
-    // Below 0 the file was made, but could not be written to the end.
-    throw Failure("Unable to write the report to " + place +
-                  (status > 0 ? ": " + std::generic_category().message(status) : "") + ".");
+    uom::report(options, arguments.path);
+    return 0;
 }
 
 } // namespace

@@ -29,10 +29,11 @@ struct SlateTree {
 };
 
 SlateTree readSlates() {
-    SlateTree tree;
-    tree.names = textLines(Table(uom_GetSetList()).get());
-    for (const std::string &slate : tree.names)
-        tree.parents.push_back(slateParent(slate));
+    SlateTree tree = {{""}, {""}, {}};
+    for (const uom::SlateEntry &slate : uom::slates()) {
+        tree.names.push_back(slate.name);
+        tree.parents.push_back(slate.parent);
+    }
     tree.roots.assign(tree.names.size(), UNKNOWN);
     return tree;
 }
@@ -79,8 +80,7 @@ int runSlates() {
 }
 
 int runSlate(const std::string &name, int32_t layout) {
-    slateNumber(name);
-    for (const std::string &line : textLines(Table(uoms_GetSetDefinition(name.c_str(), layout)).get()))
+    for (const std::string &line : uom::slateDefinition(name, layout))
         std::cout << toTerminal(line) << '\n';
     return 0;
 }
@@ -90,26 +90,14 @@ struct ShowArguments {
     int32_t style = UOM_STYLE_TOKEN;
 };
 
-std::string unitsInSlate(const ShowArguments &arguments) {
-    char text[8192];
-    slateNumber(arguments.slate);
-    uoms_GetDisplayUnits(arguments.classString.c_str(), arguments.slate.c_str(), text, sizeof text, arguments.style);
-    if (!*text)
-        newChain(arguments.classString); // an empty text for a class string that is understood is an answer
-    return text;
-}
-
 std::string unitsAsGiven(const ShowArguments &arguments) {
-    char text[8192];
-    const Chain chain = newChain(arguments.classString);
-    if (uom_FillStructFromString(chain.get(), fromTerminal(arguments.units).c_str(), UOM_STYLE_TOKEN) != 0)
-        throw Failure(libraryMessage());
-    uom_GetDisplayUnits(chain.get(), text, sizeof text, arguments.style);
-    return text;
+    return uom::Chain(arguments.classString, fromTerminal(arguments.units)).units(arguments.style);
 }
 
 int runShow(const ShowArguments &arguments) {
-    const std::string text = arguments.units.empty() ? unitsInSlate(arguments) : unitsAsGiven(arguments);
+    const std::string text = arguments.units.empty()
+                                 ? uom::displayUnits(arguments.classString, arguments.slate, arguments.style)
+                                 : unitsAsGiven(arguments);
     std::cout << toTerminal(text) << '\n';
     return 0;
 }

@@ -11,9 +11,6 @@ struct StartOptions {
     std::vector<std::string> definitions; // files of slate definitions
 };
 
-// Starts the library with the words, and "-f" and the path. Its status: 0 and above as uom_Init2.
-int startWithFile(const std::string &path, const std::vector<std::string> &words);
-
 // Starts the library and reads the slate definitions. Throws on failure.
 void startLibrary(const StartOptions &options);
 
