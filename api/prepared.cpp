@@ -24,7 +24,7 @@ void uom_FreeConversion(UomConversion *conversion) {
 }
 
 double uom_ConvertOne(const UomConversion *conversion, double value) {
-    return conversion ? conversion->run.one(conversion, value) : value;
+    return conversion ? uom::prepared_One(*conversion, value) : value;
 }
 
 void uom_ConvertMany(const UomConversion *conversion, const double *in, double *out, size_t count) {

@@ -93,18 +93,6 @@ bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
 
 } // namespace
 
-bool unit_IsValid(const Catalogue &catalogue, int32_t unit) {
-    return unit > NO_UNIT && unit < catalogue.units.count;
-}
-
-const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit) {
-    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
-}
-
-UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
-    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
-}
-
 const char *unit_Token(const Catalogue &catalogue, int32_t unit) {
     const UomUnit *found = unit_Record(catalogue, unit);
     return found && found->token ? found->token : "";

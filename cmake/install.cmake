@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/uom")
 
 install(TARGETS uom uom_static EXPORT uomTargets)
-install(FILES include/uom/uom.h DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/uom")
+install(DIRECTORY include/uom DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h")
 install(FILES "${UOM_DATA_FILE}" DESTINATION "${CMAKE_INSTALL_DATADIR}/uom")
 if(TARGET uom_tool)
     install(TARGETS uom_tool)

@@ -1,7 +1,7 @@
 #include "conversion/decimal.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "conversion/wide.h"
 #include "support/numbers.h"
@@ -18,11 +18,22 @@ constexpr double SHORT_END = 1e15; // the first whole number of 16 digits
 constexpr int32_t SHORT_DIGITS = 15;
 constexpr int32_t MOST_DIGITS = 17; // as many tell any two doubles apart
 constexpr int64_t MOST_DENOMINATOR = 1000;
+constexpr int32_t MOST_PLACES = static_cast<int32_t>(DECIMAL_EXACT_TENS);
 
 // The nearest whole number. REQUIRES: |x| < 2^51.
 double wholeOf(double x) {
     const double magic = 0x1.8p52;
     return (x + magic) - magic;
+}
+
+// The most places behind the point with which a number below 1e15 stays below it, and at most 22.
+int32_t placesOf(double number) {
+    constexpr double LOG10_OF_2 = 0.30102999566398120;
+    const double magnitude = LOG10_OF_2 * exact_Exponent(number); // at most 0.31 below the logarithm
+    int32_t places = std::clamp(SHORT_DIGITS - 2 - static_cast<int32_t>(std::floor(magnitude)), 0, MOST_PLACES);
+    while (places < MOST_PLACES && number * decimalTens[places + 1] < SHORT_END)
+        ++places;
+    return places;
 }
 
 // Printed with so many digits; true when it reads back.
@@ -64,27 +75,24 @@ bool readsAs(int64_t numerator, int64_t denominator, double number) {
 
 } // namespace
 
+// With all of its 15 digits, the last of which may be zeros, it is the nearest of its kind or there is none.
 Decimal decimal_Short(double number) {
-    for (uint64_t places = 0; places <= DECIMAL_EXACT_TENS; ++places) {
-        const double moved = number * decimalTens[places];
-        if (moved >= SHORT_END)
-            break;
-        const double whole = wholeOf(moved);
-        if (std::fabs(moved - whole) <= moved * 0x1p-51 && whole / decimalTens[places] == number)
-            return {static_cast<int64_t>(whole), -static_cast<int32_t>(places)};
+    if (number >= SHORT_END) {
+        Decimal printed;
+        return print(number, SHORT_DIGITS, &printed) ? printed : Decimal();
     }
-    // Most that come here have more digits. Of very large and very small ones printing alone tells.
+    const int32_t places = placesOf(number);
+    const double tens = decimalTens[places];
+    const double whole = wholeOf(number * tens);
+    if (whole / tens == number)
+        return {static_cast<int64_t>(whole), -places};
     Decimal printed;
-    const bool beyond = number >= SHORT_END || number * decimalTens[DECIMAL_EXACT_TENS] < SHORT_END;
-    return beyond && print(number, SHORT_DIGITS, &printed) ? printed : Decimal();
+    return number * tens < SHORT_END / 10 && print(number, SHORT_DIGITS, &printed) ? printed : Decimal();
 }
 
 Decimal decimal_Long(double number) {
-    int32_t places = 0;
-    while (places < static_cast<int32_t>(DECIMAL_EXACT_TENS) && number * decimalTens[places] < SHORT_END)
-        ++places;
-    const bool exact = places < static_cast<int32_t>(DECIMAL_EXACT_TENS) && number < 10 * SHORT_END;
-    if (exact) {
+    const int32_t places = number < SHORT_END ? placesOf(number) + 1 : 0;
+    if (places < MOST_PLACES && number < 10 * SHORT_END && number * decimalTens[places] >= SHORT_END) {
         double distance;
         const Decimal sixteen = nearest(number, places, &distance);
         if (std::fabs(distance) < reach(number) * decimalTens[places])

@@ -42,6 +42,31 @@ struct ChainNodes {
     ChainSide toSide(const Place &place) const { return {catalogue, *place.to}; }
 };
 
+// A chain of one node whose scale is what the catalogue has of its unit. Nearly all that is converted one by one is.
+bool isPlain(const UomStructNode &node) {
+    return !node.next && node.multiplier == 0 && (node.baseExponent == 1 || node.baseExponent == 0) &&
+           node.baseClass != CLASS_PETRO_MASS && node.classId != CLASS_OPEN && node.classId != CLASS_CLOSE;
+}
+
+bool plainScale(const Catalogue &catalogue, const UomStructNode &node, Scale *scale) {
+    UnitPowers none;
+    return scale_Constants(catalogue, node.classId, node.exponent, node.baseClass, node.unit, node.baseExponent, 0,
+                           scale, &none) == 0;
+}
+
+// The walk over two such chains while no gravity waits.
+double convertPlain(const Catalogue &catalogue, Running &running, double value, const UomStructNode &from,
+                    const UomStructNode &to) {
+    Running pair = {1.0, 0.0, 1, 0, 0, 0};
+    Scale scale;
+    if (plainScale(catalogue, from, &scale))
+        value = walk_Scaled(pair, value, scale);
+    if (!num_IsNull(value) && plainScale(catalogue, to, &scale))
+        value = walk_Unscaled(numConstants, pair, value, scale);
+    running = pair;
+    return value;
+}
+
 } // namespace
 
 bool gravity_Is(const Catalogue &catalogue, const UomStructNode &node) {
@@ -71,6 +96,8 @@ double uom_FromBase(const Catalogue &catalogue, Running &running, double value, 
 double uom_ConvertFromTo(const Catalogue &catalogue, Running &running, double value, UomStruct from, UomStruct to) {
     if (!from || !to || num_IsNull(value))
         return value;
+    if (isPlain(*from) && isPlain(*to) && !running.apiPending)
+        return convertPlain(catalogue, running, value, *from, *to);
     return walk_Convert(ChainNodes{catalogue, from, to}, numConstants, running, value);
 }
 

@@ -5,7 +5,8 @@
 // What a machine tells of its vectors (REQUIRES in each file): Vector, Mask, WIDTH; set, add, sub, mul, div, fma; load and
 // store of WIDTH doubles or floats, and of the first n of them; select(mask, yes, no), atLeast, above, both, either, any,
 // all, absolute; rest(x, y, sum), what rounding left out of sum = x + y; and unusual(a, b, bound), true where a magnitude
-// is above the bound and perhaps where one is NaN, for which the usual way is as good.
+// is above the bound and perhaps where one is NaN, for which the usual way is as good. Then Apart, the machine's vectors for
+// values that lie apart, with loadApart and storeApart; and FUSED, an instruction makes fma.
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -33,6 +34,7 @@ template <class Element> inline void putElement(Element *array, size_t i, Elemen
 
 // NaN and no value come back.
 struct Product {
+    static constexpr bool USUAL = false;
     static double one(const Line &line, double x) { return x >= line.limit ? x * line.factor : x; }
 
     template <class M> struct Constants {
@@ -46,6 +48,7 @@ struct Product {
 
 // The factor is split towards 0, so that the products of an infinity have one sign.
 struct WideProduct {
+    static constexpr bool USUAL = false;
     static double one(const Line &line, double x) {
         return x >= line.limit ? __builtin_fma(x, line.factor, x * line.factorRest) : x;
     }
@@ -63,6 +66,7 @@ struct WideProduct {
 // d = x + offset is rounded; what that left out, t, is exact. The sum of all that is small is added to d * factor with
 // the one rounding that counts.
 struct Shifted {
+    static constexpr bool USUAL = true; // the vectors take usual values alone
     static double one(const Line &line, double x) {
         if (!(x >= line.limit && x <= __DBL_MAX__))
             return x < line.limit ? x : x * line.factor;
@@ -142,6 +146,15 @@ inline void convertUsual(const Line &line, const Element *in, Element *out, size
         for (size_t k = 0; k < UNROLLED; ++k)
             M::store(out + i + k * M::WIDTH, convert(x[k]));
     }
+    for (; i + 2 * M::WIDTH <= count; i += 2 * M::WIDTH) {
+        const typename M::Vector x = M::load(in + i), y = M::load(in + i + M::WIDTH);
+        if (M::any(M::unusual(x, y, bound))) {
+            convertSome<Formula, M>(line, in + i, out + i, 2 * M::WIDTH);
+            continue;
+        }
+        M::store(out + i, convert(x));
+        M::store(out + i + M::WIDTH, convert(y));
+    }
     while (i < count) {
         const size_t n = count - i < M::WIDTH ? count - i : M::WIDTH;
         const typename M::Vector x = M::loadSome(in + i, n);
@@ -151,6 +164,34 @@ inline void convertUsual(const Line &line, const Element *in, Element *out, size
             M::storeSome(out + i, convert(x), n);
         i += n;
     }
+}
+
+template <class Formula>
+inline void convertSomeApart(const Line &line, const char *in, ptrdiff_t inStep, char *out, ptrdiff_t outStep,
+                             size_t count) {
+    for (; count > 0; --count, in += inStep, out += outStep) {
+        double x;
+        std::memcpy(&x, in, sizeof x);
+        x = Formula::one(line, x);
+        std::memcpy(out, &x, sizeof x);
+    }
+}
+
+// Values that lie apart, WIDTH at a time.
+template <class Formula, class M>
+inline void convertApart(const Line &line, const char *in, ptrdiff_t inStep, char *out, ptrdiff_t outStep,
+                         size_t count) {
+    const typename Formula::template Constants<M> convert(line);
+    const typename M::Vector bound = M::set(line.bound);
+    constexpr ptrdiff_t WIDTH = M::WIDTH;
+    for (; count >= M::WIDTH; count -= M::WIDTH, in += WIDTH * inStep, out += WIDTH * outStep) {
+        const typename M::Vector x = M::loadApart(in, inStep);
+        if (Formula::USUAL && M::any(M::unusual(x, x, bound)))
+            convertSomeApart<Formula>(line, in, inStep, out, outStep, M::WIDTH);
+        else
+            M::storeApart(out, outStep, convert(x));
+    }
+    convertSomeApart<Formula>(line, in, inStep, out, outStep, count);
 }
 
 // Values that lie apart go through a block where they lie together.
@@ -173,13 +214,7 @@ template <class Formula> struct LineOperations {
     template <class M>
     static void strided(const UomConversion *conversion, const char *in, ptrdiff_t inStep, char *out, ptrdiff_t outStep,
                         size_t count) {
-        const Line line = conversion->line;
-        for (; count > 0; --count, in += inStep, out += outStep) {
-            double x;
-            std::memcpy(&x, in, sizeof x);
-            x = Formula::one(line, x);
-            std::memcpy(out, &x, sizeof x);
-        }
+        convertApart<Formula, M>(conversion->line, in, inStep, out, outStep, count);
     }
 };
 
@@ -289,13 +324,14 @@ template <class M> struct GravityOperations {
 };
 
 template <class Kind, class M> constexpr Operations operationsOf() {
-    return {Kind::one, Kind::template many<double>, Kind::template many<float>, Kind::template strided<M>};
+    return {Kind::one, Kind::template many<double>, Kind::template many<float>,
+            Kind::template strided<typename M::Apart>};
 }
 
 template <class M>
-constexpr Kernels kernelsOf = {operationsOf<AnyOperations<Product, M>, M>(),
-                               operationsOf<AnyOperations<WideProduct, M>, M>(),
-                               operationsOf<UsualOperations<Shifted, M>, M>(), operationsOf<GravityOperations<M>, M>()};
+constexpr Kernels kernelsOf = {
+    operationsOf<AnyOperations<Product, M>, M>(), operationsOf<AnyOperations<WideProduct, M>, M>(),
+    operationsOf<UsualOperations<Shifted, M>, M>(), operationsOf<GravityOperations<M>, M>(), M::FUSED};
 
 } // namespace
 

@@ -12,6 +12,7 @@ struct Kernels {
     Operations wideProduct; // x * factor
     Operations shifted;     // (x + offset) * factor
     Operations gravity;
+    bool fused; // the machine has an instruction for a * b + c
 };
 
 // Those of one machine each, or null where this library was not compiled for it.

@@ -3,9 +3,8 @@
 
 #if defined(__AVX512F__) && defined(__AVX512DQ__) && defined(__AVX512VL__)
 
-#include <immintrin.h>
-
 #include "conversion/kernel_bodies.h"
+#include "conversion/vectors_avx2.h"
 
 namespace uom {
 
@@ -15,6 +14,8 @@ struct Avx512 {
     using Vector = __m512d;
     using Mask = __mmask8;
     static constexpr size_t WIDTH = 8;
+    static constexpr bool FUSED = true;
+    using Apart = Avx2; // no width has instructions that gather faster than this
 
     static Mask first(size_t n) { return static_cast<Mask>((1u << n) - 1); }
     static Vector set(double x) { return _mm512_set1_pd(x); }

@@ -14,7 +14,14 @@ Linear composed(const Linear &first, const Linear &second) {
     return {wide_CleanSum(first.offset, second.offset / first.factor), first.factor * second.factor};
 }
 
-// y / factor - offset
+// The one and then the other backwards: y / factor - offset.
+Linear undone(const Linear &first, const Linear &second) {
+    const Wide factor = first.factor / second.factor;
+    if (second.offset.high == 0.0)
+        return {first.offset, factor};
+    return {wide_CleanSum(first.offset, -(second.offset / factor)), factor};
+}
+
 Linear inverse(const Linear &line) {
     return {-(line.offset * line.factor), Wide{1.0, 0.0, 0} / line.factor};
 }
@@ -34,11 +41,10 @@ Linear repeated(Linear line, uint64_t times) {
 // its own ways, kept: it takes off every offset, and it does not count all rounds.
 struct Composer {
     const Catalogue &catalogue;
-    bool groups;
+    Linear *levels; // null when there is no group, and no need of the pair
     Linear value;
     Linear running;
-    int32_t depth = 0;
-    Linear levels[MAX_OPEN_GROUPS];
+    int32_t depth;
 };
 
 // 0, 1 or 2 as scale_Exactly, or 3 when there is no exact answer.
@@ -58,18 +64,18 @@ bool composeNode(Composer &composer, const UomStructNode &from, const UomStructN
     int32_t status = scaleOf(composer.catalogue, from, &scale);
     if (status == 0) {
         composer.value = composed(composer.value, scale);
-        if (composer.groups)
+        if (composer.levels)
             composer.running = composed(composer.running, scale);
     }
     if (status == 3)
         return false;
     status = scaleOf(composer.catalogue, to, &scale);
     if (status == 0) {
-        if (composer.groups)
-            composer.running = composed(composer.running, inverse(scale));
+        if (composer.levels)
+            composer.running = undone(composer.running, scale);
         if (scale.offset.high < 0.0)
             scale.offset = Wide();
-        composer.value = composed(composer.value, inverse(scale));
+        composer.value = undone(composer.value, scale);
     }
     return status != 3;
 }
@@ -101,9 +107,9 @@ void closeGroup(Composer &composer, int64_t power) {
         composer.value = composed(composer.value, repeated(group, static_cast<uint64_t>(power - 1)));
         fold(level, group, power - 1);
     } else {
-        const Linear undone = repeated(inverse(group), static_cast<uint64_t>(1 - power));
-        composer.value = composed(composer.value, undone);
-        level = composed(level, undone);
+        const Linear back = repeated(inverse(group), static_cast<uint64_t>(1 - power));
+        composer.value = composed(composer.value, back);
+        level = composed(level, back);
     }
     composer.running = level;
 }
@@ -115,10 +121,7 @@ bool hasGroup(const UomStructNode *node) {
     return false;
 }
 
-} // namespace
-
-bool linear_Compose(const Catalogue &catalogue, const UomStructNode *from, const UomStructNode *to, Linear *out) {
-    Composer composer = {catalogue, hasGroup(from), {}, {}, 0, {}};
+bool composeAll(Composer &composer, const UomStructNode *from, const UomStructNode *to, Linear *out) {
     for (; from && to; from = from->next, to = to->next) {
         if (from->classId == CLASS_OPEN)
             openGroup(composer);
@@ -129,6 +132,17 @@ bool linear_Compose(const Catalogue &catalogue, const UomStructNode *from, const
     }
     *out = {composer.value.offset, wide_Clean(composer.value.factor)};
     return true;
+}
+
+} // namespace
+
+bool linear_Compose(const Catalogue &catalogue, const UomStructNode *from, const UomStructNode *to, Linear *out) {
+    Composer composer = {catalogue, nullptr, {}, {}, 0};
+    if (!hasGroup(from))
+        return composeAll(composer, from, to, out);
+    Linear levels[MAX_OPEN_GROUPS];
+    composer.levels = levels;
+    return composeAll(composer, from, to, out);
 }
 
 } // namespace uom

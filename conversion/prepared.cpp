@@ -156,6 +156,8 @@ void setLine(UomConversion &conversion) {
     line.factor = factor.value;
     line.factorRest = factor.rest;
     line.rest = offset.rest * factor.value;
+    if (!shifted && factor.rest != 0.0 && kernels.fused)
+        line.quick = line.limit;
     conversion.run = shifted ? kernels.shifted : factor.rest == 0.0 ? kernels.product : kernels.wideProduct;
 }
 
@@ -209,7 +211,8 @@ int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, U
         return 11;
     }
     UomConversion *conversion = static_cast<UomConversion *>(block);
-    *conversion = {sameOperations, {limitOf(numConstants), 0, 0, 0, 0, 0}, {}, Form::SAME, exact, numConstants, nodes};
+    *conversion = {sameOperations, {limitOf(numConstants), 0, 0, 0, 0, 0, NAN}, {}, Form::SAME, exact, numConstants,
+                   nodes};
     if (walks) {
         conversion->form = Form::WALK;
         setWalk(catalogue, *conversion, from, to);

@@ -29,7 +29,9 @@ Wide withoutNoise(Wide sum, int64_t operands) {
 } // namespace
 
 Wide wide_Of(double x) {
-    int exponent = 0;
+    int exponent = exact_Exponent(x);
+    if (exponent > -1000 && exponent < 1000)
+        return wide_Normalised({x, 0.0}, 0);
     const double mantissa = std::frexp(x, &exponent);
     return wide_Normalised({mantissa, 0.0}, exponent);
 }
