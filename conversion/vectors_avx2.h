@@ -1,5 +1,12 @@
 // Vectors of AVX2 with FMA, for conversion/kernel_bodies.h. Included by files that are compiled with these instructions.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized" // what the header leaves undefined by intention, GCC 12 reports
+#endif
 #include <immintrin.h>
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 
 #include <cstddef>
 #include <cstring>
