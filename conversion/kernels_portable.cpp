@@ -15,6 +15,7 @@ struct Portable {
 #else
     static constexpr bool FUSED = true; // std::fma is the instruction, or its own substitute
 #endif
+    static constexpr bool STREAMS = false;
     using Apart = Portable;
 
     static double set(double x) {
@@ -33,6 +34,10 @@ struct Portable {
         store(to, x);
     }
 
+    static void stream(double *to, double x) {
+        store(to, x);
+    }
+    static void fence() {}
     static double loadApart(const char *from, ptrdiff_t) {
         double x;
         std::memcpy(&x, from, sizeof x);

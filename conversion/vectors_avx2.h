@@ -20,7 +20,7 @@ struct Avx2 {
     using Mask = __m256d;
     static constexpr size_t WIDTH = 4;
 
-    static constexpr bool FUSED = true;
+    static constexpr bool FUSED = true, STREAMS = true;
     using Apart = Avx2;
 
     static Vector set(double x) { return _mm256_set1_pd(x); }
@@ -28,6 +28,8 @@ struct Avx2 {
     static Vector load(const float *from) { return _mm256_cvtps_pd(_mm_loadu_ps(from)); }
     static void store(double *to, Vector x) { _mm256_storeu_pd(to, x); }
     static void store(float *to, Vector x) { _mm_storeu_ps(to, _mm256_cvtpd_ps(x)); }
+    static void stream(double *to, Vector x) { _mm256_stream_pd(to, x); }
+    static void fence() { _mm_sfence(); }
     template <class Element> static Vector loadSome(const Element *from, size_t n) {
         Element some[WIDTH] = {};
         std::memcpy(some, from, n * sizeof(Element));

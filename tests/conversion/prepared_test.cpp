@@ -384,6 +384,19 @@ TEST_F(PreparedTest, ArraysGiveWhatOneValueGives) {
     }
 }
 
+// So long that they are written past the caches.
+TEST_F(PreparedTest, LongArrays) {
+    const size_t count = (size_t{1} << 20) + 13;
+    const std::vector<double> in = values(count, 2);
+    for (const ExactCase &kind : {kinds[0], kinds[1], kinds[4], kinds[5]}) {
+        const Prepared prepared(kind.classString, kind.from, kind.to);
+        std::vector<double> out(count + 3, 77), expected = out;
+        std::transform(in.begin(), in.end(), expected.begin() + 1, [&](double x) { return prepared(x); });
+        uom_ConvertMany(prepared.conversion, in.data(), out.data() + 1, count);
+        expectSame(out, expected);
+    }
+}
+
 TEST_F(PreparedTest, FloatsAreRoundedOnce) {
     for (const ExactCase &kind : kinds) {
         const Prepared prepared(kind.classString, kind.from, kind.to);
