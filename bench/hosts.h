@@ -15,6 +15,15 @@ void startLibrary();
 // library's loop.
 void plainLoop(double *values, size_t count, double offset, double factor);
 
+// The same for one value, from an array to another, for floats, and for a column of records.
+struct Record {
+    double values[3];
+};
+double plainOne(double value, double offset, double factor);
+void plainCopy(const double *in, double *out, size_t count, double offset, double factor);
+void plainFloats(const float *in, float *out, size_t count, double offset, double factor);
+void plainRecords(const Record *in, Record *out, size_t count, double offset, double factor);
+
 // Adds the time of a block to a total, in seconds.
 struct Stopwatch {
     double &total;

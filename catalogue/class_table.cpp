@@ -128,26 +128,6 @@ int32_t class_SetName(Catalogue &catalogue, int32_t classId, const char *name) {
     return status;
 }
 
-bool class_IsValid(const Catalogue &catalogue, int32_t classId) {
-    return classId >= 1 && classId < catalogue.classes.count;
-}
-
-const UomClassRow *class_Row(const Catalogue &catalogue, int32_t classId) {
-    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
-}
-
-const UomClassRow *class_ValidRow(const Catalogue &catalogue, int32_t classId) {
-    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
-}
-
-UomClassRow *class_Row(Catalogue &catalogue, int32_t classId) {
-    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
-}
-
-UomClassRow *class_ValidRow(Catalogue &catalogue, int32_t classId) {
-    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
-}
-
 int32_t class_Find(const Catalogue &catalogue, const char *text, int32_t style) {
     if (str_IsEmpty(text))
         return CLASS_NONE;

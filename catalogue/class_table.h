@@ -19,15 +19,25 @@ enum TextStyle : int32_t {
 };
 
 // A class number in range: at least 1 and below the count of classes.
-bool class_IsValid(const Catalogue &catalogue, int32_t classId);
+inline bool class_IsValid(const Catalogue &catalogue, int32_t classId) {
+    return classId >= 1 && classId < catalogue.classes.count;
+}
 
 // The row of a class, row 0 included; null past the end and while the library is not started.
-const UomClassRow *class_Row(const Catalogue &catalogue, int32_t classId);
-UomClassRow *class_Row(Catalogue &catalogue, int32_t classId);
+inline const UomClassRow *class_Row(const Catalogue &catalogue, int32_t classId) {
+    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
+}
+inline UomClassRow *class_Row(Catalogue &catalogue, int32_t classId) {
+    return table_Record<UomClassRow>(catalogue.classes.rows, classId);
+}
 
 // The row of a valid class, else null.
-const UomClassRow *class_ValidRow(const Catalogue &catalogue, int32_t classId);
-UomClassRow *class_ValidRow(Catalogue &catalogue, int32_t classId);
+inline const UomClassRow *class_ValidRow(const Catalogue &catalogue, int32_t classId) {
+    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
+}
+inline UomClassRow *class_ValidRow(Catalogue &catalogue, int32_t classId) {
+    return class_IsValid(catalogue, classId) ? class_Row(catalogue, classId) : nullptr;
+}
 
 // The number of the class that a text names, 0 when there is none. Style 2 looks at keywords, any other at
 // tokens and then at long names.

@@ -6,7 +6,6 @@
 
 #include "catalogue/class_table.h"
 #include "support/memory.h"
-#include "support/table.h"
 #include "support/text.h"
 
 namespace uom {
@@ -93,18 +92,6 @@ bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
 }
 
 } // namespace
-
-bool unit_IsValid(const Catalogue &catalogue, int32_t unit) {
-    return unit > NO_UNIT && unit < catalogue.units.count;
-}
-
-const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit) {
-    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
-}
-
-UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
-    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
-}
 
 void unit_Free(UomUnit *unit) {
     if (!unit)

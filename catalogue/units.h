@@ -8,15 +8,22 @@
 #include "catalogue/class_rows.h"
 #include "catalogue/records.h"
 #include "catalogue/catalogue.h"
+#include "support/table.h"
 
 namespace uom {
 
 // A unit index above UOM_NULL and below the count of units.
-bool unit_IsValid(const Catalogue &catalogue, int32_t unit);
+inline bool unit_IsValid(const Catalogue &catalogue, int32_t unit) {
+    return unit > NO_UNIT && unit < catalogue.units.count;
+}
 
 // The record of a valid unit, else null.
-const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit);
-UomUnit *unit_Record(Catalogue &catalogue, int32_t unit);
+inline const UomUnit *unit_Record(const Catalogue &catalogue, int32_t unit) {
+    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
+}
+inline UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
+    return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
+}
 
 // Frees a record with its texts; null is accepted.
 void unit_Free(UomUnit *unit);

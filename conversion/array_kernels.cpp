@@ -1,5 +1,6 @@
 #include "conversion/array_kernels.h"
 
+#include <atomic>
 #include <cstdint>
 
 namespace uom {
@@ -45,9 +46,21 @@ static Kernel chooseKernel() {
     return __builtin_cpu_supports("avx2") ? convertAvx2 : convertPlain;
 }
 
+// Made with the first array. Threads that come at once all choose the same.
+static std::atomic<Kernel> chosen = nullptr;
+
+static Kernel kernelOfMachine() {
+    Kernel kernel = chosen.load(std::memory_order_relaxed);
+    if (!kernel) {
+        kernel = chooseKernel();
+        chosen.store(kernel, std::memory_order_relaxed);
+    }
+    return kernel;
+}
+
 // The widest vectors are a cache line: where they straddle two, half of their speed is gone.
 void array_ConvertLinear(double *values, size_t count, double offset, double factor) {
-    static const Kernel kernel = chooseKernel();
+    const Kernel kernel = kernelOfMachine();
     for (; count > 0 && reinterpret_cast<uintptr_t>(values) % CACHE_LINE != 0; ++values, --count)
         *values = (*values + offset) * factor;
     kernel(values, count, offset, factor);

@@ -18,6 +18,19 @@ double uom_ToBase(const Catalogue &catalogue, Running &running, double value, co
 double uom_FromBase(const Catalogue &catalogue, Running &running, double value, const UomStructNode *node,
                     Rounds &rounds);
 
+// An API gravity, which the walk converts by its formula.
+bool gravity_Is(const Catalogue &catalogue, const UomStructNode &node);
+
+// Whether the node, with this unit, is a specific gravity in front of a volume of vapour: relative to air, whatever the
+// unit says.
+inline bool gravity_IsOfVapor(const Catalogue &catalogue, const UomStructNode &node, int32_t unit) {
+    return unit == catalogue.named.UOM_U_SPGR && node.next && node.next->baseClass == CLASS_VAP_VOL;
+}
+
+// The scale of a node as if it had this unit and multiplier; false when the unit can't be used.
+bool scale_OfNode(const Catalogue &catalogue, const UomStructNode &node, int32_t unit, int32_t multiplier,
+                  UnitScale<double> *scale, Rounds &rounds);
+
 // What uom.h says of these, in a catalogue.
 double uom_ConvertFromTo(const Catalogue &catalogue, Running &running, double value, UomStruct from, UomStruct to);
 int32_t uom_ConvertArray(const Catalogue &catalogue, Running &running, double *values, int32_t count, UomStruct from,

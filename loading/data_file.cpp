@@ -10,6 +10,7 @@
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
 #include "catalogue/units.h"
+#include "conversion/prepared.h"
 #include "loading/data_lines.h"
 #include "slates/custom_classes.h"
 #include "slates/definition_text.h"

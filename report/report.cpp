@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "catalogue/slate_table.h"
+#include "conversion/prepared.h"
 #include "slates/definition_text.h"
 #include "support/memory.h"
 #include "support/scoped.h"

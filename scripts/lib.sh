@@ -82,11 +82,18 @@ build() {
 
 # The interface ------------------------------------------------------------------------------------------------
 
-# declared_names HEADER: the functions and variables that it declares with UOM_API, sorted; fails when there is none.
+# interface_headers: those that hosts in C include.
+interface_headers() {
+    printf '%s\n' "$root"/include/uom/*.h
+}
+
+# declared_names HEADER...: the functions and variables that they declare with UOM_API, sorted; fails when there is none.
 # The preprocessor takes away comments and shows UOM_API as what it stands for; then each declaration is one text up
 # to its semicolon, in which the name stands before the first parenthesis or at the end.
 declared_names() {
-    ${CC:-cc} -E -P -x c "$1" | grep -v '^#' | tr '\n' ' ' | awk '
+    for header; do
+        ${CC:-cc} -E -P -x c -I "$(dirname "$header")/.." "$header"
+    done | grep -v '^#' | tr '\n' ' ' | awk '
         BEGIN { RS = ";"; attribute = "__attribute__ *\\(\\(([^()]|\\([^()]*\\))*\\)\\)" }
         /visibility *\("default"\)/ {
             gsub(attribute, " ")

@@ -3,8 +3,10 @@
 #include "slates/text_conversion.h"
 
 #include "conversion/engine.h"
+#include "conversion/prepared.h"
 #include "slates/unit_entry.h"
 #include "slates/working_units.h"
+#include "support/memory.h"
 #include "support/message.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
@@ -19,11 +21,12 @@ enum ConvertStatus : int32_t {
     CONVERT_BAD_CLASS = UOM_CONVERT_BAD_CLASS,
     CONVERT_BAD_SOURCE = UOM_CONVERT_BAD_SOURCE,
     CONVERT_BAD_TARGET = UOM_CONVERT_BAD_TARGET,
-    CONVERT_NOT_LINEAR = UOM_CONVERT_NOT_LINEAR
+    CONVERT_NOT_LINEAR = UOM_CONVERT_NOT_LINEAR,
+    CONVERT_NO_MEMORY = 11
 };
 
-int32_t refuseArguments() {
-    error_Set("Invalid input arguments detected in function uoms_ConvertArray().");
+int32_t refuseArguments(const char *function) {
+    error_Set("Invalid input arguments detected in function %s().", function);
     return CONVERT_BAD_ARGUMENT;
 }
 
@@ -77,7 +80,7 @@ double uom_ConvertValue(const Catalogue &catalogue, Running &running, int32_t cl
 int32_t uoms_ConvertArray(const Catalogue &catalogue, Running &running, double *values, int32_t count,
                           const char *classString, const char *fromUnits, const char *toUnits) {
     if (!values || count < 1 || !classString || !fromUnits || !toUnits)
-        return refuseArguments();
+        return refuseArguments("uoms_ConvertArray");
     ParsedChain from(catalogue, classString);
     ParsedChain to(from);
     const int32_t status = fill(catalogue, from.chain, to.chain, fromUnits, toUnits);
@@ -90,7 +93,7 @@ int32_t uoms_ConvertArray(const Catalogue &catalogue, Running &running, double *
 static int32_t calculateConstants(const Catalogue &catalogue, Running &running, const char *classString,
                                   const char *fromUnits, const char *toUnits) {
     if (!classString || !fromUnits || !toUnits)
-        return refuseArguments();
+        return refuseArguments("uoms_ConvertArray");
     ParsedChain from(catalogue, classString);
     ParsedChain to(from);
     const int32_t status = fill(catalogue, from.chain, to.chain, fromUnits, toUnits);
@@ -111,6 +114,23 @@ int32_t uoms_CalculateConvConstants(const Catalogue &catalogue, Running &running
     if (offset)
         *offset = running.offset;
     return status;
+}
+
+int32_t uoms_NewConversion(const Catalogue &catalogue, const char *classString, const char *fromUnits,
+                           const char *toUnits, UomConversion **out) {
+    if (out)
+        *out = nullptr;
+    if (!classString || !fromUnits || !toUnits || !out)
+        return refuseArguments("uoms_NewConversion");
+    const MemoryWatch watch;
+    ParsedChain from(catalogue, classString);
+    ParsedChain to(from);
+    const int32_t status = fill(catalogue, from.chain, to.chain, fromUnits, toUnits);
+    if (watch.exhausted()) {
+        error_Set("Memory is exhausted: the conversion was not made.");
+        return CONVERT_NO_MEMORY;
+    }
+    return status > CONVERT_DONE ? status : prepared_New(catalogue, from.chain, to.chain, out);
 }
 
 } // namespace uom

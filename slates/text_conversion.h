@@ -4,7 +4,7 @@
 
 #include "catalogue/catalogue.h"
 #include "conversion/running.h"
-#include "uom/uom.h"
+#include "uom/conversion.h"
 
 namespace uom {
 
@@ -18,6 +18,10 @@ int32_t uoms_ConvertArray(const Catalogue &catalogue, Running &running, double *
                           const char *classString, const char *fromUnits, const char *toUnits);
 int32_t uoms_CalculateConvConstants(const Catalogue &catalogue, Running &running, const char *classString,
                                     const char *fromUnits, const char *toUnits, double *factor, double *offset);
+
+// What uom/conversion.h says of it, in a catalogue.
+int32_t uoms_NewConversion(const Catalogue &catalogue, const char *classString, const char *fromUnits,
+                           const char *toUnits, UomConversion **out);
 
 } // namespace uom
 

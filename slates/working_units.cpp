@@ -8,6 +8,7 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/slate_table.h"
+#include "conversion/prepared.h"
 #include "slates/assign_units.h"
 #include "slates/registry.h"
 #include "support/table.h"

@@ -23,18 +23,12 @@ void num_InitConstants() {
         numConstants = atLoad;
 }
 
-bool num_IsNull(double value) {
-    return value < numConstants.nullDoubleLimit;
-}
-
 bool num_EqualTol(double a, double b, double tolerance) {
-    if (std::fabs(a) < numConstants.zeroLimit)
-        return std::fabs(b) < numConstants.zeroLimit;
-    return std::fabs(a - b) / std::fabs(a) < tolerance;
+    return num_EqualTol(numConstants, a, b, tolerance);
 }
 
 bool num_Equal(double a, double b) {
-    return a == b || num_EqualTol(a, b, numConstants.relativeTol);
+    return num_Equal(numConstants, a, b);
 }
 
 bool num_EqualTolF(float a, float b, float tolerance) {

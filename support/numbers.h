@@ -3,6 +3,7 @@
 #define UOM_SUPPORT_NUMBERS_H
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -89,7 +90,13 @@ inline void num_SetRelativeTolF(float value) {
     numConstants.relativeTolF = value;
 }
 
-bool num_IsNull(double value);
+// With the constants of a moment, which whoever must not see them change keeps a copy of.
+inline bool num_IsNull(const NumberConstants &numbers, double value) {
+    return value < numbers.nullDoubleLimit;
+}
+inline bool num_IsNull(double value) {
+    return num_IsNull(numConstants, value);
+}
 inline bool num_IsNullFloat(float value) {
     return value < numConstants.nullFloatLimit;
 }
@@ -101,6 +108,14 @@ inline bool num_IsNullUnsigned(uint32_t value) {
 }
 
 // Equality relative to the first argument: not symmetric near its limits, so the order of arguments counts.
+inline bool num_EqualTol(const NumberConstants &numbers, double a, double b, double tolerance) {
+    if (std::fabs(a) < numbers.zeroLimit)
+        return std::fabs(b) < numbers.zeroLimit;
+    return std::fabs(a - b) / std::fabs(a) < tolerance;
+}
+inline bool num_Equal(const NumberConstants &numbers, double a, double b) {
+    return a == b || num_EqualTol(numbers, a, b, numbers.relativeTol);
+}
 bool num_Equal(double a, double b);
 bool num_EqualTol(double a, double b, double tolerance);
 bool num_EqualF(float a, float b);

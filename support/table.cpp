@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstring>
 
+#include "conversion/kernel_bodies.h"
+#include "conversion/prepared.h"
 #include "support/memory.h"
 #include "support/numbers.h"
 #include "support/text_array.h"

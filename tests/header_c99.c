@@ -1,6 +1,7 @@
-/* Compiled as C99 and as C++: the header needs nothing before it, and its names have C linkage. */
+/* Compiled as C99 and as C++: the headers need nothing before them, and their names have C linkage. */
 
 #include "uom/uom.h"
+#include "uom/conversion.h"
 
 #include <stdio.h>
 #include <string.h>
@@ -20,6 +21,6 @@ int main(void) {
         break;
     }
     status = UOM_STYLE_HTML;
-    return start == 0 || stop == 0 || status != 6 || strcmp(version, UOM_VERSION) != 0 ||
+    return uom_ConvertOne(0, 1.5) != 1.5 || start == 0 || stop == 0 || status != 6 || strcmp(version, UOM_VERSION) != 0 ||
            strcmp(version, uom_GetVersion()) != 0;
 }
