@@ -47,13 +47,13 @@ static Kernel chooseKernel() {
 }
 
 // Made with the first array. Threads that come at once all choose the same.
-static std::atomic<Kernel> chosen = nullptr;
+static std::atomic<Kernel> arrayKernel = nullptr;
 
 static Kernel kernelOfMachine() {
-    Kernel kernel = chosen.load(std::memory_order_relaxed);
+    Kernel kernel = arrayKernel.load(std::memory_order_relaxed);
     if (!kernel) {
         kernel = chooseKernel();
-        chosen.store(kernel, std::memory_order_relaxed);
+        arrayKernel.store(kernel, std::memory_order_relaxed);
     }
     return kernel;
 }
