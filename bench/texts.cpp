@@ -47,10 +47,19 @@ BENCHMARK(convertText)->DenseRange(0, 4);
 
 void startAndStop(benchmark::State &state) {
     uom_Cleanup();
+    double ourTime = 0, theirTime = 0;
     for (auto _ : state) {
-        startLibrary();
-        uom_Cleanup();
+        {
+            const Stopwatch watch(ourTime);
+            startLibrary();
+            uom_Cleanup();
+        }
+        const Stopwatch watch(theirTime);
+        udunitsStartAndStop();
     }
+    state.counters["us"] = 1e6 * ourTime / static_cast<double>(state.iterations());
+    if (UdunitsPair::present())
+        state.counters["ratio"] = ourTime / theirTime;
 }
 BENCHMARK(startAndStop)->Unit(benchmark::kMicrosecond);
 

@@ -15,6 +15,11 @@ inline ut_system *udunitsSystem() {
     return system;
 }
 
+// Reads all units from the files that are installed, and frees them.
+inline void udunitsStartAndStop() {
+    ut_free_system(ut_read_xml(nullptr));
+}
+
 // From two texts to a converter: what a program does that gets its units as text.
 inline cv_converter *udunitsParse(const char *fromText, const char *toText) {
     ut_unit *from = ut_parse(udunitsSystem(), fromText, UT_ASCII);
@@ -50,6 +55,8 @@ inline bool udunitsConvert(const char *from, const char *to, double *value) {
 }
 
 #else
+
+inline void udunitsStartAndStop() {}
 
 struct UdunitsPair {
     UdunitsPair(const char *, const char *) {}
