@@ -49,10 +49,19 @@ bool isPlain(const UomStructNode &node) {
            node.baseClass != CLASS_PETRO_MASS && node.classId != CLASS_OPEN && node.classId != CLASS_CLOSE;
 }
 
-bool plainScale(const Catalogue &catalogue, const UomStructNode &node, Scale *scale) {
-    UnitPowers none;
-    return scale_Constants(catalogue, node.classId, node.exponent, node.baseClass, node.unit, node.baseExponent, 0,
-                           scale, &none) == 0;
+// The row that says how such a node's unit converts; null when a class of the node is bad.
+const UomClassRow *plainRow(const Catalogue &catalogue, const UomStructNode &node) {
+    if (node.classId != node.baseClass && !class_ValidRow(catalogue, node.classId))
+        return nullptr;
+    return class_ValidRow(catalogue, node.baseClass);
+}
+
+bool plainScale(const Catalogue &catalogue, const UomClassRow *row, int32_t unit, Scale *scale) {
+    const UomUnit *record = row ? unit_Record(catalogue, unit) : nullptr;
+    if (!record)
+        return false;
+    *scale = {row->hasOffset ? record->offset : 0.0, record->factor};
+    return true;
 }
 
 // The walk over two such chains while no gravity waits.
@@ -60,9 +69,12 @@ double convertPlain(const Catalogue &catalogue, Running &running, double value, 
                     const UomStructNode &to) {
     Running pair = {1.0, 0.0, 1, 0, 0, 0};
     Scale scale;
-    if (plainScale(catalogue, from, &scale))
+    const UomClassRow *row = plainRow(catalogue, from);
+    if (plainScale(catalogue, row, from.unit, &scale))
         value = walk_Scaled(pair, value, scale);
-    if (!num_IsNull(value) && plainScale(catalogue, to, &scale))
+    if (to.classId != from.classId || to.baseClass != from.baseClass)
+        row = plainRow(catalogue, to);
+    if (!num_IsNull(value) && plainScale(catalogue, row, to.unit, &scale))
         value = walk_Unscaled(numConstants, pair, value, scale);
     running = pair;
     return value;

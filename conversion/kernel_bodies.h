@@ -18,12 +18,12 @@ namespace uom {
 
 namespace {
 
-constexpr size_t UNROLLED = 4;
-constexpr size_t STRIDED_BLOCK = 64;
+inline constexpr size_t UNROLLED = 4;
+inline constexpr size_t STRIDED_BLOCK = 64;
 
 // From so many values on an array that is written and not read goes past the caches, which saves reading it: measured, a
 // quarter to a half of the time. One that is converted in place has been read anyway.
-constexpr size_t STREAMED = size_t{1} << 20;
+inline constexpr size_t STREAMED = size_t{1} << 20;
 
 template <class Element> inline Element elementAt(const Element *array, size_t i) {
     Element element;

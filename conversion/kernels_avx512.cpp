@@ -1,7 +1,12 @@
 // The kernels for machines with AVX-512 (F, DQ, VL).
 #include "conversion/kernels.h"
 
-#if defined(__AVX512F__) && defined(__AVX512DQ__) && defined(__AVX512VL__)
+// GCC 12 lays variables of 64 bytes out of line when it watches the use of a stack after return (its bug 110027).
+#if defined(__SANITIZE_ADDRESS__) && !defined(__clang__)
+#define UOM_NO_WIDE_VARIABLES
+#endif
+
+#if defined(__AVX512F__) && defined(__AVX512DQ__) && defined(__AVX512VL__) && !defined(UOM_NO_WIDE_VARIABLES)
 
 #include "conversion/kernel_bodies.h"
 #include "conversion/vectors_avx2.h"

@@ -1,5 +1,7 @@
 #include "conversion/linear.h"
 
+#include <cassert>
+
 #include "conversion/engine.h"
 #include "conversion/unit_factors.h"
 #include "conversion/walk.h"
@@ -84,6 +86,7 @@ bool composeNode(Composer &composer, const UomStructNode &from, const UomStructN
 void openGroup(Composer &composer) {
     if (composer.depth++ >= MAX_OPEN_GROUPS)
         return;
+    assert(composer.levels);
     composer.levels[composer.depth - 1] = composer.running;
     composer.running = Linear();
 }
@@ -100,6 +103,7 @@ void closeGroup(Composer &composer, int64_t power) {
         return;
     if (composer.depth-- > MAX_OPEN_GROUPS)
         return;
+    assert(composer.levels);
     Linear &level = composer.levels[composer.depth];
     const Linear &group = composer.running;
     if (power == 0 || power == 1) {

@@ -51,10 +51,15 @@ struct Avx2 {
     }
     static void storeApart(char *to, ptrdiff_t step, Vector x) {
         const __m128d low = _mm256_castpd256_pd128(x), high = _mm256_extractf128_pd(x, 1);
-        _mm_storel_pd(reinterpret_cast<double *>(to), low);
-        _mm_storeh_pd(reinterpret_cast<double *>(to + step), low);
-        _mm_storel_pd(reinterpret_cast<double *>(to + 2 * step), high);
-        _mm_storeh_pd(reinterpret_cast<double *>(to + 3 * step), high);
+        put(to, low);
+        put(to + step, _mm_unpackhi_pd(low, low));
+        put(to + 2 * step, high);
+        put(to + 3 * step, _mm_unpackhi_pd(high, high));
+    }
+    // A step may be any, so the place may be unaligned.
+    static void put(char *to, __m128d x) {
+        const double value = _mm_cvtsd_f64(x);
+        std::memcpy(to, &value, sizeof value);
     }
 
     static Vector add(Vector a, Vector b) { return _mm256_add_pd(a, b); }

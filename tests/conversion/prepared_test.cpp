@@ -351,7 +351,7 @@ std::vector<double> values(size_t count, unsigned seed) {
 
 // A NaN's bits are nobody's promise but the library's own: here they count, too.
 template <class Number> void expectSame(const std::vector<Number> &is, const std::vector<Number> &expected) {
-    ASSERT_EQ(std::memcmp(is.data(), expected.data(), is.size() * sizeof(Number)), 0);
+    ASSERT_TRUE(is.empty() || std::memcmp(is.data(), expected.data(), is.size() * sizeof(Number)) == 0);
 }
 
 TEST_F(PreparedTest, ArraysGiveWhatOneValueGives) {
@@ -435,7 +435,8 @@ TEST_F(PreparedTest, StridesOfAnySize) {
                 std::vector<double> out(length), plain(length);
                 for (size_t i = 0; i < length; ++i)
                     plain[length - 1 - i] = prepared(in[i]);
-                uom_ConvertStrided(prepared.conversion, in.data(), 8, out.data() + length - 1, -8, length);
+                double *last = length > 0 ? &out.back() : out.data();
+                uom_ConvertStrided(prepared.conversion, in.data(), 8, last, -8, length);
                 expectSame(out, plain);
             }
     }
