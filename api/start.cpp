@@ -13,22 +13,28 @@
 #endif
 
 using uom::Catalogue;
+using uom::Running;
 using uom::Scratch;
 using uom::state_Default;
 using uom::state_InUse;
 using uom::state_Mirror;
 using uom::state_Scratch;
 
+// Starts the catalogue in use.
+template <class Start> static int32_t start(Start how) {
+    Scratch &scratch = state_Scratch();
+    Catalogue &catalogue = state_InUse(scratch);
+    const int32_t status = how(catalogue, scratch.running);
+    state_Mirror(catalogue);
+    return status;
+}
+
 const char *uom_GetVersion(void) {
     return UOM_VERSION;
 }
 
 int32_t uom_Init(void) {
-    Scratch &scratch = state_Scratch();
-    Catalogue &catalogue = state_InUse(scratch);
-    const int32_t status = uom::uom_Init(catalogue, scratch.running);
-    state_Mirror(catalogue);
-    return status;
+    return start([=](Catalogue &catalogue, Running &running) { return uom::uom_Init(catalogue, running); });
 }
 
 int32_t uom_FindDataFile(char *out, int32_t size) {
@@ -36,31 +42,23 @@ int32_t uom_FindDataFile(char *out, int32_t size) {
 }
 
 int32_t uom_Init2(int32_t count, const char *const *words) {
-    Scratch &scratch = state_Scratch();
-    Catalogue &catalogue = state_InUse(scratch);
-    const int32_t status = uom::uom_Init2(catalogue, scratch.running, count, words);
-    state_Mirror(catalogue);
-    return status;
+    return start(
+        [=](Catalogue &catalogue, Running &running) { return uom::uom_Init2(catalogue, running, count, words); });
 }
 
 int32_t uom_Init3(int32_t count, const char *const *words) {
-    Scratch &scratch = state_Scratch();
-    Catalogue &catalogue = state_InUse(scratch);
-    const int32_t status = uom::uom_Init3(catalogue, scratch.running, count, words);
-    state_Mirror(catalogue);
-    return status;
+    return start(
+        [=](Catalogue &catalogue, Running &running) { return uom::uom_Init3(catalogue, running, count, words); });
 }
 
 int32_t uom_InitText(const char *text, size_t length, int32_t count, const char *const *words) {
     if (!text && length > 0) {
-        uom::error_Set("No text of a data file specified in function uom_InitText().");
+        uom::error_Set("The function uom_InitText() was given no text of a data file.");
         return UOM_START_NO_FILE;
     }
-    Scratch &scratch = state_Scratch();
-    Catalogue &catalogue = state_InUse(scratch);
-    const int32_t status = uom::startup_InitText(catalogue, scratch.running, {text, length}, count, words);
-    state_Mirror(catalogue);
-    return status;
+    return start([=](Catalogue &catalogue, Running &running) {
+        return uom::startup_InitText(catalogue, running, {text, length}, count, words);
+    });
 }
 
 void uom_Cleanup(void) {

