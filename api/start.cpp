@@ -52,7 +52,7 @@ int32_t uom_Init3(int32_t count, const char *const *words) {
 }
 
 int32_t uom_InitText(const char *text, size_t length, int32_t count, const char *const *words) {
-    if (!text && length > 0) {
+    if (!text && length > 0 && !state_InUse().started) {
         uom::error_Set("The function uom_InitText() was given no text of a data file.");
         return UOM_START_NO_FILE;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "conversion/wide.h"
 #include "support/numbers.h"
@@ -105,19 +106,33 @@ Decimal decimal_Long(double number) {
     return printed;
 }
 
-// Such a fraction is so near to a number below 2^32 that it must be one of its convergents. Above, few are wanted, and
-// all denominators are tried.
+// Of a number from 2^32 on, which has at most 20 binary places: several fractions may read as it, and the nearest counts.
+static Fraction fractionOfLarge(double number) {
+    constexpr int32_t PLACES = 20;
+    const double whole = std::floor(number);
+    const int64_t rest = static_cast<int64_t>(std::ldexp(number - whole, PLACES));
+    Fraction best = {0, 1};
+    int64_t least = INT64_MAX;
+    for (int64_t q = 1; q <= MOST_DENOMINATOR; ++q) {
+        const int64_t p = (rest * q + (int64_t{1} << (PLACES - 1))) >> PLACES;
+        const int64_t distance = std::abs(rest * q - (p << PLACES));
+        if (least != INT64_MAX && distance * best.denominator >= least * q)
+            continue;
+        best = {p, q};
+        least = distance;
+    }
+    const double room = std::ldexp(reach(number) * static_cast<double>(best.denominator), PLACES);
+    if (static_cast<double>(least) >= room)
+        return {};
+    return {static_cast<int64_t>(whole) * best.denominator + best.numerator, best.denominator};
+}
+
+// Such a fraction is so near to a number below 2^32 that it must be one of its convergents.
 Fraction fraction_Of(double number) {
     if (number >= 0x1p52 || number < 0.9 / MOST_DENOMINATOR)
         return {};
-    if (number >= 0x1p32) {
-        for (int64_t q = 1; q <= MOST_DENOMINATOR; ++q) {
-            const int64_t p = static_cast<int64_t>(std::floor(number * static_cast<double>(q) + 0.5));
-            if (readsAs(p, q, number))
-                return {p, q};
-        }
-        return {};
-    }
+    if (number >= 0x1p32)
+        return fractionOfLarge(number);
     Fraction before = {1, 0}, now = {static_cast<int64_t>(number), 1};
     double rest = number - static_cast<double>(now.numerator);
     while (!readsAs(now.numerator, now.denominator, number)) {

@@ -40,14 +40,22 @@ Linear repeated(Linear line, uint64_t times) {
     return result;
 }
 
+// What the walk had come to when a group opened.
+struct Level {
+    Linear running;
+    Linear value;
+    bool together;
+};
+
 // The walk's state without a value: what became of it, and the running pair, by which groups are raised. The pair goes
 // its own ways, kept: it takes off every offset, and it does not count all rounds.
 struct Composer {
     const Catalogue &catalogue;
-    Linear *levels; // null when there is no group, and no need of the pair
+    Level *levels; // null when there is no group, and no need of the pair
     Linear value;
     Linear running;
     int32_t depth;
+    bool together; // value and pair went the same way since the innermost group opened
 };
 
 // 0, 1 or 2 as scale_Exactly, or 3 when there is no exact answer.
@@ -76,6 +84,7 @@ bool composeNode(Composer &composer, const UomStructNode &from, const UomStructN
     if (status == 0) {
         if (composer.levels)
             composer.running = undone(composer.running, scale);
+        composer.together = composer.together && scale.offset.high >= 0.0;
         if (scale.offset.high < 0.0)
             scale.offset = Wide();
         composer.value = undone(composer.value, scale);
@@ -87,8 +96,9 @@ void openGroup(Composer &composer) {
     if (composer.depth++ >= MAX_OPEN_GROUPS)
         return;
     assert(composer.levels);
-    composer.levels[composer.depth - 1] = composer.running;
+    composer.levels[composer.depth - 1] = {composer.running, composer.value, composer.together};
     composer.running = Linear();
+    composer.together = true;
 }
 
 // The running pair's way of folding a group that is not inverted: its offset goes by the wrong factor, kept.
@@ -104,19 +114,25 @@ void closeGroup(Composer &composer, int64_t power) {
     if (composer.depth-- > MAX_OPEN_GROUPS)
         return;
     assert(composer.levels);
-    Linear &level = composer.levels[composer.depth];
+    Level &level = composer.levels[composer.depth];
     const Linear &group = composer.running;
-    if (power == 0 || power == 1) {
-        fold(level, group, 1);
+    const bool once = power == 0 || power == 1;
+    const bool together = level.together && composer.together && once && group.offset.high == 0.0;
+    if (once) {
+        fold(level.running, group, 1);
     } else if (power > 1) {
         composer.value = composed(composer.value, repeated(group, static_cast<uint64_t>(power - 1)));
-        fold(level, group, power - 1);
+        fold(level.running, group, power - 1);
     } else {
-        const Linear back = repeated(inverse(group), static_cast<uint64_t>(1 - power));
-        composer.value = composed(composer.value, back);
-        level = composed(level, back);
+        const Linear back = inverse(group);
+        const Linear rest = repeated(back, static_cast<uint64_t>(-power));
+        // To go forth and back again would leave nothing of an offset beside a great factor.
+        composer.value =
+            composer.together ? composed(level.value, rest) : composed(composed(composer.value, back), rest);
+        level.running = composed(level.running, composed(back, rest));
     }
-    composer.running = level;
+    composer.running = level.running;
+    composer.together = together;
 }
 
 bool hasGroup(const UomStructNode *node) {
@@ -142,10 +158,10 @@ bool composeAll(Composer &composer, const UomStructNode *from, const UomStructNo
 } // namespace
 
 bool linear_Compose(const Catalogue &catalogue, const UomStructNode *from, const UomStructNode *to, Linear *out) {
-    Composer composer = {catalogue, nullptr, {}, {}, 0};
+    Composer composer = {catalogue, nullptr, {}, {}, 0, true};
     if (!hasGroup(from))
         return composeAll(composer, from, to, out);
-    Linear levels[MAX_OPEN_GROUPS];
+    Level levels[MAX_OPEN_GROUPS];
     composer.levels = levels;
     return composeAll(composer, from, to, out);
 }

@@ -228,10 +228,14 @@ int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, U
 int32_t prepared_Constants(const UomConversion &conversion, double *factor, double *offset) {
     if (conversion.form == Form::WALK)
         return UOM_CONVERT_NOT_LINEAR;
+    const double exactFactor = wide_Rounded(conversion.exact.factor);
+    const double exactOffset = wide_Rounded(conversion.exact.offset);
+    if (exactFactor == 0.0 || !std::isfinite(exactFactor) || !std::isfinite(exactOffset))
+        return UOM_CONVERT_NOT_LINEAR; // no pair of doubles says it
     if (factor)
-        *factor = wide_Rounded(conversion.exact.factor);
+        *factor = exactFactor;
     if (offset)
-        *offset = wide_Rounded(conversion.exact.offset);
+        *offset = exactOffset;
     return UOM_DONE;
 }
 

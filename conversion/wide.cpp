@@ -77,6 +77,12 @@ Wide wide_Clean(Wide a) {
     return withoutNoise(a, leadingBit(a));
 }
 
+// A whole number of any size that 64 bits hold.
+static Wide ofInteger(int64_t number) {
+    const double head = static_cast<double>(number);
+    return wide_Of(head) + wide_Of(static_cast<double>(number - static_cast<int64_t>(head)));
+}
+
 Wide wide_OfConstant(double constant) {
     const double magnitude = std::fabs(constant);
     if (magnitude == 0.0)
@@ -90,11 +96,9 @@ Wide wide_OfConstant(double constant) {
     }
     Wide result;
     if (fraction.numerator != 0) {
-        result = wide_Of(static_cast<double>(fraction.numerator)) / wide_Of(static_cast<double>(fraction.denominator));
+        result = ofInteger(fraction.numerator) / ofInteger(fraction.denominator);
     } else {
-        const double head = static_cast<double>(decimal.digits);
-        const double tail = static_cast<double>(decimal.digits - static_cast<int64_t>(head));
-        result = wide_Of(head) + wide_Of(tail);
+        result = ofInteger(decimal.digits);
         const uint64_t tens = static_cast<uint64_t>(decimal.exponent < 0 ? -decimal.exponent : decimal.exponent);
         if (tens != 0) {
             const Wide power =

@@ -51,7 +51,8 @@ UOM_API void uom_FreeCatalogue(UomCatalogue *catalogue);
  *   text, length  the bytes of the file, which are not needed behind the call
  *   count, words  option words as those of uom_Init2; a path among them is passed over
  * Returns 0, 2, 3, 4 or 11 as uom_Init2, whose messages name the file "(text)"; 1, with a message, for a null text of a
- * length above 0. There is no data file then: the next start of this catalogue by uom_Init2 needs a path. [changes] */
+ * length above 0 in a catalogue that is not started. There is no
+ * data file then: the next start of this catalogue by uom_Init2 needs a path. [changes] */
 UOM_API int32_t uom_InitText(const char *text, size_t length, int32_t count, const char *const *words);
 
 #ifdef __cplusplus

@@ -16,8 +16,9 @@
  *   Linear conversions are better than the node by node walk of uom_ConvertFromTo: the result is within one unit in the
  *   last place, of the larger of |value x factor| and |offset x factor|, of the exact result, however long the chain. A
  *   constant of the catalogue counts as the shortest decimal that reads back as it (0.3048, 459.67) or, where that has 16
- *   digits and more, as the fraction with a denominator up to 1000 that reads as it, if there is one (5/9).
- *   Units that are the same on both sides give the value back bit for bit.
+ *   digits and more, as the nearest fraction with a denominator up to 1000 that reads as it, if there is one (5/9).
+ *   Nothing snaps to 0 near an offset, no result in between overflows or counts as no value, and no power is too high.
+ *   Units that are the same on both sides give the value back bit for bit, whatever the walk would make of it.
  */
 #ifndef UOM_CONVERSION_H
 #define UOM_CONVERSION_H
@@ -41,7 +42,7 @@ UOM_API int32_t uom_NewConversion(UomStruct from, UomStruct to, UomConversion **
 
 /* The same from texts: a class string and two unit strings or names of slates, as uoms_ConvertArray takes them.
  * Returns 0, 1 and 11 as uom_NewConversion, or 2 class, 3 source units, 4 target units not understood, with the messages
- * of uoms_ConvertArray. [reads] */
+ * of uoms_ConvertArray (for a class string with no class in it, "" or "/", the message stays what it was). [reads] */
 UOM_API int32_t uoms_NewConversion(const char *classString, const char *fromUnits, const char *toUnits,
                                    UomConversion **out);
 
@@ -63,7 +64,8 @@ UOM_API void uom_ConvertStrided(const UomConversion *conversion, const double *i
                                 ptrdiff_t outStep, size_t count);
 
 /* The constants of a linear conversion, y = (x + offset) * factor, each rounded to the nearest double; null outputs are
- * passed over. Returns 0; 1 for a null conversion; or 5 when the conversion is not linear, and the outputs stay. [any] */
+ * passed over. Returns 0; 1 for a null conversion; or 5 when the conversion is not linear or its constants are beyond the
+ * range of doubles, and the outputs stay. [any] */
 UOM_API int32_t uom_GetConversionConstants(const UomConversion *conversion, double *factor, double *offset);
 
 #ifdef __cplusplus

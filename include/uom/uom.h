@@ -575,7 +575,8 @@ UOM_API int32_t uoms_GetBasis(const char *classString, const char *unitString);
 /* Makes a slate's atmospheric pressure the zero of the units kPag, barg, ate, psig, kg/cm2g and mbarg, for all
  * conversions: its own, else that of the nearest ancestor that has one, else 101.325 kPa. A new slate has 101.325 kPa
  * of its own, which ends the search; it asks its parent once its "GaugePresBasis" was set and then blanked
- * (uoms_SetClassDefault). 1 for a bad slate, else 0. [changes] */
+ * (uoms_SetClassDefault). Stating or blanking that property of any slate, and uom_InitializeSet, put that of the slate
+ * Current in force again. 1 for a bad slate, else 0. [changes] */
 UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 
 /* ---------------------------------------------------------------------------------------------------------------
@@ -587,9 +588,11 @@ UOM_API int32_t uom_SetGaugePressureBasis(int32_t slate);
 UOM_API int32_t uoms_NewSet(const char *name);    /* [changes] */
 UOM_API int32_t uom_GetSetType(const char *name); /* index, or -1; the empty name is slate 0 [reads] */
 UOM_API int32_t
-uom_CheckDupSetName(const char *name);   /* 1: a slate has exactly this name, letters' case included [reads] */
-UOM_API UomTable *uom_GetSetList(void);  /* a new table of all names, slate 0's empty one first [reads] */
-UOM_API int32_t uom_GetCurrentSet(void); /* the root system that Current was last initialised from, 0 before [reads] */
+uom_CheckDupSetName(const char *name);  /* 1: a slate has exactly this name, letters' case included [reads] */
+UOM_API UomTable *uom_GetSetList(void); /* a new table of all names, slate 0's empty one first [reads] */
+
+/* The root system that Current was last initialised from, 0 before; a clean-up leaves it. [reads] */
+UOM_API int32_t uom_GetCurrentSet(void);
 
 /* Makes the destination state what the source states, for the 71 compiled classes, and names the source as its
  * parent (English, Metric and SI keep theirs). 1 for a bad or equal index, 11 when memory is exhausted, else 0. */

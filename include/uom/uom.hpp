@@ -12,8 +12,9 @@
 // switched off (-fno-exceptions). The comments stand with the second form; the first takes the same arguments. Only the
 // standard library's own failures, exhausted memory for a std::string, reach a host by either form.
 //
-// Texts are std::string_view, end at their first zero byte, and are copied. Those that come back are whole, whatever
-// their length. They are ASCII and, as superscripts, the Latin-1 bytes 178 and 179. A class string is "Pres/VolRate 2", a
+// Texts are std::string_view, end at their first zero byte (but for a data file's), and are copied. Those that come
+// back are whole, whatever their length, but for what the classical operations cut: lines of slate definitions at 254
+// bytes, and names in class strings at 255. They are ASCII and, as superscripts, the Latin-1 bytes 178 and 179. A class string is "Pres/VolRate 2", a
 // unit string "kpa/(m3/sec)2" or the name of a slate, and a style one of UomTextStyle.
 //
 // Threads. As in catalogue.h each comment tells in brackets what is done to the catalogue in use by the calling thread:
@@ -293,7 +294,11 @@ inline Result<void> tryStart(const Words &words = {}) {
     if (words.empty())
         return detail::done(uom_Init());
     const Result<std::string> path = tryFindDataFile();
-    return path ? tryStartFile(*path, words) : path.status();
+    if (path)
+        return tryStartFile(*path, words);
+    // A started catalogue needs no file; of one that is not, the failure that tells all places says more.
+    const Result<void> started = tryStartFile("./uomdata.txt", words);
+    return started ? started : Result<void>(path.status());
 }
 
 // Starts from the text of a data file, which is not needed behind the call. [changes]
@@ -855,10 +860,17 @@ inline Result<std::vector<UnitEntry>> tryUnits(std::string_view className) {
     const Result<Chain> chain = Chain::tryMake(className);
     if (!chain)
         return chain.status();
-    if (chain->get()->next)
+    const UomStructNode *only = nullptr;
+    int32_t classes = 0;
+    for (const UomStructNode &node : *chain) {
+        const bool parenthesis = node.classId == 1 || node.classId == 2;
+        only = parenthesis ? only : &node;
+        classes += !parenthesis;
+    }
+    if (classes != 1)
         return detail::refusal("The class " + detail::quoted(className) +
                                " is made of several: each of them has units of its own.");
-    return units(chain->get()->baseClass);
+    return units(only->baseClass);
 }
 
 // The thousand or million that the unit of a node has in front, "M ", "MM ", "k*" or "M*"; empty without. [reads]
@@ -976,9 +988,9 @@ inline Result<int32_t> tryNewSlate(std::string_view name, std::string_view paren
     const Result<int32_t> found = tryFindSlate(parent);
     if (!found)
         return found.status();
-    if (name.empty())
-        return detail::refusal("A slate needs a name.");
     const std::string text(name);
+    if (!*text.c_str())
+        return detail::refusal("A slate needs a name.");
     const int32_t slate = uoms_NewSet(text.c_str());
     if (slate < 1)
         return detail::noMemory();

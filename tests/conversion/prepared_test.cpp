@@ -76,6 +76,22 @@ TEST_F(PreparedTest, WholeDefinitionsComeOutWhole) {
     }
 }
 
+// An inverted group undoes what it did: nothing of an offset may go lost beside a great factor.
+TEST_F(PreparedTest, InvertedGroupsKeepTheirOffsets) {
+    const struct {
+        const char *classString, *from, *to;
+    } cases[] = {{"(Temp FineArea)-1", "(C-ang2)-1", "(K-m2)-1"},
+                 {"(Temp Area)-1", "(C-ang2)-1", "(K-km2)-1"},
+                 {"(Temp ActVol)-1", "(C-ang3)-1", "(K-m3)-1"}};
+    for (const auto &c : cases) {
+        double factor = 0, offset = 0;
+        const Prepared prepared(c.classString, c.from, c.to);
+        EXPECT_EQ(prepared(0), -273.15) << c.classString;
+        EXPECT_EQ(uom_GetConversionConstants(prepared.conversion, &factor, &offset), 0);
+        EXPECT_NEAR(offset * factor, -273.15, 1e-13) << c.classString;
+    }
+}
+
 TEST_F(PreparedTest, Constants) {
     double factor = -1, offset = -1;
     const Prepared toF("Temp", "F", "C"), same("Temp", "F", "F"), gravity("PetroDensity", "API", "kg/m3");
@@ -131,17 +147,21 @@ TEST_F(PreparedTest, WithinTheLastPlaceOfTheExactResult) {
     expectPairs("Leng 7", lengths, "7", 7);
 }
 
-// What a constant means, found the long way: its shortest decimal, or the fraction that reads as it.
+// What a constant means, found the long way: its shortest decimal, or the nearest fraction that reads as it.
 Real meaningOf(double constant) {
     char text[40];
     for (int digits = 1; digits <= 17; ++digits) {
         std::snprintf(text, sizeof text, "%.*e", digits - 1, constant);
         if (std::strtod(text, nullptr) != constant)
             continue;
-        for (int q = 1; digits > 15 && q <= 1000; ++q)
-            if (std::rint(constant * q) / q == constant)
-                return static_cast<Real>(std::rint(constant * q)) / q;
-        return std::strtold(text, nullptr);
+        Real nearest = 0;
+        for (int q = 1; digits > 15 && q <= 1000; ++q) {
+            const Real fraction = std::rint(static_cast<Real>(constant) * q) / q;
+            if (static_cast<double>(fraction) == constant &&
+                std::fabs(fraction - constant) < std::fabs(nearest - constant))
+                nearest = fraction;
+        }
+        return nearest != 0 ? nearest : std::strtold(text, nullptr);
     }
     return constant;
 }
@@ -733,6 +753,7 @@ TEST(Decimals, WhatReadsAsADouble) {
         }
     EXPECT_EQ(fraction_Of(0.1234567890123456).numerator, 0);
     EXPECT_EQ(fraction_Of(12345678901.0 + 1 / 3.0).denominator, 3);
+    EXPECT_EQ(fraction_Of(4168181825440579.5).denominator, 2) << "and not a third, which reads as it too";
 }
 
 // Fractions of whole numbers in 128 bits: what a Wide gives, times the divisor, must be the dividend.
