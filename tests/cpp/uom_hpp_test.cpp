@@ -416,4 +416,10 @@ TEST_F(HppTest, SlatesAndTheirDefaults) {
     EXPECT_FALSE(uom::isClass("SaltRate"));
 }
 
+TEST_F(HppTest, OddAnswersToOddQuestions) {
+    EXPECT_TRUE(uom::tryStart({"kesta"})) << "started already, wherever the default file is";
+    EXPECT_EQ(uom::units("(Leng)").size(), uom::units("Leng").size());
+    EXPECT_EQ(uom::tryNewSlate(std::string_view("\0x", 2), "SI").code(), UOM_REFUSED);
+}
+
 } // namespace
