@@ -21,6 +21,6 @@ int main(void) {
         break;
     }
     status = UOM_STYLE_HTML;
-    return uom_ConvertOne(0, 1.5) != 1.5 || start == 0 || stop == 0 || status != 6 || strcmp(version, UOM_VERSION) != 0 ||
-           strcmp(version, uom_GetVersion()) != 0;
+    return uom_ConvertOne(0, 1.5) != 1.5 || start == 0 || stop == 0 || status != 6 ||
+           strcmp(version, UOM_VERSION) != 0 || strcmp(version, uom_GetVersion()) != 0;
 }
