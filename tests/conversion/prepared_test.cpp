@@ -439,7 +439,7 @@ TEST_F(PreparedTest, StridesOfAnySize) {
     for (const ExactCase &kind : kinds) {
         const Prepared prepared(kind.classString, kind.from, kind.to);
         for (const ptrdiff_t step : {8, 24, 13, -8, -24, -11})
-            for (const size_t length : {0, 1, 2, 3, 4, 7, 64, 65, 150}) {
+            for (const size_t length : {0u, 1u, 2u, 3u, 4u, 7u, 64u, 65u, 150u}) {
                 SCOPED_TRACE(testing::Message() << kind.classString << " " << kind.from << ", step " << step);
                 const std::vector<double> in = values(length, static_cast<unsigned>(length));
                 std::vector<char> bytes(length * 24 + 32, 'x'), expected = bytes;
