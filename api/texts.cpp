@@ -10,9 +10,7 @@
 #include "uomstruct/class_and_unit.h"
 #include "uomstruct/unit_scan.h"
 
-using uom::Scratch;
 using uom::state_InUse;
-using uom::state_Scratch;
 
 int32_t uom_FillStructFromString(UomStruct chain, const char *uomString, int32_t style) {
     return uom::uom_FillStructFromString(state_InUse(), chain, uomString, style);

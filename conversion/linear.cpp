@@ -1,7 +1,5 @@
 #include "conversion/linear.h"
 
-#include <cassert>
-
 #include "conversion/engine.h"
 #include "conversion/unit_factors.h"
 #include "conversion/walk.h"
@@ -93,9 +91,8 @@ bool composeNode(Composer &composer, const UomStructNode &from, const UomStructN
 }
 
 void openGroup(Composer &composer) {
-    if (composer.depth++ >= MAX_OPEN_GROUPS)
+    if (composer.depth++ >= MAX_OPEN_GROUPS || !composer.levels)
         return;
-    assert(composer.levels);
     composer.levels[composer.depth - 1] = {composer.running, composer.value, composer.together};
     composer.running = Linear();
     composer.together = true;
@@ -111,9 +108,8 @@ void fold(Linear &level, const Linear &group, int64_t times) {
 void closeGroup(Composer &composer, int64_t power) {
     if (composer.depth == 0)
         return;
-    if (composer.depth-- > MAX_OPEN_GROUPS)
+    if (composer.depth-- > MAX_OPEN_GROUPS || !composer.levels)
         return;
-    assert(composer.levels);
     Level &level = composer.levels[composer.depth];
     const Linear &group = composer.running;
     const bool once = power == 0 || power == 1;

@@ -19,7 +19,7 @@ constinit NumberConstants numConstants;
 // Nothing is written where nothing was set: a start in one thread leaves conversions in others alone.
 void num_InitConstants() {
     const NumberConstants atLoad;
-    if (std::memcmp(&numConstants, &atLoad, sizeof atLoad) != 0)
+    if (!(numConstants == atLoad))
         numConstants = atLoad;
 }
 

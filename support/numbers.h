@@ -20,6 +20,7 @@ struct NumberConstants {
     double relativeTol = 1.0 / 1e6; // relative tolerance of equality
     float zeroLimitF = static_cast<float>(1.0 / 1e6);
     float relativeTolF = static_cast<float>(1.0 / 1e6);
+    bool operator==(const NumberConstants &) const = default;
 };
 
 // Good from the first call on: who uses the tables of the static library alone has no part of it that runs at load.

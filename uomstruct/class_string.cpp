@@ -212,12 +212,14 @@ static bool parse(ClassStringParser &parser) {
                   static_cast<int>(STR_MAX_LENGTH));
         return false;
     }
+    if (!classstring_IsName(parser.source)) {
+        parseSpaced(parser);
+        return !parser.failed;
+    }
     char nothing[] = "";
     parser.rest = nothing;
-    if (classstring_IsName(parser.source))
-        takeClass(parser, parser.source);
-    else
-        parseSpaced(parser);
+    takeClass(parser, parser.source);
+    parser.rest = nullptr;
     return !parser.failed;
 }
 
