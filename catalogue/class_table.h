@@ -70,7 +70,7 @@ const char *class_Token(const Catalogue &catalogue, int32_t classId);
 // The list of units that the class recognises: its choices, else its list, else null. Takes any number.
 const int32_t *uom_GetClassUnits(const Catalogue &catalogue, int32_t classId);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_GetClassType(const Catalogue &catalogue, const char *text, int32_t mode);
 int32_t uom_GetUOMClassCount(const Catalogue &catalogue);
 int32_t uom_GetClassTextLen(const Catalogue &catalogue, int32_t classId);

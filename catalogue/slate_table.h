@@ -47,7 +47,7 @@ bool slate_IsOnPath(const SlatePath &path, int32_t slate);
 // Adds a slate to the path. False when it is there already, or the path is full.
 bool slate_Visit(SlatePath &path, int32_t slate);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_GetSetType(const Catalogue &catalogue, const char *name);
 
 } // namespace uom

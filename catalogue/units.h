@@ -64,7 +64,7 @@ int32_t unit_CopyList(int32_t **out, const int32_t *units);
 // when none resolves. 0, or 11 when memory is exhausted.
 int32_t unit_ResolveList(const Catalogue &catalogue, int32_t **out, const UomTable *tokens);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_GetUnitType(const Catalogue &catalogue, const char *text);
 int32_t uom_GetUnitFromString(const Catalogue &catalogue, int32_t classId, char *text, int32_t mode);
 UomTable *uom_GetUnitList(const Catalogue &catalogue, int32_t classId);

@@ -31,7 +31,7 @@ inline bool gravity_IsOfVapor(const Catalogue &catalogue, const UomStructNode &n
 bool scale_OfNode(const Catalogue &catalogue, const UomStructNode &node, int32_t unit, int32_t multiplier,
                   UnitScale<double> *scale, Rounds &rounds);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 double uom_ConvertFromTo(const Catalogue &catalogue, Running &running, double value, UomStruct from, UomStruct to);
 int32_t uom_ConvertArray(const Catalogue &catalogue, Running &running, double *values, int32_t count, UomStruct from,
                          UomStruct to);

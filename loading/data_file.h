@@ -21,7 +21,7 @@ int32_t data_ReadText(Catalogue &catalogue, Running &running, const char *name, 
 // Writes the message of a data file that cannot be opened; 1.
 int32_t data_RefuseFile(const char *path);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 UomTable *data_KnownUnits(void);
 UomTable *data_KnownLists(void);
 

@@ -31,7 +31,7 @@ int32_t startup_InitText(Catalogue &catalogue, Running &running, std::string_vie
 // Ends the catalogue for good: frees all, also what a failed start left behind and what a clean-up leaves.
 void startup_End(Catalogue &catalogue);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t startup_FindDataFile(char *out, int32_t size);
 int32_t uom_Init(Catalogue &catalogue, Running &running);
 int32_t uom_Init2(Catalogue &catalogue, Running &running, int32_t count, const char *const *words);

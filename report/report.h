@@ -46,7 +46,7 @@ void report_Samples(const Report &report);
 void report_Units(const Report &report);
 void report_CommonLists(const Report &report);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_Dump(const Catalogue &catalogue, Running &running, int32_t options, const char *path);
 
 } // namespace uom

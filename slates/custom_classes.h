@@ -20,7 +20,7 @@ bool uoms_IsClassComposite(const Catalogue &catalogue, const char *className);
 // Frees a custom row with its texts and lists; null is accepted.
 void class_FreeRow(UomClassRow *row);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uoms_NewClass(Catalogue &catalogue, Running &running, const char *name, const char *definition);
 int32_t uoms_DeleteClass(Catalogue &catalogue, Running &running, const char *name);
 int32_t uoms_PutClassText(Catalogue &catalogue, const char *classText, const char *newText, int32_t style);

@@ -12,7 +12,7 @@ namespace uom {
 // Whether the slate's own default of the class reads exactly as the text, letters' case included.
 int32_t uoms_IsClassDefault(const Catalogue &catalogue, const char *className, const char *slateName, const char *text);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_SetClassDefault(Catalogue &catalogue, Running &running, int32_t slate, int32_t classId,
                             const int32_t *units, const int32_t *multipliers);
 int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *className,

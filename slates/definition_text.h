@@ -13,7 +13,7 @@ namespace uom {
 // value. The status is that of the operation that the key calls; 11 means that memory is exhausted.
 int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 UomTable *uoms_GetSetDefinition(const Catalogue &catalogue, Running &running, const char *name, int32_t format);
 int32_t uoms_PutSetDefinition(Catalogue &catalogue, Running &running, const char *name, UomTable *lines);
 

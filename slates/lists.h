@@ -38,7 +38,7 @@ char **uoms_GetCommonListNames(const Catalogue &catalogue, int32_t *count);
 char **uoms_GetSetNames(const Catalogue &catalogue, int32_t *count); // each in a block of 64 bytes
 int32_t uoms_FreeArray(char **texts);                                // null is accepted; 0
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uoms_SetUOMChoices(Catalogue &catalogue, const char *classText, const UomTable *tokens);
 int32_t uom_SetUOMChoices(Catalogue &catalogue, int32_t classId, const int32_t *units);
 int32_t uom_LoadApplicationList(Catalogue &catalogue, UomStruct chain);

@@ -36,7 +36,7 @@ char *uoms_GetInheritedSetProperty(const Catalogue &catalogue, const char *prope
 // Whether the slate is English, Metric or SI.
 bool slate_IsRootSystem(const Catalogue &catalogue, int32_t slate);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uoms_NewSet(Catalogue &catalogue, const char *name);
 int32_t uom_CheckDupSetName(const Catalogue &catalogue, const char *name);
 UomTable *uom_GetSetList(const Catalogue &catalogue);

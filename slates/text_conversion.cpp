@@ -1,5 +1,4 @@
-// The operations by which hosts convert. All end in uom_ConvertFromTo; what they add is how the two chains
-// are made, and the running pair as the fast path of arrays.
+// The operations by which hosts convert from texts and slates: what they add is how the two chains are made.
 #include "slates/text_conversion.h"
 
 #include "conversion/engine.h"
@@ -22,7 +21,7 @@ enum ConvertStatus : int32_t {
     CONVERT_BAD_SOURCE = UOM_CONVERT_BAD_SOURCE,
     CONVERT_BAD_TARGET = UOM_CONVERT_BAD_TARGET,
     CONVERT_NOT_LINEAR = UOM_CONVERT_NOT_LINEAR,
-    CONVERT_NO_MEMORY = 11
+    CONVERT_NO_MEMORY = UOM_NO_MEMORY
 };
 
 int32_t refuseArguments(const char *function) {

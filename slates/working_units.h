@@ -31,7 +31,7 @@ int32_t uom_GetSlateClassUnit(const Catalogue &catalogue, int32_t classId, int32
 // Gives the chain the units of a slate; of "Current" with the units that the chain fixes on top.
 void chain_TakeSlate(const Catalogue &catalogue, UomStruct chain, int32_t slate);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 void uom_GetUnits(const Catalogue &catalogue, int32_t kind, int32_t slate, UomStruct chain, int32_t count,
                   int32_t *units);
 void uom_GetDefaultUnits(const Catalogue &catalogue, UomStruct chain, int32_t slate, int32_t count, int32_t *units);

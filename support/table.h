@@ -42,11 +42,6 @@ template <class Record> Record *table_Record(const UomTable *table, int64_t inde
     return static_cast<Record **>(table->data)[index];
 }
 
-// The records of a table of 64-bit elements, all `table_Count` of them, for a walk; null for an empty table.
-template <class Record> Record *const *table_Records(const UomTable *table) {
-    return table && table->width == 8 ? static_cast<Record *const *>(table->data) : nullptr;
-}
-
 // As the tbl_ operations of uom.h.
 UomTable *table_Create(uint32_t count, int32_t kind);
 void table_Free(UomTable *table);

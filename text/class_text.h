@@ -38,7 +38,7 @@ int32_t uoms_GetClassDefinition(const Catalogue &catalogue, const char *classStr
 // 1 when the text is the token or long name of a class, else UOM_NULL.
 int32_t uoms_IsClassToken(const Catalogue &catalogue, const char *text);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 void uom_BuildClassString(const Catalogue &catalogue, UomStruct chain, char *out, int32_t size, int32_t style);
 
 } // namespace uom

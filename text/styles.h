@@ -16,7 +16,7 @@ int32_t uom_StyleFromName(const char *name, int32_t *style);
 // The style that a printing operation uses: 0 and below mean the default.
 int32_t style_Effective(const Catalogue &catalogue, int32_t style);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t uom_SetDefaultDisplayStyle(Catalogue &catalogue, int32_t style);
 int32_t uom_GetDefaultDisplayStyle(const Catalogue &catalogue);
 void uom_SetAllowUOMMultipliers(Catalogue &catalogue, int32_t allow);

@@ -1,4 +1,4 @@
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 #ifndef UOM_TEXT_UNIT_TEXT_H
 #define UOM_TEXT_UNIT_TEXT_H
 

@@ -108,7 +108,7 @@ bool chain_IsVolumeBasis(const Catalogue &catalogue, int32_t basis);
 // Puts a unit into the node, with its multiplier style.
 void chain_SetUnit(const Catalogue &catalogue, UomStruct node, int32_t unit);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 UomStruct uom_BuildStruct(const Catalogue &catalogue, int32_t count, const int32_t *classes, const int32_t *exponents,
                           const int32_t *units);
 UomStruct uom_CreateStruct(const Catalogue &catalogue, int32_t classId, int32_t exponent, const int32_t *units);

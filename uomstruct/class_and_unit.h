@@ -1,4 +1,4 @@
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 #ifndef UOM_UOMSTRUCT_CLASS_AND_UNIT_H
 #define UOM_UOMSTRUCT_CLASS_AND_UNIT_H
 

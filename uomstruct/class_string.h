@@ -40,7 +40,7 @@ public:
     ParsedChain &operator=(const ParsedChain &) = delete;
 };
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 UomStruct uoms_New(const Catalogue &catalogue, const char *classString);
 int32_t uoms_IsClassValid(const Catalogue &catalogue, const char *classString);
 int32_t uoms_GetDimensions(const Catalogue &catalogue, const char *classString, int32_t *dimensions);

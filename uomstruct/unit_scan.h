@@ -72,7 +72,7 @@ bool unit_IsNameStart(char c);
 // the length.
 int32_t unit_Normalize(char *out, const char *in);
 
-// What uom.h says of these, in a catalogue.
+// As uom.h says of these names; here the catalogue stands in front.
 int32_t multiplier_FindAtHead(const char *text, int32_t format, int32_t *multiplier, const char **rest);
 int32_t uom_FindUnitFromString(const Catalogue &catalogue, int32_t classId, const char *text, int32_t style,
                                int32_t *consumed, int32_t *multiplier, int32_t *unit);
