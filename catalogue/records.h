@@ -10,10 +10,10 @@ namespace uom {
 
 // One unit line of the data file. A value x in the unit is (x + offset) * factor in base units.
 struct UomUnit {
-    int32_t index; // place in the unit table; 0 is the placeholder that means no unit
-    char *token;
-    char *keyword;
-    char *description;
+    int32_t index;     // place in the unit table; 0 is the placeholder that means no unit
+    const char *token; // the texts stand behind the record, or are constants of the library
+    const char *keyword;
+    const char *description;
     int32_t multiplierStyle; // 1: "M BBL"; any other: "k*m3"
     double offset;           // used only in classes whose hasOffset is set
     double factor;

@@ -3,6 +3,8 @@
 #include <bit>
 #include <cassert>
 #include <cstring>
+#include <iterator>
+#include <new>
 
 #include "catalogue/class_table.h"
 #include "support/memory.h"
@@ -93,13 +95,20 @@ bool equalsName(const char *name, std::string_view text, bool blanksMayMiss) {
 
 } // namespace
 
-void unit_Free(UomUnit *unit) {
-    if (!unit)
-        return;
-    mem_Free(unit->token);
-    mem_Free(unit->keyword);
-    mem_Free(unit->description);
-    mem_Free(unit);
+UomUnit *unit_New(const char *token, const char *keyword, const char *description) {
+    const char *texts[] = {token, keyword, description};
+    size_t sizes[] = {0, 0, 0};
+    size_t size = sizeof(UomUnit);
+    for (size_t i = 0; i < std::size(texts); ++i)
+        size += sizes[i] = texts[i] ? std::strlen(texts[i]) + 1 : 0;
+    void *block = nullptr;
+    if (mem_Malloc(&block, size) != 0)
+        return nullptr;
+    char *place = static_cast<char *>(block) + sizeof(UomUnit);
+    for (size_t i = 0; i < std::size(texts); place += sizes[i], ++i)
+        if (texts[i])
+            texts[i] = static_cast<const char *>(std::memcpy(place, texts[i], sizes[i]));
+    return new (block) UomUnit{0, texts[0], texts[1], texts[2], 0, 0.0, 0.0};
 }
 
 const char *unit_Token(const Catalogue &catalogue, int32_t unit) {

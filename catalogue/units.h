@@ -25,8 +25,9 @@ inline UomUnit *unit_Record(Catalogue &catalogue, int32_t unit) {
     return unit_IsValid(catalogue, unit) ? table_Record<UomUnit>(catalogue.units.records, unit) : nullptr;
 }
 
-// Frees a record with its texts; null is accepted.
-void unit_Free(UomUnit *unit);
+// A record with copies of these texts, which may be null, in one block that mem_Free gives back. Null when memory is
+// exhausted.
+UomUnit *unit_New(const char *token, const char *keyword, const char *description);
 
 // The token of a valid unit, else the empty text.
 const char *unit_Token(const Catalogue &catalogue, int32_t unit);

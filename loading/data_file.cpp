@@ -12,8 +12,8 @@
 #include "catalogue/units.h"
 #include "conversion/prepared.h"
 #include "loading/data_lines.h"
+#include "loading/slate_lines.h"
 #include "slates/custom_classes.h"
-#include "slates/definition_text.h"
 #include "slates/lists.h"
 #include "slates/registry.h"
 #include "support/memory.h"
@@ -82,6 +82,7 @@ struct Reader {
     UomTable *table = nullptr;    // texts of the open list
     std::string_view slateText;   // from the open slate's first line on
     int32_t applicationList = -1; // the open select list is this one of the application's
+    KnownLines known = {};        // of the slates
 
     Reader(Catalogue &into, Running &conversions, const char *fileName, std::string_view text)
         : catalogue(into), running(conversions), name(fileName) {
@@ -116,19 +117,18 @@ void readOption(Reader &reader) {
 }
 
 int32_t readUnit(Reader &reader) {
-    UomUnit *unit = mem_New<UomUnit>();
+    const char *keyword = data_NextToken(reader.lines);
+    const char *description = data_NextToken(reader.lines);
+    UomUnit *unit = unit_New(reader.lines.first, keyword, description);
     if (!unit)
         return UOM_NO_MEMORY;
     unit->index = static_cast<int32_t>(table_Count(reader.catalogue.units.records));
-    const bool copied = mem_DupText(&unit->token, reader.lines.first) == 0 &&
-                        mem_DupText(&unit->keyword, data_NextToken(reader.lines)) == 0 &&
-                        mem_DupText(&unit->description, data_NextToken(reader.lines)) == 0;
     unit->multiplierStyle = num_LeadingInt(data_NextToken(reader.lines));
     unit->offset = num_LeadingDouble(data_NextToken(reader.lines));
     unit->factor = num_LeadingDouble(data_NextToken(reader.lines));
-    if (copied && table_PutRecord(reader.catalogue.units.records, TABLE_APPEND, unit))
+    if (table_PutRecord(reader.catalogue.units.records, TABLE_APPEND, unit))
         return UOM_DONE;
-    unit_Free(unit);
+    mem_Free(unit);
     return UOM_NO_MEMORY;
 }
 
@@ -216,10 +216,6 @@ int32_t readSlateName(Reader &reader) {
                     (uom_GetSetType(reader.catalogue, name) >= 1 || uoms_NewSet(reader.catalogue, name) >= 0));
 }
 
-bool beginsWithLetter(std::string_view line) {
-    return str_IsLetter(line.front());
-}
-
 int32_t readPlainLine(Reader &reader) {
     switch (reader.state) {
     case IN_CLASS_LIST:
@@ -262,19 +258,9 @@ int32_t endCommonList(Reader &reader) {
     return UOM_DONE;
 }
 
-// The lines take effect in file order when the slate ends; an error in one does not stop the next.
 int32_t endSlate(Reader &reader) {
-    DataLines lines = {};
-    lines.delimiters = DATA_KEY_DELIMITERS;
-    lines.ahead = str_Head(reader.slateText, reader.slateText.size() - reader.lines.ahead.size());
-    int32_t status = UOM_DONE;
-    // The last of them is the keyword.
-    while (status != UOM_NO_MEMORY && data_NextRawLine(lines) && !lines.ahead.empty()) {
-        if (!beginsWithLetter(lines.raw) && !(data_CutFirst(lines) && *lines.first))
-            continue;
-        str_CopyBounded(lines.text, sizeof lines.text, lines.raw);
-        status = definition_ApplyLine(reader.catalogue, reader.running, reader.opened, lines.text);
-    }
+    const std::string_view text = str_Head(reader.slateText, reader.slateText.size() - reader.lines.ahead.size());
+    const int32_t status = slatelines_Apply(reader.catalogue, reader.running, reader.opened, text, reader.known);
     reader.closeSection();
     return status == UOM_NO_MEMORY ? status : UOM_DONE;
 }
@@ -320,7 +306,7 @@ int32_t readKeyword(Reader &reader, const SectionKeyword &keyword) {
 // A slate's lines wait for its end, but for the keyword among them.
 bool waitsForEnd(const Reader &reader) {
     const std::string_view line = reader.lines.raw;
-    return reader.state == IN_SLATE && beginsWithLetter(line) && line.front() != 'B' && line.front() != 'E';
+    return reader.state == IN_SLATE && str_IsLetter(line.front()) && line.front() != 'B' && line.front() != 'E';
 }
 
 int32_t readSectionStage(Reader &reader) {

@@ -108,7 +108,7 @@ void resetOptions(Catalogue &catalogue) {
 
 void freeUnitTable(Catalogue &catalogue) {
     for (uint32_t i = 0; i < table_Count(catalogue.units.records); ++i)
-        unit_Free(table_Record<UomUnit>(catalogue.units.records, i));
+        mem_Free(table_Record<UomUnit>(catalogue.units.records, i));
     table_Free(catalogue.units.records);
     catalogue.units.records = nullptr;
     unit_DropIndex(catalogue);
@@ -182,13 +182,12 @@ const UnitRename orbexRenames[] = {
     {&NamedUnits::UOM_U_TON, "tons", nullptr},
 };
 
-bool renameUnit(Catalogue &catalogue, const UnitRename &rename) {
+void renameUnit(Catalogue &catalogue, const UnitRename &rename) {
     UomUnit *unit = unit_Record(catalogue, catalogue.named.*rename.unit);
-    if (!unit)
-        return true;
-    if (rename.token && mem_ExchangeText(&unit->token, rename.token) != 0)
-        return false;
-    return !rename.description || mem_ExchangeText(&unit->description, rename.description) == 0;
+    if (unit && rename.token)
+        unit->token = rename.token;
+    if (unit && rename.description)
+        unit->description = rename.description;
 }
 
 // The Basis list is resolved before the units are renamed: it names them as the file does.
@@ -197,14 +196,14 @@ bool renameByMode(Catalogue &catalogue) {
     if (!simulator && catalogue.modes.orbex == 0)
         return true;
     const ApplicationList basisList = simulator ? LIST_KS_BASIS : LIST_OX_BASIS;
-    bool done = uoms_SetClassList(catalogue, "Basis", catalogue.lists.application[basisList]) != UOM_NO_MEMORY;
+    const bool done = uoms_SetClassList(catalogue, "Basis", catalogue.lists.application[basisList]) != UOM_NO_MEMORY;
     if (simulator) {
         for (const UnitRename &rename : simulatorRenames)
-            done = done && renameUnit(catalogue, rename);
+            renameUnit(catalogue, rename);
         catalogue.classes.compiled[CLASS_VAP_VOL].altToken = "VapVol";
     } else {
         for (const UnitRename &rename : orbexRenames)
-            done = done && renameUnit(catalogue, rename);
+            renameUnit(catalogue, rename);
     }
     catalogue.classes.compiled[CLASS_LIQ_VOL].altToken = "Vol";
     unit_IndexTokens(catalogue);

@@ -128,8 +128,8 @@ int32_t uom_SetClassDefault(Catalogue &catalogue, Running &running, int32_t slat
     return writeBase(catalogue, running, record, slate, classId, units, multipliers);
 }
 
-int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
-                             const char *value) {
+int32_t default_SetText(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
+                        const char *value, ClassDefault &read) {
     const int32_t slate = acceptSlate(catalogue, slateName, className);
     if (slate < 0)
         return DEFAULT_REFUSED;
@@ -149,17 +149,24 @@ int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char 
         error_Set("Unrecognized Unit-of-Measure class \"%s\".", className);
         return DEFAULT_REFUSED;
     }
-    int32_t units[CHAIN_UNITS] = {};
-    int32_t multipliers[CHAIN_UNITS] = {};
+    std::memset(read.units, 0, sizeof read.units);
+    std::memset(read.multipliers, 0, sizeof read.multipliers);
     if (!str_IsEmpty(value)) {
         const int32_t status = uom_FillStructFromString(catalogue, chain.chain, value, catalogue.styles.scanUom);
         if (status >= 1)
             return status;
-        chain_GetUnits(chain.chain, CHAIN_UNITS, units);
-        chain_GetMultipliers(chain.chain, CHAIN_UNITS, multipliers);
+        chain_GetUnits(chain.chain, CHAIN_UNITS, read.units);
+        chain_GetMultipliers(chain.chain, CHAIN_UNITS, read.multipliers);
     }
-    const int32_t status = uom_SetClassDefault(catalogue, running, slate, classId, units, multipliers);
+    read.classId = classId;
+    const int32_t status = uom_SetClassDefault(catalogue, running, slate, classId, read.units, read.multipliers);
     return memory.exhausted() ? noMemory(className) : status;
+}
+
+int32_t uoms_SetClassDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
+                             const char *value) {
+    ClassDefault read;
+    return default_SetText(catalogue, running, slateName, className, value, read);
 }
 
 int32_t uom_GetClassDefault(const Catalogue &catalogue, int32_t slate, int32_t classId, char *out, int32_t length) {

@@ -6,8 +6,20 @@
 #include <cstdint>
 #include "catalogue/catalogue.h"
 #include "conversion/running.h"
+#include "uomstruct/chain.h"
 
 namespace uom {
+
+// A default as it is read from texts: the pairs of the class's slots.
+struct ClassDefault {
+    int32_t classId = CLASS_NONE; // none: nothing was read
+    int32_t units[CHAIN_UNITS];
+    int32_t multipliers[CHAIN_UNITS];
+};
+
+// uoms_SetClassDefault, which also tells what it read.
+int32_t default_SetText(Catalogue &catalogue, Running &running, const char *slateName, const char *className,
+                        const char *value, ClassDefault &read);
 
 // Whether the slate's own default of the class reads exactly as the text, letters' case included.
 int32_t uoms_IsClassDefault(const Catalogue &catalogue, const char *className, const char *slateName, const char *text);

@@ -144,10 +144,6 @@ char *cutAt(char *text, char mark) {
     return place + 1;
 }
 
-int32_t setDefault(Catalogue &catalogue, Running &running, const char *slateName, const char *key, const char *value) {
-    return uoms_SetClassDefault(catalogue, running, slateName, key, value);
-}
-
 int32_t link(Catalogue &catalogue, Running &, const char *slateName, const char *, const char *value) {
     uoms_PutSetBasedOn(catalogue, slateName, value);
     return 0;
@@ -179,12 +175,13 @@ int32_t applyNewClass(Catalogue &catalogue, Running &running, const char *slateN
     if (!definition)
         return 0;
     const int32_t status = uoms_NewClass(catalogue, running, value, definition);
-    return status == 11 ? status : setDefault(catalogue, running, slateName, key, value);
+    return status == 11 ? status : uoms_SetClassDefault(catalogue, running, slateName, key, value);
 }
 
 } // namespace
 
-int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line) {
+int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line,
+                             ClassDefault &read) {
     if (!line)
         return 0;
     char *value = cutAt(line, '=');
@@ -193,7 +190,7 @@ int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char 
             return entry.apply(catalogue, running, slateName, line, value);
     if (str_StartsNoCase(line, NEW_CLASS_KEY))
         return applyNewClass(catalogue, running, slateName, line, value);
-    return setDefault(catalogue, running, slateName, line, value);
+    return default_SetText(catalogue, running, slateName, line, value, read);
 }
 
 UomTable *uoms_GetSetDefinition(const Catalogue &catalogue, Running &running, const char *name, int32_t format) {
@@ -222,8 +219,9 @@ int32_t uoms_PutSetDefinition(Catalogue &catalogue, Running &running, const char
     const MemoryWatch memory;
     const bool heading = std::strchr(first, '[') != nullptr;
     if (heading || std::strchr(first, '=')) {
+        ClassDefault read;
         for (uint32_t i = heading ? 1 : 0; i < lines->count; ++i)
-            definition_ApplyLine(catalogue, running, name, table_GetText(lines, i));
+            definition_ApplyLine(catalogue, running, name, table_GetText(lines, i), read);
         return memory.exhausted() ? 11 : 0;
     }
     uoms_InitializeSet(catalogue, name, first);

@@ -6,12 +6,15 @@
 #include <cstdint>
 #include "conversion/running.h"
 #include "catalogue/catalogue.h"
+#include "slates/defaults.h"
 
 namespace uom {
 
 // Applies one line "key=value" to a slate; the line is cut in place. A line without "=" is a key with a null
-// value. The status is that of the operation that the key calls; 11 means that memory is exhausted.
-int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line);
+// value. The status is that of the operation that the key calls; 11 means that memory is exhausted. `read` is the
+// default that a line states for a class.
+int32_t definition_ApplyLine(Catalogue &catalogue, Running &running, const char *slateName, char *line,
+                             ClassDefault &read);
 
 // As uom.h says of these names; here the catalogue stands in front.
 UomTable *uoms_GetSetDefinition(const Catalogue &catalogue, Running &running, const char *name, int32_t format);

@@ -101,33 +101,11 @@ char *str_TrimLeft(char *text) {
     return text;
 }
 
-// The characters that end a token. Those of the library stand below the letters, so one comparison settles
-// most.
-struct Delimiters {
-    const char *set;
-    uint8_t highest = 0;
-    explicit Delimiters(const char *characters) : set(characters) {
-        for (const char *c = set; *c; ++c)
-            highest = static_cast<uint8_t>(*c) > highest ? static_cast<uint8_t>(*c) : highest;
-    }
-    bool hold(char c) const {
-        if (static_cast<uint8_t>(c) > highest || c == '\0')
-            return false;
-        const char *member = set;
-        while (*member && *member != c)
-            ++member;
-        return *member != '\0';
-    }
-};
-
 char *str_CutToken(char *text, const char *delimiters, char **rest) {
     *rest = text;
     if (!text || !*text || !delimiters || !*delimiters)
         return nullptr;
-    const Delimiters between(delimiters);
-    char *token = text;
-    while (between.hold(*token))
-        ++token;
+    char *token = text + std::strspn(text, delimiters);
     *rest = token;
     if (!*token)
         return nullptr;
@@ -135,10 +113,7 @@ char *str_CutToken(char *text, const char *delimiters, char **rest) {
     const bool quoted = *token == '\'' || *token == '"';
     if (quoted)
         *token++ = '\0';
-    const Delimiters behind(quoted ? quote : delimiters);
-    char *end = token;
-    while (*end && !behind.hold(*end))
-        ++end;
+    char *end = token + std::strcspn(token, quoted ? quote : delimiters);
     *rest = *end ? end + 1 : end;
     *end = '\0';
     return token;
