@@ -13,10 +13,12 @@
 #ifndef UOM_CATALOGUE_CATALOGUE_H
 #define UOM_CATALOGUE_CATALOGUE_H
 
+#include <atomic>
 #include <cstdint>
 
 #include "catalogue/class_rows.h"
 #include "catalogue/records.h"
+#include "support/memory.h"
 #include "support/name_index.h"
 #include "support/platform.h"
 
@@ -131,11 +133,21 @@ struct Catalogue {
     Styles styles;
     NamedUnits named;
     NamedSlates slateIndex;
+    char *aliasText = nullptr; // lines of aliases that the host has added, owned
+
+    // What the reader of typed texts knows of all this, in one block; derived when it is first asked for, by whichever
+    // thread does, so it changes in a catalogue that is only read.
+    mutable std::atomic<void *> words = nullptr;
 
     Catalogue() = default;
     Catalogue(const Catalogue &) = delete;
     Catalogue &operator=(const Catalogue &) = delete;
 };
+
+// Drops what was derived for typed texts; whatever changes classes, units or their lists calls it.
+inline void catalogue_DropWords(const Catalogue &catalogue) {
+    mem_Free(catalogue.words.exchange(nullptr, std::memory_order_acq_rel));
+}
 
 } // namespace uom
 

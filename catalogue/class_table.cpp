@@ -94,6 +94,7 @@ void class_DropIndex(Catalogue &catalogue) {
 }
 
 void class_IndexTexts(Catalogue &catalogue) {
+    catalogue_DropWords(catalogue);
     const uint32_t count = table_Count(catalogue.classes.rows);
     if (!names_Reset(catalogue.classes.tokens, 2 * count) || !names_Reset(catalogue.classes.names, count))
         return class_DropIndex(catalogue);
@@ -102,11 +103,13 @@ void class_IndexTexts(Catalogue &catalogue) {
 }
 
 void class_IndexLastRow(Catalogue &catalogue) {
+    catalogue_DropWords(catalogue);
     if (!indexRow(catalogue, lastRow(catalogue)))
         class_IndexTexts(catalogue);
 }
 
 void class_UnindexLastRow(Catalogue &catalogue) {
+    catalogue_DropWords(catalogue);
     const UomClassRow *row = class_Row(catalogue, lastRow(catalogue));
     if (!row)
         return;

@@ -136,6 +136,7 @@ void unit_DropIndex(Catalogue &catalogue) {
 }
 
 void unit_IndexList(const Catalogue &catalogue, UomClassRow *row) {
+    catalogue_DropWords(catalogue);
     mem_Free(row->starts);
     row->starts = nullptr;
     const int32_t *units = row->uomChoices ? row->uomChoices : row->uomList;
@@ -156,6 +157,7 @@ void unit_IndexList(const Catalogue &catalogue, UomClassRow *row) {
 }
 
 void unit_IndexTokens(Catalogue &catalogue) {
+    catalogue_DropWords(catalogue);
     unit_DropIndex(catalogue);
     const uint32_t count = table_Count(catalogue.units.records);
     for (uint32_t i = 0; i < table_Count(catalogue.classes.rows); ++i)
@@ -342,6 +344,7 @@ int32_t uom_SetConvConstants(Catalogue &catalogue, int32_t unit, double offset, 
     UomUnit *found = unit_Record(catalogue, unit);
     if (!found)
         return 1;
+    catalogue_DropWords(catalogue);
     found->offset = offset;
     found->factor = factor;
     return 0;

@@ -196,7 +196,29 @@ double walk_One(const UomConversion *conversion, double value) {
     return resolved_Convert({nodes, nodes + conversion->count}, conversion->numbers, value);
 }
 
+// A block for a conversion that gives values back, with room for its nodes; null, with the message, without memory.
+static UomConversion *allocate(const Linear &exact, size_t nodes) {
+    void *block = nullptr;
+    if (mem_Malloc(&block, sizeof(UomConversion) + nodes * sizeof(ResolvedNode)) != 0) {
+        error_Set("Memory is exhausted: the conversion was not made.");
+        return nullptr;
+    }
+    UomConversion *conversion = static_cast<UomConversion *>(block);
+    *conversion = {sameOperations, {limitOf(numConstants), 0, 0, 0, 0, 0, NAN}, {}, Form::SAME, exact, numConstants,
+                   nodes};
+    return conversion;
+}
+
+static bool isOne(const Wide &number) {
+    return number.high == 1.0 && number.low == 0.0 && number.exponent == 0;
+}
+
 int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, UomConversion **out) {
+    return prepared_NewScaled(catalogue, from, to, wide_Of(1.0), wide_Of(1.0), out);
+}
+
+int32_t prepared_NewScaled(const Catalogue &catalogue, UomStruct from, UomStruct to, const Wide &before,
+                           const Wide &after, UomConversion **out) {
     if (out)
         *out = nullptr;
     if (!from || !to || !out)
@@ -204,17 +226,20 @@ int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, U
     if (checkChains(catalogue, from, to) != UOM_DONE)
         return refuse();
     Linear exact;
-    const bool same = isSame(from, to);
+    const bool scaled = !isOne(before) || !isOne(after);
+    const bool same = isSame(from, to) && !scaled;
     const bool walks = !same && !linear_Compose(catalogue, from, to, &exact);
-    const size_t nodes = walks ? static_cast<size_t>(chain_Length(from)) : 0;
-    void *block = nullptr;
-    if (mem_Malloc(&block, sizeof(UomConversion) + nodes * sizeof(ResolvedNode)) != 0) {
-        error_Set("Memory is exhausted: the conversion was not made.");
-        return 11;
+    if (walks && scaled) {
+        error_Set("A multiple of a unit that no factor tells converts into nothing.");
+        return UOM_REFUSED;
     }
-    UomConversion *conversion = static_cast<UomConversion *>(block);
-    *conversion = {sameOperations, {limitOf(numConstants), 0, 0, 0, 0, 0, NAN}, {}, Form::SAME, exact, numConstants,
-                   nodes};
+    if (scaled) {
+        exact.offset = exact.offset / before;
+        exact.factor = exact.factor * before / after;
+    }
+    UomConversion *conversion = allocate(exact, walks ? static_cast<size_t>(chain_Length(from)) : 0);
+    if (!conversion)
+        return UOM_NO_MEMORY;
     if (walks) {
         conversion->form = Form::WALK;
         setWalk(catalogue, *conversion, from, to);
@@ -222,6 +247,14 @@ int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, U
         setLinear(*conversion);
     }
     *out = conversion;
+    return UOM_DONE;
+}
+
+int32_t prepared_NewProduct(const Wide &factor, UomConversion **out) {
+    *out = allocate({{}, factor}, 0);
+    if (!*out)
+        return UOM_NO_MEMORY;
+    setLinear(**out);
     return UOM_DONE;
 }
 

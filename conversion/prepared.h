@@ -53,6 +53,14 @@ enum class Form : int32_t {
 // The conversion of two parallel filled chains. The statuses and messages of uom_NewConversion.
 int32_t prepared_New(const Catalogue &catalogue, UomStruct from, UomStruct to, UomConversion **out);
 
+// The same from a unit that is `before` units of the first chain to one that is `after` units of the second; neither is 0.
+// A conversion that is not linear is refused unless both are 1.
+int32_t prepared_NewScaled(const Catalogue &catalogue, UomStruct from, UomStruct to, const Wide &before,
+                           const Wide &after, UomConversion **out);
+
+// y = x * factor, a finite factor other than 0.
+int32_t prepared_NewProduct(const Wide &factor, UomConversion **out);
+
 // Null outputs are passed over. 0, or 5 when the conversion is not linear.
 int32_t prepared_Constants(const UomConversion &conversion, double *factor, double *offset);
 

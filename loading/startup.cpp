@@ -233,6 +233,9 @@ void freeLists(const Catalogue &catalogue, UomClassRow *row) {
 }
 
 void freeAll(Catalogue &catalogue) {
+    catalogue_DropWords(catalogue);
+    mem_Free(catalogue.aliasText);
+    catalogue.aliasText = nullptr;
     for (uint32_t i = 0; i < table_Count(catalogue.lists.common); ++i)
         table_Free(table_Record<UomTable>(catalogue.lists.common, i));
     table_Free(catalogue.lists.common);

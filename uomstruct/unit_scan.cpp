@@ -1,5 +1,6 @@
 #include "uomstruct/unit_scan.h"
 
+#include <cmath>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -85,6 +86,11 @@ const UomMultiplierRow *multiplier_Find(int32_t code) {
         if (row->code == code)
             return row;
     return nullptr;
+}
+
+double multiplier_Factor(int32_t code) {
+    const UomMultiplierRow *row = multiplier_Find(code);
+    return row ? std::pow(10.0, row->code) : 1.0;
 }
 
 int32_t multiplier_FindAtHead(const char *text, int32_t format, int32_t *multiplier, const char **rest) {

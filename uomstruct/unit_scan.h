@@ -20,6 +20,9 @@ extern const UomMultiplierRow uomMultipliers[];
 // The row of a code, null when there is none.
 const UomMultiplierRow *multiplier_Find(int32_t code);
 
+// What a multiplier stands for, 1 for a code that is none.
+double multiplier_Factor(int32_t code);
+
 // Writes a multiplier as it stands in front of a unit of this multiplier style: "M ", "MM ", "k*", "M*"; leaves the buffer
 // as it is for a code that is none.
 void multiplier_Write(int32_t code, int32_t unitStyle, char *out, size_t size);

@@ -1,0 +1,556 @@
+#include "entry/entry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/units.h"
+#include "entry/suggest.h"
+#include "support/message.h"
+#include "support/table.h"
+#include "support/text.h"
+#include "text/display_units.h"
+#include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+#include "uomstruct/unit_string.h"
+
+namespace uom {
+
+namespace {
+
+void begin(UomEntry &entry) {
+    std::memset(static_cast<void *>(&entry), 0, sizeof entry);
+    entry.value = NAN;
+    entry.scale = 1.0;
+}
+
+#if defined(__GNUC__)
+__attribute__((format(printf, 2, 3)))
+#endif
+bool refuse(UomEntry &entry, const char *format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(entry.message, sizeof entry.message, format, arguments);
+    va_end(arguments);
+    return false;
+}
+
+void locate(UomEntry &entry, const FoldedText &folded, int32_t from, int32_t to) {
+    from = std::clamp(from, 0, folded.length);
+    to = std::clamp(to, from, folded.length);
+    entry.position = folded.place[from];
+    entry.length = folded.place[to] - folded.place[from];
+}
+
+bool refuseSigns(UomEntry &entry, const FoldedText &folded, const char *text) {
+    if (folded.tooLong)
+        return refuse(entry, "The text is longer than any unit text.");
+    entry.position = folded.badPlace;
+    entry.length = folded.badLength;
+    char sign[8];
+    str_CopyBounded(sign, sizeof sign, std::string_view(text + folded.badPlace, static_cast<size_t>(folded.badLength)));
+    if (static_cast<uint8_t>(sign[0]) >= 0xC2)
+        return refuse(entry, "The sign \"%s\" belongs to no unit text.", sign);
+    return refuse(entry, "The text holds a byte that is no sign of a unit text.");
+}
+
+// --- the number in front
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// "1,000" and "1,5" are read differently in different countries.
+bool refuseComma(UomEntry &entry, const FoldedText &folded, int32_t comma) {
+    int32_t digits = 0;
+    while (isDigit(folded.text[comma + 1 + digits]))
+        ++digits;
+    TextWriter writer(entry.suggestion, sizeof entry.suggestion);
+    str_Write(writer, std::string_view(folded.text, static_cast<size_t>(comma)));
+    if (digits != 3)
+        str_Write(writer, '.');
+    str_Write(writer, std::string_view(folded.text + comma + 1));
+    locate(entry, folded, comma, comma + 1);
+    return refuse(entry, "A comma in a number can mean two things: write it without, or with a point for decimals.");
+}
+
+// Reads sign and number in front of the unit; a number that is a factor stays in the unit text.
+bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
+    const FoldedText &folded = reading.folded;
+    int32_t place = 0;
+    while (folded.text[place] == ' ')
+        ++place;
+    reading.unitBegin = place;
+    const bool negative = folded.text[place] == '-';
+    if (negative || folded.text[place] == '+')
+        ++place;
+    Wide number;
+    double value;
+    const int32_t first = place;
+    if (!product_ReadNumber(folded, &place, &number, &value)) {
+        if (place == first && first == reading.unitBegin)
+            return true;
+        locate(entry, folded, reading.unitBegin, reading.unitBegin + 1);
+        return refuse(entry, "A sign stands in front of a number only.");
+    }
+    if (folded.text[place] == ',' && isDigit(folded.text[place + 1]))
+        return refuseComma(entry, folded, place);
+    const bool power = folded.text[place] == '^' || (folded.text[place] == '*' && folded.text[place + 1] == '*');
+    if (power || numberIsFactor) {
+        if (first == reading.unitBegin)
+            return true;
+        locate(entry, folded, reading.unitBegin, place);
+        return refuse(entry, "A number in a unit text is to be a factor above 0.");
+    }
+    entry.value = negative ? -value : value;
+    reading.unitBegin = place;
+    while (folded.text[place] == ' ')
+        ++place;
+    if (folded.text[place] == '*') // "5 * m"
+        reading.unitBegin = place + 1;
+    return true;
+}
+
+bool isEmpty(const Reading &reading) {
+    for (int32_t i = reading.unitBegin; i < reading.folded.length; ++i)
+        if (reading.folded.text[i] != ' ')
+            return false;
+    return true;
+}
+
+// --- the ways to read a text
+
+bool isSameProduct(const Product &a, const Product &b) {
+    if (a.count != b.count || wide_Rounded(a.number) != wide_Rounded(b.number))
+        return false;
+    for (int32_t i = 0; i < a.count; ++i)
+        if (a.terms[i].unit != b.terms[i].unit || a.terms[i].multiplier != b.terms[i].multiplier ||
+            a.terms[i].exponent != b.terms[i].exponent)
+            return false;
+    return true;
+}
+
+// Reads the text one way; one that means what another has meant before is not kept.
+void tryWay(const Catalogue &catalogue, const Words &words, int32_t classId, const Way &way, Reading &reading) {
+    if (reading.count == Reading::LIMIT)
+        return;
+    Product &product = reading.products[reading.count];
+    Complaint complaint;
+    if (!product_Read(catalogue, words, reading.folded, reading.unitBegin, classId, way, product, complaint)) {
+        if (reading.count == 0 && !*reading.complaint.message)
+            reading.complaint = complaint;
+        return;
+    }
+    for (int32_t i = 0; i < reading.count; ++i)
+        if (isSameProduct(reading.products[i], product))
+            return;
+    reading.measures[reading.count] = product_Measure(words, product);
+    ++reading.count;
+}
+
+void readWays(const Catalogue &catalogue, const Words &words, int32_t classId, Reading &reading) {
+    Way way;
+    tryWay(catalogue, words, classId, way, reading);
+    const Product first = reading.products[0];
+    if (first.hasSecondSlash)
+        tryWay(catalogue, words, classId, {true, false, false}, reading);
+    if (first.hasLateStar)
+        tryWay(catalogue, words, classId, {false, true, false}, reading);
+    reading.whole = reading.count;
+    if (first.hasCompound)
+        tryWay(catalogue, words, classId, {false, false, true}, reading);
+}
+
+// --- messages about what does not fit
+
+const char *nameOfClass(const Catalogue &catalogue, int32_t classId) {
+    return class_Token(catalogue, classId);
+}
+
+void complain(const Words &words, const Catalogue &catalogue, const char *classString, bool numberIsFactor,
+              const Reading &reading, UomEntry &entry);
+
+struct Candidate {
+    int32_t classId;
+    ClassFit fit;
+};
+
+// Classes whose units are all millions: nobody means them who types no such unit.
+bool isInMillions(int32_t classId) {
+    return classId == CLASS_E6_ENERGY || classId == CLASS_E6_POWER;
+}
+
+// The classes that read the text, the best first: up to `most`.
+int32_t findClasses(const Catalogue &catalogue, const Words &words, const Reading &reading, Candidate *candidates,
+                    int32_t most) {
+    int32_t count = 0;
+    for (int32_t c = CLASS_DIMENSIONLESS; c < words.classCount; ++c) {
+        if (!words.classes[c].shown || words.classes[c].slots == 0)
+            continue;
+        const ClassFit fit = entry_Fit(catalogue, words, reading, shape_OfClass(words, c));
+        if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))
+            continue;
+        int32_t place = count;
+        while (place > 0 && candidates[place - 1].fit.fit.kind > fit.fit.kind)
+            --place;
+        if (place == most)
+            continue;
+        const int32_t kept = std::min(count, most - 1);
+        for (int32_t i = kept; i > place; --i)
+            candidates[i] = candidates[i - 1];
+        candidates[place] = {c, fit};
+        count = kept + 1;
+    }
+    return count;
+}
+
+constexpr int32_t TOLD_CLASSES = 3;
+
+// "SCFM is no Pres; it is a VapVolRate."
+void tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+                 UomEntry &entry) {
+    Candidate candidates[TOLD_CLASSES];
+    const int32_t count = findClasses(catalogue, words, reading, candidates, TOLD_CLASSES);
+    char typed[64];
+    str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
+    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    char classes[128] = "";
+    TextWriter writer(classes, sizeof classes);
+    for (int32_t i = 0; i < count; ++i) {
+        str_Write(writer, i == 0 ? "" : i + 1 < count ? ", " : " or ");
+        str_Write(writer, nameOfClass(catalogue, candidates[i].classId));
+    }
+    if (!classString)
+        refuse(entry, "\"%s\" is a unit of no class.", typed);
+    else if (count > 0)
+        refuse(entry, "\"%s\" is no unit of %s; it is one of %s.", typed, classString, classes);
+    else
+        refuse(entry, "\"%s\" is no unit of %s.", typed, classString);
+}
+
+void tellGas(const char *classString, const Reading &reading, UomEntry &entry) {
+    char typed[64];
+    str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
+    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    refuse(entry, "\"%s\" is an amount of gas, told by its volume under standard conditions, and no unit of %s.", typed,
+           classString ? classString : "a volume");
+}
+
+void tellAmbiguous(const Reading &reading, UomEntry &entry) {
+    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    refuse(entry,
+           "The text can mean two things, since \"a/b/c\" may be a/(b c) or a/(b/c), and \"a/b*c\" may be (a/b) c or "
+           "a/(b c): set parentheses.");
+}
+
+// A text with the word at the complaint replaced by a name that is known.
+void suggestName(const Catalogue &catalogue, const Words &words, const char *classString, bool numberIsFactor,
+                 const Reading &reading, UomEntry &entry) {
+    const FoldedText &folded = reading.folded;
+    const Complaint &complaint = reading.complaint;
+    const std::string_view typed(folded.text, static_cast<size_t>(folded.length));
+    const size_t from = static_cast<size_t>(complaint.begin), to = static_cast<size_t>(complaint.end);
+    Suggestions suggestions;
+    suggest_Names(words, str_Head(str_Behind(typed, from), to - from), suggestions);
+    for (int32_t i = 0; i < suggestions.count; ++i) {
+        char text[sizeof entry.suggestion];
+        TextWriter writer(text, sizeof text);
+        str_Write(writer, str_Head(typed, from));
+        str_Write(writer, suggestions.names[i]);
+        str_Write(writer, str_Behind(typed, to));
+        if (writer.wanted >= sizeof text)
+            continue;
+        Reading other;
+        UomEntry read;
+        begin(read);
+        const int32_t classId = classString ? class_Find(catalogue, classString, STYLE_TOKEN) : CLASS_NONE;
+        if (!entry_Read(catalogue, words, classId, text, numberIsFactor, other, read) || other.count == 0)
+            continue;
+        const bool fits = classId == CLASS_NONE ||
+                          entry_Fit(catalogue, words, other, shape_OfClass(words, classId)).fit.kind != FitKind::NONE;
+        if (!fits)
+            continue;
+        str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
+        return;
+    }
+}
+
+void complain(const Words &words, const Catalogue &catalogue, const char *classString, bool numberIsFactor,
+              const Reading &reading, UomEntry &entry) {
+    locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
+    refuse(entry, "%s", reading.complaint.message);
+    if (reading.complaint.unknownWord)
+        suggestName(catalogue, words, classString, numberIsFactor, reading, entry);
+}
+
+// --- the text of a fit
+
+bool isParenthesis(const UomStructNode *node) {
+    return node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE;
+}
+
+// The shape of a chain without groups and bases, which the classical reader alone reads.
+Shape shapeOfChain(const Catalogue &catalogue, const UomStructNode *chain) {
+    Shape shape = {};
+    shape.known = true;
+    for (const UomStructNode *node = chain; node; node = node->next) {
+        if (isParenthesis(node) || node->baseClass == CLASS_BASIS || shape.count == Shape::LIMIT)
+            return {};
+        const BaseQuantity quantity = dimension_OfClass(catalogue, node->baseClass);
+        shape.classes[shape.count] = node->baseClass;
+        shape.exponents[shape.count++] = node->baseExponent;
+        shape.known = shape.known && quantity.known;
+        shape.dimension = dimension_Times(shape.dimension, quantity.dimension, node->baseExponent);
+    }
+    return shape;
+}
+
+// Whether the two texts are one but for case and blanks.
+bool isSameText(const char *a, const char *b) {
+    for (;; ++a, ++b) {
+        while (*a == ' ')
+            ++a;
+        while (*b == ' ')
+            ++b;
+        if (str_Lower(*a) != str_Lower(*b))
+            return false;
+        if (!*a)
+            return true;
+    }
+}
+
+// The typed text in the tokens of the catalogue, where each word of it is one unit.
+bool writeInTokens(const Catalogue &catalogue, const Reading &reading, const Product &product, TextWriter &writer) {
+    if (wide_Rounded(product.number) != 1.0 || product.hasNumber || product.scale)
+        return false;
+    int32_t place = reading.unitBegin;
+    const char *text = reading.folded.text;
+    for (int32_t i = 0; i < product.count; ++i) {
+        const Term &term = product.terms[i];
+        if (term.place < place)
+            return false;
+        str_Write(writer, std::string_view(text + place, static_cast<size_t>(term.place - place)));
+        str_Write(writer, unit_Token(catalogue, term.unit));
+        place = term.end;
+    }
+    str_Write(writer, std::string_view(text + place, static_cast<size_t>(reading.folded.length - place)));
+    return writer.wanted < writer.size;
+}
+
+// Class strings with groups or a basis: the classical reader reads them, and what it has read is to say the whole text.
+bool readClassically(const Catalogue &catalogue, const char *classString, const Reading &reading, UomEntry &entry) {
+    for (int32_t i = 0; i < reading.count; ++i) {
+        char text[sizeof entry.units];
+        TextWriter writer(text, sizeof text);
+        if (!writeInTokens(catalogue, reading, reading.products[i], writer))
+            continue;
+        ParsedChain chain(catalogue, classString);
+        char read[sizeof entry.units];
+        if (!chain.chain || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
+            continue;
+        uom_GetDisplayUnits(catalogue, chain.chain, read, sizeof read, STYLE_TOKEN);
+        if (!isSameText(text, read))
+            continue;
+        str_CopyBounded(entry.units, sizeof entry.units, read);
+        return true;
+    }
+    return false;
+}
+
+// --- a text of a given class, and of any
+
+bool readGiven(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
+               UomEntry &entry) {
+    if (std::strlen(classString) >= sizeof entry.classString)
+        return refuse(entry, "The class string is longer than any class string.");
+    str_CopyBounded(entry.classString, sizeof entry.classString, classString);
+    const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
+    Shape shape = shape_OfClass(words, classId);
+    if (shape.count == 0) {
+        ParsedChain chain(catalogue, classString);
+        if (!chain.chain || uoms_IsClassValid(catalogue, classString) == 0) {
+            if (const char *nearest = suggest_Class(catalogue, classString))
+                str_CopyBounded(entry.suggestion, sizeof entry.suggestion, nearest);
+            return refuse(entry, "\"%s\" is no class of quantities.", classString);
+        }
+        shape = shapeOfChain(catalogue, chain.chain);
+    }
+    Reading reading;
+    if (!entry_Read(catalogue, words, classId, text, false, reading, entry))
+        return false;
+    if (reading.count == 0) {
+        complain(words, catalogue, classString, false, reading, entry);
+        return false;
+    }
+    if (shape.count == 0) {
+        if (readClassically(catalogue, classString, reading, entry))
+            return true;
+        tellClasses(catalogue, words, classString, reading, entry);
+        return false;
+    }
+    const ClassFit fit = entry_Fit(catalogue, words, reading, shape);
+    if (fit.ambiguous) {
+        tellAmbiguous(reading, entry);
+        return false;
+    }
+    if (fit.fit.kind != FitKind::NONE)
+        return entry_Finish(catalogue, classString, reading, fit, entry);
+    if (fit.fit.refusedGas)
+        tellGas(classString, reading, entry);
+    else
+        tellClasses(catalogue, words, classString, reading, entry);
+    return false;
+}
+
+bool readAny(const Catalogue &catalogue, const Words &words, const char *text, UomEntry &entry) {
+    Reading reading;
+    if (!entry_Read(catalogue, words, CLASS_NONE, text, false, reading, entry))
+        return false;
+    if (reading.count == 0) {
+        complain(words, catalogue, nullptr, false, reading, entry);
+        return false;
+    }
+    Candidate best;
+    if (findClasses(catalogue, words, reading, &best, 1) == 0) {
+        tellClasses(catalogue, words, nullptr, reading, entry);
+        return false;
+    }
+    if (best.fit.ambiguous) {
+        tellAmbiguous(reading, entry);
+        return false;
+    }
+    const char *token = nameOfClass(catalogue, best.classId);
+    str_CopyBounded(entry.classString, sizeof entry.classString, token);
+    return entry_Finish(catalogue, token, reading, best.fit, entry);
+}
+
+// The commonest text by far: the token of a unit of the class, in its own case. Nothing else is looked at then.
+bool isToken(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
+    const int32_t unit = *text ? unit_FindToken(catalogue, text) : NO_UNIT;
+    if (unit <= NO_UNIT || std::strcmp(unit_Token(catalogue, unit), text) != 0)
+        return false;
+    const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
+    if (!row || row->baseClass[0] != 0 || classId < CLASS_DIMENSIONLESS ||
+        uom_GetUnitListIndex(catalogue, classId, unit) < 0 || std::strlen(classString) >= sizeof entry.classString)
+        return false;
+    // A gas volume is judged elsewhere.
+    if (classId == CLASS_LIQ_VOL || classId == CLASS_ACT_VOL)
+        return false;
+    entry.value = NAN;
+    entry.scale = 1.0;
+    entry.position = entry.length = 0;
+    entry.message[0] = entry.suggestion[0] = '\0';
+    str_CopyBounded(entry.classString, sizeof entry.classString, classString);
+    str_CopyBounded(entry.units, sizeof entry.units, text);
+    return true;
+}
+
+} // namespace
+
+ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape) {
+    ClassFit best;
+    for (int32_t i = 0; i < reading.count; ++i) {
+        if (i >= reading.whole && best.product >= 0)
+            break; // names are taken apart only when nothing fits whole
+        const Fit fit = fit_Product(catalogue, words, reading.products[i], reading.measures[i], shape);
+        best.fit.refusedGas = best.fit.refusedGas || fit.refusedGas;
+        if (fit.kind == FitKind::NONE)
+            continue;
+        if (best.product >= 0) {
+            best.ambiguous = true;
+            continue;
+        }
+        const bool refusedGas = best.fit.refusedGas;
+        best.fit = fit;
+        best.fit.refusedGas = refusedGas;
+        best.product = i;
+    }
+    return best;
+}
+
+bool entry_Read(const Catalogue &catalogue, const Words &words, int32_t classId, const char *text, bool numberIsFactor,
+                Reading &reading, UomEntry &entry) {
+    reading.count = reading.whole = 0;
+    if (!fold_Text(reading.folded, text))
+        return refuseSigns(entry, reading.folded, text);
+    if (!readValue(reading, numberIsFactor, entry))
+        return false;
+    if (isEmpty(reading)) {
+        locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+        return refuse(entry, "The unit is missing.");
+    }
+    readWays(catalogue, words, classId, reading);
+    return true;
+}
+
+bool entry_Finish(const Catalogue &catalogue, const char *classString, const Reading &reading, const ClassFit &fit,
+                  UomEntry &entry) {
+    entry.scale = wide_Rounded(fit.fit.scale);
+    ParsedChain chain(catalogue, classString);
+    int32_t slot = 0;
+    for (UomStruct node = chain.chain; node; node = node->next, ++slot) {
+        chain_SetUnit(catalogue, node, fit.fit.units[slot]);
+        node->multiplier = fit.fit.multipliers[slot];
+    }
+    uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
+    ParsedChain back(catalogue, classString);
+    bool same = back.chain && chain_FillFromText(catalogue, back.chain, entry.units, STYLE_TOKEN) == UOM_DONE;
+    for (UomStruct a = chain.chain, b = back.chain; same && a && b; a = a->next, b = b->next)
+        same = a->unit == b->unit && a->multiplier == b->multiplier;
+    if (same && std::isfinite(entry.scale) && entry.scale != 0.0)
+        return true;
+    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    return refuse(entry, "The catalogue has no text for these units of %s.", classString);
+}
+
+int32_t uom_ReadEntry(const Catalogue &catalogue, const char *classString, const char *text, UomEntry *entry) {
+    const bool any = str_IsEmpty(classString);
+    if (text && entry && !any && isToken(catalogue, classString, text, *entry))
+        return UOM_DONE;
+    if (entry)
+        begin(*entry);
+    if (!text || !entry) {
+        error_Set("Invalid input arguments detected in function uom_ReadEntry().");
+        if (entry)
+            refuse(*entry, "There is no text to read.");
+        return UOM_REFUSED;
+    }
+    const Words *words = words_Of(catalogue);
+    if (!words) {
+        refuse(*entry, "Memory is exhausted.");
+        error_Set("%s", entry->message);
+        return UOM_NO_MEMORY;
+    }
+    const bool read =
+        any ? readAny(catalogue, *words, text, *entry) : readGiven(catalogue, *words, classString, text, *entry);
+    if (!read)
+        error_Set("%s", entry->message);
+    return read ? UOM_DONE : UOM_REFUSED;
+}
+
+UomTable *uom_GetEntryClasses(const Catalogue &catalogue, const char *text) {
+    const Words *words = text ? words_Of(catalogue) : nullptr;
+    UomTable *table = words ? table_Create(0, TABLE_TEXT) : nullptr;
+    if (!table)
+        return nullptr;
+    Reading reading;
+    UomEntry entry;
+    begin(entry);
+    if (!entry_Read(catalogue, *words, CLASS_NONE, text, false, reading, entry) || reading.count == 0)
+        return table;
+    constexpr int32_t MOST = 64;
+    Candidate candidates[MOST];
+    const int32_t count = findClasses(catalogue, *words, reading, candidates, MOST);
+    for (int32_t i = 0; i < count; ++i)
+        if (!table_PutText(table, TABLE_APPEND, nameOfClass(catalogue, candidates[i].classId))) {
+            table_Free(table);
+            return nullptr;
+        }
+    return table;
+}
+
+} // namespace uom

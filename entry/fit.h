@@ -1,0 +1,37 @@
+// Whether a product is a unit text of a class, and which units of the class say it.
+#ifndef UOM_ENTRY_FIT_H
+#define UOM_ENTRY_FIT_H
+
+#include <cstdint>
+
+#include "entry/product.h"
+#include "entry/words.h"
+
+namespace uom {
+
+// How well a product fits, the best first.
+enum class FitKind : uint8_t {
+    DIRECT,       // the units stand in the lists of the class's slots
+    DIRECT_TIMES, // the same, and a number or prefix
+    EQUAL,        // units of the class that are of the same size
+    SCALED,       // no unit of the class is of this size: units of it times a number
+    NONE
+};
+
+struct Fit {
+    FitKind kind = FitKind::NONE;
+    int32_t units[Shape::LIMIT]; // of the slots; NO_UNIT behind a unit that is a whole quotient
+    int32_t multipliers[Shape::LIMIT];
+    Wide scale;              // what one of the typed units is in those
+    bool refusedGas = false; // only the rule that a gas volume is no actual or liquid volume stands in the way
+};
+
+// The shape of a class, or of a class string; count is 0 for kinds that the classical reader alone reads.
+Shape shape_OfClass(const Words &words, int32_t classId);
+
+Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
+                const Shape &shape);
+
+} // namespace uom
+
+#endif

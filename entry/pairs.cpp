@@ -1,0 +1,332 @@
+// Two typed texts to a conversion.
+#include <cmath>
+
+#include "catalogue/class_table.h"
+#include "catalogue/units.h"
+#include "conversion/prepared.h"
+#include "entry/entry.h"
+#include "support/message.h"
+#include "support/numbers.h"
+#include "support/text.h"
+#include "uomstruct/chain.h"
+#include "uomstruct/class_string.h"
+#include "uomstruct/unit_scan.h"
+#include "uomstruct/unit_string.h"
+
+namespace uom {
+
+namespace {
+
+enum PairStatus : int32_t {
+    PAIR_DONE = UOM_DONE,
+    PAIR_REFUSED = UOM_REFUSED,
+    PAIR_BAD_CLASS = 2,
+    PAIR_BAD_FROM = 3,
+    PAIR_BAD_TO = 4,
+    PAIR_NO_MEMORY = UOM_NO_MEMORY
+};
+
+// One of the two texts under a class.
+struct Side {
+    UomEntry entry;
+    Wide scale;
+};
+
+struct Pair {
+    const Catalogue &catalogue;
+    const Words &words;
+    const char *texts[2];
+    Reading readings[2];
+    Side sides[2];
+};
+
+Wide factorOf(double scale) {
+    return wide_OfConstant(scale);
+}
+
+// --- with a class
+
+// A text under a class, its number in front being a factor. False with the entry's message.
+bool readSide(Pair &pair, int32_t which, const char *classString) {
+    Side &side = pair.sides[which];
+    // A number in front is the value of an entry, and a factor here.
+    if (uom_ReadEntry(pair.catalogue, classString, pair.texts[which], &side.entry) != UOM_DONE)
+        return false;
+    side.scale = factorOf(side.entry.scale);
+    if (std::isnan(side.entry.value))
+        return true;
+    if (side.entry.value == 0.0 || !std::isfinite(side.entry.value)) {
+        str_FormatBounded(side.entry.message, sizeof side.entry.message,
+                          "A number in a unit text is to be a factor other than 0.");
+        error_Set("%s", side.entry.message);
+        return false;
+    }
+    side.scale = side.scale * factorOf(side.entry.value);
+    return true;
+}
+
+int32_t convertUnder(Pair &pair, const char *classString, UomConversion **out) {
+    ParsedChain from(pair.catalogue, classString);
+    ParsedChain to(from);
+    if (!from.chain || !to.chain ||
+        chain_FillFromText(pair.catalogue, from.chain, pair.sides[0].entry.units, STYLE_TOKEN) != UOM_DONE ||
+        chain_FillFromText(pair.catalogue, to.chain, pair.sides[1].entry.units, STYLE_TOKEN) != UOM_DONE)
+        return PAIR_REFUSED;
+    return prepared_NewScaled(pair.catalogue, from.chain, to.chain, pair.sides[0].scale, pair.sides[1].scale, out);
+}
+
+int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
+    for (int32_t which = 0; which < 2; ++which) {
+        if (readSide(pair, which, classString))
+            continue;
+        if (entry)
+            *entry = pair.sides[which].entry;
+        const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
+        const bool known = class_IsValid(pair.catalogue, classId) || uoms_IsClassValid(pair.catalogue, classString);
+        return !known ? PAIR_BAD_CLASS : which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
+    }
+    if (entry)
+        *entry = pair.sides[0].entry;
+    return convertUnder(pair, classString, out);
+}
+
+// --- without one
+
+bool isNearer(const ClassFit *fits, const ClassFit *than) {
+    const int32_t a = static_cast<int32_t>(fits[0].fit.kind) + static_cast<int32_t>(fits[1].fit.kind);
+    const int32_t b = static_cast<int32_t>(than[0].fit.kind) + static_cast<int32_t>(than[1].fit.kind);
+    return a < b;
+}
+
+bool fitsBoth(const Pair &pair, int32_t classId, ClassFit *fits) {
+    const ClassShape &shape = pair.words.classes[classId];
+    if (!shape.shown || shape.slots == 0)
+        return false;
+    for (int32_t which = 0; which < 2; ++which) {
+        fits[which] = entry_Fit(pair.catalogue, pair.words, pair.readings[which], shape_OfClass(pair.words, classId));
+        if (fits[which].fit.kind == FitKind::NONE || fits[which].ambiguous)
+            return false;
+    }
+    return true;
+}
+
+// The offset of a unit under a class, in units of its size.
+double shiftOf(const Pair &pair, int32_t classId, const Fit &fit) {
+    const UomUnit *unit = unit_Record(pair.catalogue, fit.units[0]);
+    return unit && class_Row(pair.catalogue, classId)->hasOffset ? unit->offset * unit->factor : 0.0;
+}
+
+bool convertsAlike(const Pair &pair, int32_t a, const ClassFit *ofA, int32_t b, const ClassFit *ofB) {
+    if (pair.words.classes[a].slots > 1 || pair.words.classes[b].slots > 1)
+        return true;
+    const double first = shiftOf(pair, a, ofA[0].fit) - shiftOf(pair, a, ofA[1].fit);
+    const double second = shiftOf(pair, b, ofB[0].fit) - shiftOf(pair, b, ofB[1].fit);
+    return std::fabs(first - second) <= 1e-9 * (std::fabs(first) + std::fabs(second));
+}
+
+// What one would be under the other class: "Read as Temp; as TempDiff, 1 F is 0.555556 C."
+void noteOther(Pair &pair, int32_t classId, int32_t other, UomEntry &entry) {
+    Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
+    const char *token = class_Token(pair.catalogue, other);
+    UomConversion *conversion = nullptr;
+    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, token, &conversion) != UOM_DONE)
+        return;
+    char number[32];
+    num_FormatDouble(number, sizeof number, "%.6g", prepared_One(*conversion, 1.0));
+    mem_Free(conversion);
+    const bool numbered = !std::isnan(under.sides[0].entry.value);
+    str_FormatBounded(entry.message, sizeof entry.message, "Read as %s; as %s, %s%.60s is %s %.60s.",
+                      class_Token(pair.catalogue, classId), token, numbered ? "" : "1 ", pair.texts[0], number,
+                      pair.texts[1]);
+}
+
+struct Choice {
+    int32_t classId = CLASS_NONE;
+    ClassFit fits[2];
+};
+
+Choice chooseClass(const Pair &pair) {
+    Choice best;
+    for (int32_t c = CLASS_DIMENSIONLESS; c < pair.words.classCount; ++c) {
+        Choice choice;
+        choice.classId = c;
+        if (fitsBoth(pair, c, choice.fits) && (best.classId == CLASS_NONE || isNearer(choice.fits, best.fits)))
+            best = choice;
+    }
+    return best;
+}
+
+int32_t findOther(const Pair &pair, const Choice &best) {
+    for (int32_t c = CLASS_DIMENSIONLESS; c < pair.words.classCount; ++c) {
+        ClassFit fits[2];
+        if (c != best.classId && fitsBoth(pair, c, fits) && fits[0].fit.kind <= FitKind::DIRECT_TIMES &&
+            fits[1].fit.kind <= FitKind::DIRECT_TIMES && !convertsAlike(pair, best.classId, best.fits, c, fits))
+            return c;
+    }
+    return CLASS_NONE;
+}
+
+// --- gas volumes and moles
+
+constexpr double GAS_CONSTANT = 8.31446261815324; // kJ/(kmol K), exact
+constexpr double STANDARD_TEMPERATURE = 519.67;   // R, which is 60 F: what the volumes of the catalogue count at
+constexpr double RANKINES = 1.8;                  // to a kelvin
+constexpr double STANDARD_PRESSURE = 101.325;     // kPa
+
+// kmol in a cubic meter of gas at 60 F and one atmosphere.
+Wide molesOfVolume() {
+    return wide_OfConstant(STANDARD_PRESSURE) * wide_OfConstant(RANKINES) /
+           (wide_OfConstant(GAS_CONSTANT) * wide_OfConstant(STANDARD_TEMPERATURE));
+}
+
+// The power at which gas volumes stand in a product.
+int32_t gasPower(const Words &words, const Product &product) {
+    int32_t power = 0;
+    for (int32_t i = 0; i < product.count; ++i)
+        if (words.units[product.terms[i].unit].gas)
+            power += product.terms[i].exponent;
+    return power;
+}
+
+// The dimension with gas volumes counted as the amounts that they are.
+Dimension asAmounts(const Words &words, const Product &product, const Measure &measure) {
+    const int32_t power = gasPower(words, product);
+    Dimension dimension = measure.dimension;
+    dimension[AXIS_LENGTH] = static_cast<int16_t>(dimension[AXIS_LENGTH] - 3 * power);
+    dimension[AXIS_AMOUNT] = static_cast<int16_t>(dimension[AXIS_AMOUNT] + power);
+    return dimension;
+}
+
+Wide exactSize(const Catalogue &catalogue, const Words &words, const Product &product) {
+    Wide size = product.number;
+    for (int32_t i = 0; i < product.count; ++i) {
+        const Term &term = product.terms[i];
+        const Wide unit =
+            wide_OfConstant(unit_Record(catalogue, term.unit)->factor) * wide_OfConstant(words.units[term.unit].base);
+        const Wide power = wide_Power(unit, static_cast<uint64_t>(term.exponent < 0 ? -term.exponent : term.exponent));
+        size = term.exponent < 0 ? size / power : size * power;
+    }
+    const Wide moles = molesOfVolume();
+    for (int32_t power = gasPower(words, product); power != 0; power += power > 0 ? -1 : 1)
+        size = power > 0 ? size * moles : size / moles;
+    return size;
+}
+
+bool convertAmounts(const Pair &pair, UomConversion **out, int32_t *status) {
+    const Product &from = pair.readings[0].products[0], &to = pair.readings[1].products[0];
+    const Measure &a = pair.readings[0].measures[0], &b = pair.readings[1].measures[0];
+    if ((!a.gas && !b.gas) || !a.known || !b.known || a.shifted || b.shifted || from.scale || to.scale ||
+        asAmounts(pair.words, from, a) != asAmounts(pair.words, to, b))
+        return false;
+    *status = prepared_NewProduct(
+        exactSize(pair.catalogue, pair.words, from) / exactSize(pair.catalogue, pair.words, to), out);
+    return true;
+}
+
+// Of two texts the one that tells a volume where the other tells an amount of gas by its volume; -1 when that is not so.
+int32_t bareVolume(const Pair &pair) {
+    const Measure &a = pair.readings[0].measures[0], &b = pair.readings[1].measures[0];
+    if (a.gas == b.gas || !a.known || !b.known || a.dimension != b.dimension)
+        return -1;
+    return a.gas ? 1 : 0;
+}
+
+int32_t refuseBareVolume(Pair &pair, int32_t which, UomEntry *entry) {
+    UomEntry &refused = pair.sides[which].entry;
+    str_FormatBounded(
+        refused.message, sizeof refused.message,
+        "\"%.60s\" tells no standard conditions, which \"%.60s\" has: write it with SCF, Sm3 or Nm3, or name "
+        "the class.",
+        pair.texts[which], pair.texts[1 - which]);
+    error_Set("%s", refused.message);
+    if (entry)
+        *entry = refused;
+    return PAIR_REFUSED;
+}
+
+// --- both
+
+// Reads a text without a class as far as it goes. False with the entry's message.
+bool readAlone(Pair &pair, int32_t which) {
+    UomEntry &entry = pair.sides[which].entry;
+    entry = {};
+    entry.value = NAN;
+    entry.scale = 1.0;
+    if (entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, pair.readings[which], entry) &&
+        pair.readings[which].count > 0)
+        return true;
+    // The same again for its message, with suggestions.
+    uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &entry);
+    error_Set("%s", entry.message);
+    return false;
+}
+
+int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
+    for (int32_t which = 0; which < 2; ++which) {
+        if (readAlone(pair, which))
+            continue;
+        if (entry)
+            *entry = pair.sides[which].entry;
+        return which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
+    }
+    if (const int32_t bare = bareVolume(pair); bare >= 0)
+        return refuseBareVolume(pair, bare, entry);
+    const Choice best = chooseClass(pair);
+    if (best.classId != CLASS_NONE) {
+        const int32_t status = readGiven(pair, class_Token(pair.catalogue, best.classId), out, entry);
+        if (status == PAIR_DONE && entry)
+            if (const int32_t other = findOther(pair, best); other != CLASS_NONE)
+                noteOther(pair, best.classId, other, *entry);
+        return status;
+    }
+    int32_t status;
+    if (convertAmounts(pair, out, &status)) {
+        if (entry)
+            uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], entry);
+        return status;
+    }
+    // Each by itself tells its own fault; two that are well belong to different quantities.
+    for (int32_t which = 0; which < 2; ++which)
+        if (uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &pair.sides[which].entry) != UOM_DONE) {
+            if (entry)
+                *entry = pair.sides[which].entry;
+            return which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
+        }
+    UomEntry &first = pair.sides[0].entry;
+    char from[64], to[64];
+    str_CopyBounded(from, sizeof from, pair.texts[0]);
+    str_CopyBounded(to, sizeof to, pair.texts[1]);
+    str_FormatBounded(first.message, sizeof first.message,
+                      "\"%s\" is a unit of %s and \"%s\" of %s: they do not convert into each other.", from,
+                      first.classString, to, pair.sides[1].entry.classString);
+    error_Set("%s", first.message);
+    if (entry)
+        *entry = first;
+    return PAIR_REFUSED;
+}
+
+} // namespace
+
+int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *classString, const char *from,
+                                     const char *to, UomConversion **out, UomEntry *entry) {
+    if (out)
+        *out = nullptr;
+    if (entry) {
+        *entry = {};
+        entry->value = NAN;
+        entry->scale = 1.0;
+    }
+    if (!from || !to || !out) {
+        error_Set("Invalid input arguments detected in function uom_NewConversionFromEntries().");
+        return PAIR_REFUSED;
+    }
+    const Words *words = words_Of(catalogue);
+    if (!words) {
+        error_Set("Memory is exhausted: the conversion was not made.");
+        return PAIR_NO_MEMORY;
+    }
+    Pair pair = {catalogue, *words, {from, to}, {}, {}};
+    return str_IsEmpty(classString) ? readAny(pair, out, entry) : readGiven(pair, classString, out, entry);
+}
+
+} // namespace uom

@@ -1,0 +1,29 @@
+// The prefixes of the SI, and the units that take them.
+#ifndef UOM_ENTRY_PREFIXES_H
+#define UOM_ENTRY_PREFIXES_H
+
+#include <cstdint>
+#include <string_view>
+
+namespace uom {
+
+// A prefix in front of a metric unit.
+struct PrefixedUnit {
+    int32_t prefixLength = 0; // 0: none
+    int32_t power = 0;        // of ten
+    bool rare = false;        // exa and beyond, and what nobody writes: a name in another case goes before it
+};
+
+// The prefix symbol, in its exact case, that the text begins with, when what is behind it (up to `end`) is a unit that
+// takes it: of symbols the exact case counts.
+PrefixedUnit prefix_OfSymbol(std::string_view text);
+
+// The same of written names ("microbar", "megajoule"), in any case.
+PrefixedUnit prefix_OfName(std::string_view text);
+
+// Whether a prefix symbol and a unit symbol would be meant by the text if the unit's case were free ("mpa": milli, Pa).
+PrefixedUnit prefix_IfCaseWereFree(std::string_view text);
+
+} // namespace uom
+
+#endif
