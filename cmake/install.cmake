@@ -6,7 +6,7 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/uom")
 
 install(TARGETS uom uom_static EXPORT uomTargets)
 install(DIRECTORY include/uom DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
-install(FILES "${UOM_DATA_FILE}" DESTINATION "${CMAKE_INSTALL_DATADIR}/uom")
+install(FILES "${UOM_DATA_FILE}" "${UOM_ALIASES_FILE}" DESTINATION "${CMAKE_INSTALL_DATADIR}/uom")
 if(TARGET uom_tool)
     install(TARGETS uom_tool)
 endif()

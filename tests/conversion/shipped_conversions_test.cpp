@@ -44,7 +44,15 @@ const Case cases[] = {
     {"Pres/VolRate 2", "psi/(gal/min)2", "kPa/(m3/hr)2", 1.0, 133.65654257999199038},
     {"(Mass Leng) 2 / Time", "(lb-ft)2/hr", "(kg-m)2/sec", 1.0, 0.0000053095645581971782082},
     {"Leng 3 / Time 2", "ft3/hr2", "m3/sec2", 1.0, 2.1849418666666666667e-9},
-    {"1 / PresDiff", "1/psi", "1/kPa", 1.0, 0.14503773773020921515}, {"CostRate", "$/hr", "M $/year", 1.0, 8.76}};
+    {"1 / PresDiff", "1/psi", "1/kPa", 1.0, 0.14503773773020921515}, {"CostRate", "$/hr", "M $/year", 1.0, 8.76},
+    {"Force", "lbf", "N", 1.0, 4.4482216152605}, {"Force Leng", "kN-m", "lbf-ft", 1.0, 737.56214927726536388},
+    {"Force/Area", "kip/ft2", "kN/m2", 1.0, 47.880258980335842616},
+    {"ElecConductivity", "mS/cm", "umho/cm", 1.0, 1000.0}, {"SolubilityParam", "sqrtMPa", "sqrtPa", 1.0, 1000.0},
+    {"Permeability", "darcy", "nanodarcy", 1.0, 1e9}, {"MomentOfArea", "in4", "cm4", 1.0, 41.6231425600},
+    {"HeatRate", "BTU/kW-hr", "kJ/kW-hr", 10000.0, 10550.5585262}, {"ThermalResist", "K/W", "F/kW", 1.0, 1800.0},
+    {"LeakRate", "mbar-liter/sec", "Pa-m3/sec", 1.0, 0.1}, {"Power", "ton-hr/hr", "kW", 1.0, 3.5168528420666666667},
+    {"Power", "Gcal/hr", "MW", 1.0, 1.163}, {"VapVolRate", "MM SCF 14.73/day", "SCF/day", 1.0, 1002317.0483924990130},
+    {"Pres", "ft H2Og", "Pa", 1.0, 104314.06692}, {"MassFrac", "grain/lb", "ppm", 7.0, 1000.0}};
 // clang-format on
 
 void ExpectNear(double value, double expected) {

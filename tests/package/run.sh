@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs a build to a fresh prefix, moves the prefix, and builds and runs the consumer beside this file from it:
+# Installs a build to a fresh prefix, moves the prefix, looks for both data files in it, and builds and runs the consumer beside this file from it:
 # with find_package, shared and static, with pkg-config where there is one, and from C++.
 # Arguments: cmake, the build directory, the library, data and header directories under the prefix, the configuration,
 # the C and the C++ compiler.
@@ -21,6 +21,7 @@ expect_ok() { # title, command...
 "$cmake" --install "$build" --config "$config" --prefix "$work/first" >"$work/log" || { cat "$work/log"; exit 1; }
 prefix="$work/moved prefix"
 mv "$work/first" "$prefix"
+[ -s "$prefix/$datadir/uom/aliases.txt" ] || { echo "the aliases are not beside the data file"; exit 1; }
 
 # By find_package.
 {

@@ -37,6 +37,7 @@ a test|touch -d 'now + 1 hour' tests/new_test.cpp|0
 a changed source|sleep 0.05; touch support/text.cpp|1
 nothing|:|0
 a changed data file|sleep 0.05; touch data/uomdata.txt|1
+changed aliases|sleep 0.05; touch data/aliases.txt|1
 a new source, older than the build|touch -d '2001-01-01' tools/uom/new.cpp|1
 a source that went|rm tools/uom/new.cpp|1
 a source in a new folder|mkdir entry; touch -d '2001-01-01' entry/names.cpp|1
