@@ -22,6 +22,11 @@ constexpr Sign signs[] = {
     {"\xE2\x84\x89", "F"},   // degree Fahrenheit
     {"\xE2\x84\xAA", "K"},   // kelvin sign
     {"\xE2\x84\xAB", "ang"}, // angstrom sign
+    {"\xC3\x85ngstr", "angstr"},
+    {"\xC3\xA5ngstr", "angstr"},
+    {"\xC3\xB6", "o"},
+    {"\xC3\xA8", "e"},
+    {"\xC3\xA9", "e"},
     {"\xC3\x85", "ang"},     // A with ring
     {"\xE2\x84\xA6", "ohm"}, // ohm sign
     {"\xCE\xA9", "ohm"},     // Greek omega

@@ -604,11 +604,11 @@ bool readWord(Reader &reader, int32_t sign) {
 }
 
 bool readFactor(Reader &reader, int32_t sign) {
-    if (reader.at(reader.place) == '(')
+    if (reader.at(reader.place) == '(' && !longestName(reader, reader.place).name)
         return readGroup(reader, sign);
     if (isNumberStart(reader, reader.place))
         return readNumberFactor(reader, sign);
-    if (isLetter(reader.at(reader.place)))
+    if (isLetter(reader.at(reader.place)) || reader.at(reader.place) == '(')
         return readWord(reader, sign);
     if (reader.place >= reader.length)
         return refuse(reader, reader.length, reader.length, "The text ends where a unit is expected.");
@@ -622,6 +622,8 @@ bool takePer(Reader &reader) {
     int32_t end;
     static constexpr KeyWord per[] = {{"per", 1}};
     if (!findKeyWord(reader, per, reader.place, &end))
+        return false;
+    if (longestName(reader, reader.place).end > end) // "per cent"
         return false;
     reader.place = end;
     return true;

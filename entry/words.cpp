@@ -232,10 +232,19 @@ const char *shortDescription(Builder &builder, const char *description) {
     return keep(builder, str_Head(text, open));
 }
 
+// A token that is a plural ("tons") is written without its s as well.
+const char *singular(Builder &builder, const char *token) {
+    const std::string_view text(token ? token : "");
+    return text.size() >= 4 && text.back() == 's' ? keep(builder, str_Head(text, text.size() - 1)) : nullptr;
+}
+
 void addNames(Builder &builder) {
     for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
         if (const UomUnit *found = record(builder.catalogue, unit))
             addName(builder, found->token, NameKind::TOKEN, unit);
+    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
+        if (const UomUnit *found = record(builder.catalogue, unit))
+            addName(builder, singular(builder, found->token), NameKind::TOKEN, unit);
     for (int32_t i = builder.words.aliasCount - 1; i >= 0; --i)
         addName(builder, builder.pieces.aliases[i].name, NameKind::ALIAS, i);
     for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
@@ -279,9 +288,10 @@ Sizes sizesOf(const Catalogue &catalogue, std::string_view file, std::string_vie
     for (const std::string_view text : {file, own})
         sizes.aliases += static_cast<size_t>(std::count(text.begin(), text.end(), '=')) + 1;
     for (size_t i = 0; i < sizes.units; ++i)
-        if (const UomUnit *unit = record(catalogue, static_cast<int32_t>(i)); unit && unit->description)
-            sizes.texts += std::strlen(unit->description) + 1;
-    sizes.names = 3 * sizes.units + sizes.aliases;
+        if (const UomUnit *unit = record(catalogue, static_cast<int32_t>(i)))
+            sizes.texts += std::strlen(unit->description ? unit->description : "") +
+                           std::strlen(unit->token ? unit->token : "") + 2;
+    sizes.names = 4 * sizes.units + sizes.aliases;
     sizes.places = 64;
     while (sizes.places < 2 * sizes.names + 2)
         sizes.places *= 2;

@@ -1,0 +1,263 @@
+// What people type: everyday tasks, texts that are refused, and how the door treats numbers, prefixes, case and order.
+#include <atomic>
+#include <cmath>
+#include <thread>
+
+#include "catalogue/units.h"
+#include "tests/library_fixture.h"
+#include "uom/entry.h"
+
+namespace {
+
+struct Entries : ShippedTest {};
+
+std::vector<std::string> fieldsOf(const std::string &line, char separator) {
+    std::vector<std::string> fields;
+    std::istringstream stream(line);
+    for (std::string field; std::getline(stream, field, separator);) {
+        const size_t first = field.find_first_not_of(' ');
+        fields.push_back(first == std::string::npos ? ""
+                                                    : field.substr(first, field.find_last_not_of(' ') + 1 - first));
+    }
+    return fields;
+}
+
+// The number in front of a text, which is taken off.
+double takeNumber(std::string &text) {
+    size_t used;
+    const double number = std::stod(text, &used);
+    text = text.substr(used);
+    return number;
+}
+
+TEST_F(Entries, DoEverydayTasks) {
+    std::ifstream file(UOM_TEST_DIR "/entry/tasks.txt");
+    int tasks = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::vector<std::string> fields = fieldsOf(line, '|');
+        ASSERT_EQ(5u, fields.size()) << line;
+        ++tasks;
+        const double value = takeNumber(fields[1]), expected = std::stod(fields[3]);
+        UomConversion *conversion = nullptr;
+        UomEntry entry;
+        ASSERT_EQ(0, uom_NewConversionFromEntries(fields[0].c_str(), fields[1].c_str(), fields[2].c_str(), &conversion,
+                                                  &entry))
+            << line << '\n'
+            << entry.message;
+        EXPECT_NEAR(expected, uom_ConvertOne(conversion, value), 1e-14 * std::fabs(expected) + 1e-13) << line;
+        uom_FreeConversion(conversion);
+    }
+    EXPECT_GE(tasks, 60);
+}
+
+// "0 units x scale", or "1 message".
+std::string read(const char *classString, const char *text) {
+    UomEntry entry;
+    const int32_t status = uom_ReadEntry(classString, text, &entry);
+    if (status != 0)
+        return joined(status, entry.message);
+    std::string result = entry.units;
+    if (!std::isnan(entry.value))
+        result = joined(entry.value, result);
+    return entry.scale == 1.0 ? result : joined(result, "x", entry.scale);
+}
+
+TEST_F(Entries, ReadWhatIsMeant) {
+    const struct {
+        const char *classString, *text, *expected;
+    } cases[] = {
+        // Silently something else in the classical reading.
+        {"Leng", "µm", "micron"},
+        {"Mass", "\xCE\xBCg", "microgram"},
+        {"PresGradient", "psi/100ft", "psi/ft x 0.01"},
+        {"MassRate", "1000 lb/hr", "1000 lb/hr"},
+        {"Pres", "mPa", "Pa x 0.001"},
+        {"Power", "mW", "W x 0.001"},
+        // Case means what it means in SI, and is free elsewhere.
+        {"Leng", "Mm", "m x 1e+06"},
+        {"KVis", "MSt", "St x 1e+06"},
+        {"Pres", "KPA", "kPa"},
+        {"Energy", "btu", "BTU"},
+        {"Mass", "LB", "lb"},
+        // Multipliers of the catalogue.
+        {"Power", "MM BTU/hr", "MM BTU/hr"},
+        {"VapVolRate", "MMscf/d", "MM SCF/day"},
+        {"MassRate", "k*kg/hr", "k*kg/hr"},
+        // The two meanings of a second "/" and of a late "*".
+        {"Htco", "W/m2/K", "W/m2-K"},
+        {"Htco", "W/m2*K", "W/m2-K"},
+        {"Visc", "kg/m/s", "kg/m-sec"},
+        {"Torque", "kg*m2/s2", "N-m"},
+        // Names that are quotients themselves.
+        {"MassFlux", "kg/cm2/s", "kg/cm2-sec"},
+        {"Pres", "kg/cm2", "kg/cm2"},
+        // Scales of pressures.
+        {"Pres", "kPaa", "kPa"},
+        {"Pres", "psi gauge", "psig"},
+        {"Pres", "hPa(g)", "Pag x 100"},
+        {"Pres", "in Hg vac", "in Hgg x -1"},
+        // Exponents in all spellings.
+        {"Accel", "m/s**2", "m/sec2"},
+        {"Accel", "m s^-2", "m/sec2"},
+        {"Accel", "m\xC2\xB7s\xE2\x81\xBB\xC2\xB2", "m/sec2"},
+        {"Area", "sq. ft", "ft2"},
+        {"ActVol", "meters cubed", "m3"},
+        // Groups and bases are left to the classical reader, and looked at behind it.
+        {"Pres/VolRate 2", "kpa/(m3/sec)2", "kPa/(m3/sec)2"},
+        {"Rate", "kmol/h", "kg-mol/hr"},
+        // Numbers.
+        {"Mass", "-1.5e3 kg", "-1500 kg"},
+        {"Energy", "10^6 BTU", "BTU x 1e+06"},
+        {"MassPrice", "$/100lb", "$/lb x 0.01"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(c.expected, read(c.classString, c.text)) << c.classString << ' ' << c.text;
+}
+
+TEST_F(Entries, RefuseWhatIsNotClear) {
+    const struct {
+        const char *classString, *text, *message, *suggestion;
+        int32_t position, length;
+    } cases[] = {
+        {"Pres", "kPs", "\"kPs\" is no unit that is known here.", "kPa", 0, 3},
+        {"MassRate", "µg/hx", "\"hx\" is no unit that is known here.", "", 4, 2},
+        {"Presure", "kPa", "\"Presure\" is no class of quantities.", "Pres", 0, 0},
+        {"Pres", "SCFM", "\"SCFM\" is no unit of Pres; it is one of VapVolRate.", "", 0, 4},
+        {"VolRate", "SCFM",
+         "\"SCFM\" is an amount of gas, told by its volume under standard conditions, and no unit of VolRate.", "", 0, 4},
+        {"Power", "mw", "This can mean MW, or m as the prefix of W: write it in the case of its symbol.", "", 0, 2},
+        {"Leng", "MM", "This can mean mm, or M as the prefix of m: write it in the case of its symbol.", "", 0, 2},
+        {"Velocity", "m/s2", "\"m/s2\" is no unit of Velocity; it is one of Accel.", "", 0, 4},
+        {"Pres", "1,000 kPa",
+         "A comma in a number can mean two things: write it without, or with a point for decimals.", "1000 kPa", 1, 1},
+        {"Pres", "1,5 bar", "A comma in a number can mean two things: write it without, or with a point for decimals.",
+         "1.5 bar", 1, 1},
+        {"Pres", "5", "The unit is missing.", "", 1, 0},
+        {"Pres", "kPa)", "No parenthesis was opened for this one.", "", 3, 1},
+        {"MassRate", "kg/(hr", "The parenthesis is not closed.", "", 3, 1},
+        {"MassRate", "kg/", "The text ends where a unit is expected.", "", 3, 0},
+        {"MassRate", "kg/0hr", "A number in a unit text is to be a factor other than 0.", "", 3, 1},
+        {"Area", "ft^2.5", "An exponent is to be a whole number of at most two digits.", "", 2, 3},
+        {"Pres/VolRate 2", "kpa/(m3/sec)3", "\"kpa/(m3/sec)3\" is no unit of Pres/VolRate 2.", "", 0, 13},
+        {"Pres", "k\xFFPa", "The text holds a byte that is no sign of a unit text.", "", 1, 1},
+    };
+    for (const auto &c : cases) {
+        UomEntry entry;
+        EXPECT_EQ(1, uom_ReadEntry(c.classString, c.text, &entry)) << c.text << ": " << entry.units;
+        EXPECT_EQ(joined(c.message, c.suggestion, c.position, c.length),
+                  joined(entry.message, entry.suggestion, entry.position, entry.length))
+            << c.classString << ' ' << c.text;
+        EXPECT_STREQ(entry.message, uom_GetLastErrorMessage());
+    }
+}
+
+TEST_F(Entries, ConvertTwoTexts) {
+    const struct {
+        const char *from, *to;
+        int32_t status;
+        const char *message;
+    } cases[] = {
+        {"psi", "kPa", 0, ""},
+        {"F", "C", 0, "Read as Temp; as TempDiff, 1 F is 0.555556 C."},
+        {"xyz", "kPa", 3, "\"xyz\" is no unit that is known here."},
+        {"kPa", "xyz", 4, "\"xyz\" is no unit that is known here."},
+        {"kPa", "ft", 1, "\"kPa\" is a unit of Pres and \"ft\" of Leng: they do not convert into each other."},
+        {"SCFM", "m3/h", 1,
+         "\"m3/h\" tells no standard conditions, which \"SCFM\" has: write it with SCF, Sm3 or Nm3, or name the class."},
+        {"SCFM", "lb/hr", 1,
+         "\"SCFM\" is a unit of VapVolRate and \"lb/hr\" of MassRate: they do not convert into each other."},
+    };
+    for (const auto &c : cases) {
+        UomConversion *conversion;
+        UomEntry entry;
+        EXPECT_EQ(c.status, uom_NewConversionFromEntries(nullptr, c.from, c.to, &conversion, &entry)) << c.from;
+        EXPECT_STREQ(c.message, entry.message);
+        EXPECT_EQ(c.status == 0, conversion != nullptr);
+        uom_FreeConversion(conversion);
+    }
+    UomConversion *conversion;
+    EXPECT_EQ(2, uom_NewConversionFromEntries("Presure", "psi", "kPa", &conversion, nullptr));
+    EXPECT_EQ(1, uom_NewConversionFromEntries(nullptr, nullptr, "kPa", &conversion, nullptr));
+}
+
+// The canonical text of every token is read, and means itself.
+TEST_F(Entries, ReadEveryUnitOfEveryList) {
+    for (int32_t c = CLASS_DIMENSIONLESS; c < catalogue().classes.count; ++c) {
+        const UomClassRow *row = class_Row(catalogue(), c);
+        for (const int32_t *units = uom_GetClassUnits(catalogue(), c); units && *units && row->token; ++units) {
+            const char *token = unit_Token(catalogue(), *units);
+            UomEntry entry;
+            const int32_t status = uom_ReadEntry(row->token, token, &entry);
+            const bool gas = status != 0 && std::strstr(entry.message, "amount of gas");
+            if (c != CLASS_BASIS && !gas) {
+                EXPECT_EQ(joined(0, token, 1), joined(status, entry.units, entry.scale))
+                    << row->token << ' ' << entry.message;
+            }
+        }
+    }
+}
+
+std::string rows(UomTable *table, size_t most) {
+    std::string text;
+    for (uint32_t i = 0; i < table_Count(table) && i < most; ++i)
+        text += (i > 0 ? "; " : "") + std::string(table_GetText(table, i));
+    tbl_Free(table);
+    return text;
+}
+
+TEST_F(Entries, FindClassesAndWords) {
+    EXPECT_EQ("Pres; PresAbs; PresDiff", rows(uom_GetEntryClasses("250 kPa"), 3));
+    EXPECT_EQ("", rows(uom_GetEntryClasses("xyz"), 3));
+    EXPECT_EQ(nullptr, uom_GetEntryClasses(nullptr));
+    EXPECT_EQ("alias\tVapVolRate\tSCFM\tSCF/min", rows(uom_Search("SCFM", 1), 1));
+    EXPECT_EQ("class\tHtco\tHtco\tHeat Transfer Coefficient", rows(uom_Search("heat transfer", 1), 1));
+    EXPECT_EQ("unit\tPres\tkPa\tKilopascal", rows(uom_Search("kilopascal", 1), 1));
+    EXPECT_EQ("unit\tPres\tkPa\tKilopascal", rows(uom_Search("kilopascl", 1), 1)) << "one letter is missing";
+    EXPECT_EQ("", rows(uom_Search("", 5), 5));
+    EXPECT_EQ("C; K; F; R", rows(uom_GetChoices("Temp"), 9));
+    EXPECT_NE("", rows(uom_GetChoices("MassFlux"), 3));
+    EXPECT_EQ(nullptr, uom_GetChoices("Presure"));
+}
+
+TEST_F(Entries, TakeAliasesOfTheHost) {
+    const std::string text = "// ours\nbucket = 10 liter\n[MassRate]\nbucket = 3 kg/hr // here\n[]\nround = round\n";
+    EXPECT_NE("", read("ActVol", "bucket").substr(1));
+    ASSERT_EQ(0, uom_ReadAliasText(text.data(), text.size()));
+    EXPECT_EQ("liter x 10", read("ActVol", "bucket"));
+    EXPECT_EQ("kg/hr x 3", read("MassRate", "bucket"));
+    EXPECT_EQ("1 The alias \"round\" stands for no unit text.", read("ActVol", "round"));
+    EXPECT_EQ(1, uom_ReadAliasText(nullptr, 3));
+}
+
+TEST_F(Entries, WithstandAnyText) {
+    for (const char *piece : {"(", "m-", "1e", "\xC2", "kg/", "^2", "MM ", "%", "\xEF\xBB\xBF", "9"}) {
+        std::string text;
+        while (text.size() < 10000)
+            text += piece;
+        UomEntry entry;
+        EXPECT_EQ(1, uom_ReadEntry("Pres", text.c_str(), &entry)) << piece;
+        EXPECT_NE("", std::string(entry.message));
+        EXPECT_EQ(1, uom_ReadEntry(text.c_str(), "kPa", &entry)) << piece;
+        EXPECT_LE(entry.position + entry.length, static_cast<int32_t>(text.size()));
+    }
+    EXPECT_EQ(1, uom_ReadEntry("Pres", nullptr, nullptr));
+    EXPECT_EQ(1, uom_ReadEntry(nullptr, nullptr, nullptr));
+}
+
+// The first of them makes the index of names, whoever that is.
+TEST_F(Entries, AreReadFromManyThreads) {
+    std::vector<std::thread> threads;
+    std::atomic<int> wrong = 0;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([&] {
+            for (int n = 0; n < 200; ++n)
+                wrong += read("Htco", "BTU/ft2-hr-F") != "BTU/hr-ft2-F";
+        });
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(0, wrong);
+}
+
+} // namespace
