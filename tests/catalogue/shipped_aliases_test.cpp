@@ -66,7 +66,7 @@ const Meaning meanings[] = {
     {"lbm|pound|pound-mass|pound mass|pound (avoirdupois)", "0.45359237 kg"}, {"klb", "453.59237 kg"},
     {"ounce|ounce (avoirdupois)", "0.028349523125 kg"}, {"gr", "0.00006479891 kg"},
     {"troy ounce|ounce (troy)|ozt", "0.0311034768 kg"}, {"troy pound", "0.3732417216 kg"},
-    {"pennyweight", "0.00155517384 kg"}, {"short ton|ton (short)|US ton|net ton", "907.18474 kg"},
+    {"pennyweight", "0.00155517384 kg"}, {"ton|short ton|ton (short)|US ton|net ton", "907.18474 kg"},
     {"long ton|ton (long)|UK ton|imperial ton|gross ton", "1016.0469088 kg"},
     {"hundredweight|short hundredweight|hundredweight (short)|cental", "45.359237 kg"},
     {"long hundredweight|hundredweight (long)", "50.80234544 kg"}, {"metric carat", "0.0002 kg"},
@@ -152,7 +152,8 @@ const Meaning meanings[] = {
     {"kcal/kgC|Btu/lbF", "4186.8 m2/sec2 K"}, {"dyn/cm", "0.001 kg/sec2"}, {"%|pct|per cent", "0.01"}, {"‰", "0.001"},
     {"parts per million", "0.000001"}, {"parts per billion", "0.000000001"},
     {"wt%|mass%|wtpct", "0.01", "0", "MassFrac"}, {"ppmw|ppmwt", "0.000001", "0", "MassFrac"},
-    {"ppbw", "0.000000001", "0", "MassFrac"}, {"kg/kg|lb/lb", "1", "0", "MassFrac"},
+    {"ppbw", "0.000000001", "0", "MassFrac"}, {"gr/lb", "1/7000", "0", "MassFrac"},
+    {"kg/kg|lb/lb", "1", "0", "MassFrac"},
     {"mol%|molpct", "0.01", "0", "MoleFrac"}, {"mol/mol", "1", "0", "MoleFrac"},
     {"vol%|volpct", "0.01", "0", "VolFrac"}, {"m3/m3", "1", "0", "VolFrac"}, {"mL/L", "0.001", "0", "VolFrac"},
     {"uL/L", "0.000001", "0", "VolFrac"}, {"ppmv|ppmvol", "0.000001", "0", "MoleFrac VolFrac"},
@@ -261,9 +262,15 @@ TEST_F(CatalogueShippedAliases, BindToClassesAndHideNothing) {
             const auto other = free.emplace(name + ":" + lowered(spelling), alias.text).first;
             EXPECT_TRUE(other->second == alias.text || spelling.size() == 1) << other->second;
         }
-        // A token that reads alike is the unit itself. The units of Basis are no units that anybody writes.
+        // A token that reads alike is the same. The units of Basis are no units that anybody writes.
         const auto token = tokens.find(lowered(spelling));
-        EXPECT_TRUE(token == tokens.end() || token->second == alias.text || token->second == "Mole");
+        if (token == tokens.end() || token->second == "Mole")
+            continue;
+        const std::optional<Unit> unit = derived(token->second), same = derived(alias.text);
+        ASSERT_TRUE(unit && same);
+        EXPECT_EQ(unit->value.powers, same->value.powers) << token->second;
+        EXPECT_EQ(unit->value.size, same->value.size) << token->second;
+        EXPECT_EQ(unit->offset, same->offset) << token->second;
     }
 }
 
@@ -307,6 +314,7 @@ TEST_F(CatalogueShippedAliases, AreTextsOfCatalogueUnits) {
             parts = finer;
         }
         for (const std::string &part : parts) {
+            EXPECT_NE("ton", part) << "start-up names it otherwise in some modes";
             const std::string base = part.substr(0, part.find_last_not_of("0123456789") + 1);
             EXPECT_TRUE(part.empty() || tokens.count(part) || tokens.count(base)) << part;
         }
