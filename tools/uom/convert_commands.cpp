@@ -6,6 +6,7 @@
 
 #include "commands.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
@@ -19,6 +20,7 @@ struct ConversionArguments {
     std::vector<std::string> words;
     std::string fromSlate, toSlate, format;
     int digits = 12;
+    Output output = Output::TEXT;
     bool hasSlates() const { return !fromSlate.empty(); }
     size_t unitWords() const { return hasSlates() ? 1 : 3; }
 };
@@ -149,8 +151,11 @@ int runConstants(const ConversionArguments &arguments) {
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != UOM_DONE)
         refuse();
-    std::cout << "factor " << roundedNumber(factor, arguments.digits) << '\n';
-    std::cout << "offset " << roundedNumber(offset, arguments.digits) << '\n';
+    TextTable table = {{{"factor", true}, {"offset", true}},
+                       {{roundedNumber(factor, arguments.digits), roundedNumber(offset, arguments.digits)}}};
+    table.upright = true;
+    table.gap = 1;
+    print(table, arguments.output);
     return 0;
 }
 
@@ -169,6 +174,7 @@ Action addConvert(CLI::App &command) {
 Action addConstants(CLI::App &command) {
     const auto arguments = addConversionArguments(command, "");
     addPrecision(command, arguments->digits);
+    addOutput(command, arguments->output);
     command.parse_complete_callback([arguments] {
         requireUnitWords(*arguments);
         if (arguments->words.size() > arguments->unitWords())
