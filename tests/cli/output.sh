@@ -25,8 +25,8 @@ slate HXREPORTSI --layout 1!Key,Value\r ; BasedOn,HXREPORT\r!{"key":"BasedOn","v
 related Leng!Class,Absolute,Difference,Standard,Dimensions\r ; Leng,Leng,Leng,Leng,M 0  L 1  t 0  T 0  Q 0  $ 0\r!{"class":"Leng","absolute":"Leng","difference":"Leng","standard":"Leng","dimensions":"M 0  L 1  t 0  T 0  Q 0  $ 0"}
 constants Temp C K!factor,offset\r ; 1,273.15\r!{"factor":1,"offset":273.15}
 TEXT
-is "units of a composite class" "Mass,lb,0,0.45359237 Vol,ft3,0,0.028316846592" \
-    "$("$uom" units Density --output csv | grep -o '^Mass,lb,[^,]*,[^,]*\|^Vol,ft3,[^,]*,[^,]*' | xargs)"
+is "units of a composite class" "Mass,lb,0,0.45359237 StdLiqVol,ft3,0,28316.846592" \
+    "$("$uom" units Density --output csv | grep -o '^Mass,lb,[^,]*,[^,]*\|^StdLiqVol,ft3,[^,]*,[^,]*' | xargs)"
 is "a slate in turns" "Leng,m" "$("$uom" slate HXREPORTSI --layout 0 --output csv | tr -d '\r' | grep '^Leng')"
 
 # Cells with what the forms have for themselves: commas, quotes, backslashes, UTF-8, and a byte that is none.

@@ -10,7 +10,7 @@
 namespace {
 
 // Exit statuses, beside 0. Every message stands behind "uom: ".
-constexpr int FAILED = 1, BAD_USAGE = 2;
+constexpr int FAILED = 1, BAD_USAGE = 2; // and BAD_CELLS
 
 struct Command {
     const char *name;
@@ -37,6 +37,7 @@ constexpr const char *EXAMPLES =
     "  uom convert Temp C F -40 37.5\n"
     "  uom convert \"Pres/VolRate 2\" \"kpa/(m3/sec)2\" \"psi/(ft3/min)2\" 1.5 2.5\n"
     "  uom convert --format %.6g --from-slate English --to-slate SI SpEnthalpy < enthalpies.txt\n"
+    "  uom convert --csv log.csv --column P=psig:kPa@Pres -o metric.csv\n"
     "  uom constants Temp C F\n"
     "  uom units Pres --slate Metric\n"
     "  uom show Density --slate English --style tokensuper\n"
@@ -45,7 +46,8 @@ constexpr const char *EXAMPLES =
     "  uom report --for enduser -o report.txt\n"
     "  uom check uomdata.txt\n"
     "\n"
-    "Ends with 0, with 1 when work failed, with 2 when the usage is wrong.\n";
+    "Ends with 0, with 1 when work failed, with 2 when the usage is wrong, and with 3 when cells of a CSV\n"
+    "file were no numbers.\n";
 
 struct GlobalOptions {
     StartOptions start;
