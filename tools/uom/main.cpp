@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "commands.h"
+#include "interface.h"
 #include "library.h"
 #include "start.h"
 #include "text.h"
@@ -46,8 +47,8 @@ constexpr const char *EXAMPLES =
     "  uom report --for enduser -o report.txt\n"
     "  uom check uomdata.txt\n"
     "\n"
-    "Ends with 0, with 1 when work failed, with 2 when the usage is wrong, and with 3 when cells of a CSV\n"
-    "file were no numbers.\n";
+    "Exit status:\n"
+    "0; 1 when work failed; 2 when the usage is wrong; 3 when cells of a CSV file were no numbers.\n";
 
 struct GlobalOptions {
     StartOptions start;
@@ -77,6 +78,20 @@ StartOptions startOptions(const GlobalOptions &options) {
     if (options.molar)
         start.words.push_back("molar");
     return start;
+}
+
+// For the build of the tool, which installs what they write. They do without a command.
+void addGenerators(CLI::App &app) {
+    const auto write = [](const std::string &text) {
+        std::cout << text;
+        throw CLI::Success();
+    };
+    app.add_option_function<std::string>(
+           "--generate-completion",
+           [&app, write](const std::string &shell) { write(completionScript(describeTool(app), shell)); })
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}))
+        ->group("");
+    app.add_flag_callback("--generate-man", [&app, write] { write(manPage(describeTool(app))); })->group("");
 }
 
 bool isNegativeNumber(const std::string &word) {
@@ -117,6 +132,7 @@ int run(int count, char **words) {
     CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
     GlobalOptions options;
     addGlobalOptions(app, options);
+    addGenerators(app);
     app.set_version_flag("--version", "uom " + uom::version());
     app.footer(EXAMPLES);
     app.require_subcommand(1);
