@@ -185,6 +185,7 @@ bool isColumnRequest(const std::string &text) {
 
 int convertCsv(const CsvArguments &arguments) {
     RowSource source(File::toRead(arguments.input), arguments.separator);
+    CsvRules rules; // ahead of the slots, whose threads use it to their ends
     std::vector<Slot> slots(threadCount() + 1);
     std::string_view rows = source.next(slots[0].memory);
     const std::string_view mark = headOf(rows);
@@ -192,7 +193,7 @@ int convertCsv(const CsvArguments &arguments) {
         rows.substr(mark.size(), rowLength(rows.substr(mark.size()), arguments.separator));
     if (firstRow.empty() && arguments.header)
         throw Failure("There is no header line in " + source.file().name() + ".");
-    const CsvRules rules = makeRules(arguments, cellTexts(firstRow, arguments.separator));
+    rules = makeRules(arguments, cellTexts(firstRow, arguments.separator));
     const std::string_view head = rows.substr(0, mark.size() + (arguments.header ? firstRow.size() : 0));
     rows.remove_prefix(head.size());
 

@@ -18,8 +18,8 @@ struct CsvTarget {
 
 struct CsvRules {
     std::vector<CsvTarget> targets; // by rising column
-    char separator;
-    int digits; // as roundedNumber takes them
+    char separator = ',';
+    int digits = 0; // as roundedNumber takes them
 };
 
 // A cell that is no number.
