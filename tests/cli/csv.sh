@@ -82,6 +82,8 @@ is "the last told" 'uom: "bad.csv": row 21, column "L": "x20" is not a number.;u
     "$(tail -2 messages.txt | tr '\n' ';')"
 is "a long cell" "\"$(printf '%040d' 0 | tr 0 z)...\" is not a number." \
     "$(tail -1 bad.csv | "$uom" convert --csv - --no-header --column 1=ft:m@Leng 2>&1 >/dev/null | sed 's/.*: //')"
+is "a long cell of longer characters" "\"x$(printf 'ö%.0s' {1..19})...\" is not a number." \
+    "$(printf 'x%s\n' "$(printf 'ö%.0s' {1..30})" | "$uom" convert --csv - --no-header --column 1=ft:m@Leng 2>&1 >/dev/null | sed 's/.*: //')"
 
 # A file of many blocks, with cells that reach over their ends: awk has the same numbers, rows and messages.
 seq 400000 | awk 'BEGIN { print "n,L,text,P" }

@@ -110,6 +110,23 @@ struct Slot {
     std::future<void> done; // last, so that its thread ends before the rest goes
 };
 
+bool isInsideCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80; // UTF-8
+}
+
+// In one line, and not too long a one.
+std::string shownCell(std::string text) {
+    constexpr size_t LONGEST = 40;
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    if (text.size() <= LONGEST)
+        return text;
+    size_t end = LONGEST;
+    while (end > 0 && isInsideCharacter(text[end]))
+        --end;
+    return text.substr(0, end) + "...";
+}
+
 // What is written, in the order of the file.
 struct Writer {
     const CsvRules &rules;
@@ -129,14 +146,10 @@ struct Writer {
     }
 
     void complain(const BadCell &cell) {
-        constexpr size_t SHOWN = 40;
-        std::string text = cell.text.substr(0, SHOWN);
-        std::replace_if(
-            text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
         progress.clear();
         std::cerr << "uom: " << inputName << ": row " << rows + cell.row + 1 << ", column \""
-                  << toTerminal(rules.targets[cell.target].name) << "\": \"" << toTerminal(text)
-                  << (cell.text.size() > SHOWN ? "..." : "") << "\" is not a number.\n";
+                  << toTerminal(rules.targets[cell.target].name) << "\": \"" << toTerminal(shownCell(cell.text))
+                  << "\" is not a number.\n";
     }
 };
 
