@@ -15,6 +15,7 @@
 #include "text/display_units.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
+#include "uomstruct/unit_scan.h"
 #include "uomstruct/unit_string.h"
 
 namespace uom {
@@ -52,7 +53,7 @@ bool refuseSigns(UomEntry &entry, const FoldedText &folded, const char *text) {
     entry.length = folded.badLength;
     char sign[8];
     str_CopyBounded(sign, sizeof sign, std::string_view(text + folded.badPlace, static_cast<size_t>(folded.badLength)));
-    if (static_cast<uint8_t>(sign[0]) >= 0xC2)
+    if (folded.badLength > 1)
         return refuse(entry, "The sign \"%s\" belongs to no unit text.", sign);
     return refuse(entry, "The text holds a byte that is no sign of a unit text.");
 }
@@ -360,6 +361,80 @@ bool readClassically(const Catalogue &catalogue, const char *classString, const 
     return false;
 }
 
+// --- classes whose quantity is counted by mole, mass or volume
+
+// What a basis may count, as the class of the slot behind it.
+constexpr int32_t countedClasses[] = {CLASS_MOLE, CLASS_MASS, CLASS_VAP_VOL, CLASS_LIQ_VOL};
+
+// The shape of a chain that holds a basis and what it counts, taken as one of these.
+Shape shapeOfBasis(const Catalogue &catalogue, const UomStructNode *chain, int32_t counted) {
+    Shape shape = {};
+    shape.known = true;
+    bool behindBasis = false;
+    for (const UomStructNode *node = chain; node; node = node->next) {
+        if (isParenthesis(node) || shape.count == Shape::LIMIT)
+            return {};
+        const bool basis = node->baseClass == CLASS_BASIS;
+        if (!basis) {
+            const int32_t classId = behindBasis ? counted : node->baseClass;
+            const BaseQuantity quantity = dimension_OfClass(catalogue, classId);
+            shape.classes[shape.count] = classId;
+            shape.exponents[shape.count++] = node->baseExponent;
+            shape.known = shape.known && quantity.known;
+            shape.dimension = dimension_Times(shape.dimension, quantity.dimension, node->baseExponent);
+        }
+        behindBasis = basis;
+    }
+    return shape;
+}
+
+// The units of a fit as a text: those above the line, then those below.
+void writeFit(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer) {
+    for (const int32_t sign : {1, -1}) {
+        bool first = true;
+        for (int32_t slot = 0; slot < shape.count; ++slot) {
+            const int32_t exponent = shape.exponents[slot] * sign;
+            const UomUnit *unit = unit_Record(catalogue, fit.units[slot]);
+            if (exponent < 1 || !unit)
+                continue;
+            char multiplier[16] = "";
+            multiplier_Write(fit.multipliers[slot], unit->multiplierStyle, multiplier, sizeof multiplier);
+            char power[16] = "";
+            if (exponent > 1)
+                str_FormatBounded(power, sizeof power, "%d", static_cast<int>(exponent));
+            str_Write(writer, !first ? "-" : sign < 0 ? "/" : "");
+            str_Write(writer, multiplier);
+            str_Write(writer, unit->token);
+            str_Write(writer, power);
+            first = false;
+        }
+    }
+}
+
+bool readCounted(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+                 UomEntry &entry) {
+    ParsedChain chain(catalogue, classString);
+    for (const int32_t counted : countedClasses) {
+        const Shape shape = shapeOfBasis(catalogue, chain.chain, counted);
+        const ClassFit fit = entry_Fit(catalogue, words, reading, shape);
+        if (fit.fit.kind == FitKind::NONE || fit.ambiguous)
+            continue;
+        char text[sizeof entry.units];
+        TextWriter writer(text, sizeof text);
+        writeFit(catalogue, shape, fit.fit, writer);
+        char read[sizeof entry.units];
+        if (writer.wanted >= sizeof text || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
+            continue;
+        uom_GetDisplayUnits(catalogue, chain.chain, read, sizeof read, STYLE_TOKEN);
+        if (!isSameText(text, read))
+            continue;
+        entry.scale = wide_Rounded(fit.fit.scale);
+        str_CopyBounded(entry.units, sizeof entry.units, read);
+        return true;
+    }
+    return false;
+}
+
 // --- a text of a given class, and of any
 
 bool readGiven(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
@@ -386,7 +461,8 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
         return false;
     }
     if (shape.count == 0) {
-        if (readClassically(catalogue, classString, reading, entry))
+        if (readClassically(catalogue, classString, reading, entry) ||
+            readCounted(catalogue, words, classString, reading, entry))
             return true;
         tellClasses(catalogue, words, classString, reading, entry);
         return false;

@@ -539,7 +539,7 @@ bool readNumberFactor(Reader &reader, int32_t sign) {
     Wide number;
     double value;
     if (!product_ReadNumber(reader.text, &reader.place, &number, &value) || value == 0.0)
-        return refuse(reader, begin, reader.place + 1, "A number in a unit text is to be a factor other than 0.");
+        return refuse(reader, begin, reader.place, "A number in a unit text is to be a factor other than 0.");
     if (reader.at(reader.place) == '^' || (reader.at(reader.place) == '*' && reader.at(reader.place + 1) == '*')) {
         int32_t exponent;
         if (!readExponent(reader, &exponent))

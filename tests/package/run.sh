@@ -2,10 +2,10 @@
 # Installs a build to a fresh prefix, moves the prefix, looks for both data files in it, and builds and runs the consumer beside this file from it:
 # with find_package, shared and static, with pkg-config where there is one, and from C++.
 # Arguments: cmake, the build directory, the library, data and header directories under the prefix, the configuration,
-# the C and the C++ compiler.
+# the C and the C++ compiler, the directory of man pages under the prefix.
 set -euo pipefail
 
-cmake=$1 build=$2 libdir=$3 datadir=$4 includedir=$5 config=$6 cc=$7 cxx=$8
+cmake=$1 build=$2 libdir=$3 datadir=$4 includedir=$5 config=$6 cc=$7 cxx=$8 mandir=$9
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -57,4 +57,9 @@ expect_ok "C++, static" "$work/alone/cpp"
 if [ -x "$prefix/bin/uom" ]; then
     "$prefix/bin/uom" --help >"$work/log" || { echo "the installed tool does not start"; cat "$work/log"; exit 1; }
     echo "tool: OK"
+    for file in bash-completion/completions/uom zsh/site-functions/_uom fish/vendor_completions.d/uom.fish; do
+        grep -q convert "$prefix/$datadir/$file" || { echo "$datadir/$file: missing, or not what it should be"; exit 1; }
+    done
+    grep -q '^\.SS uom convert' "$prefix/$mandir/man1/uom.1" || { echo "no man page"; exit 1; }
+    echo "completion and man page: OK"
 fi

@@ -4,6 +4,7 @@
 
 #include "commands.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
@@ -37,14 +38,13 @@ std::vector<uom::ClassEntry> allClasses() {
     return classes;
 }
 
-int runClasses(bool all) {
-    TextTable table;
+int runClasses(bool all, Output output) {
+    TextTable table = {{{"Number", true}, {"Token"}, {"Long name"}, {"Keyword"}, {"Components"}}};
     table.rightAligned = 1;
-    table.rows.push_back({"Number", "Token", "Long name", "Keyword", "Components"});
     for (const uom::ClassEntry &entry : all ? allClasses() : uom::classes())
         table.rows.push_back(
             {std::to_string(entry.number), entry.token, entry.longName, entry.keyword, componentsOf(entry.number)});
-    print(table);
+    print(table, output);
     return 0;
 }
 
@@ -56,17 +56,22 @@ std::string defaultMark(const UomStructNode &node, int32_t unit) {
     return "*" + (multiplier.empty() ? "" : " " + multiplier);
 }
 
-void printUnitsOf(const UomStructNode &node, bool marked) {
-    TextTable table;
-    table.rows.push_back({"Unit", "Offset", "Factor", "Description"});
-    for (const uom::UnitEntry &unit : uom::units(node.baseClass)) {
-        table.rows.push_back({unit.token, shortestNumber(unit.offset), shortestNumber(unit.factor), unit.description});
-        if (marked)
-            table.rows.back().insert(table.rows.back().begin(), defaultMark(node, unit.number));
-    }
-    if (marked)
-        table.rows[0].insert(table.rows[0].begin(), "");
-    print(table);
+// The columns are the mark, the class, and then those that every table of units has.
+TextTable unitTable() {
+    return {{{"", false, "Default"}, {"Class"}, {"Unit"}, {"Offset", true}, {"Factor", true}, {"Description"}}};
+}
+
+void addUnitsOf(TextTable &table, const UomStructNode &node) {
+    const std::string token = uom::classText(node.baseClass);
+    for (const uom::UnitEntry &unit : uom::units(node.baseClass))
+        table.rows.push_back({defaultMark(node, unit.number), token, unit.token, shortestNumber(unit.offset),
+                              shortestNumber(unit.factor), unit.description});
+}
+
+void eraseColumn(TextTable &table, std::ptrdiff_t column) {
+    table.columns.erase(table.columns.begin() + column);
+    for (auto &row : table.rows)
+        row.erase(row.begin() + column);
 }
 
 std::string heading(const UomStructNode &node) {
@@ -78,40 +83,80 @@ bool isParenthesis(const UomStructNode &node) {
     return node.baseClass < FIRST_CLASS;
 }
 
-int runUnits(const std::string &classString, const std::string &slate) {
-    const uom::Chain chain(fromTerminal(classString));
-    if (!slate.empty())
-        uom_InitializeUnits(chain.get(), uom::findSlate(slate));
+std::vector<UomStructNode> componentNodes(const uom::Chain &chain) {
+    std::vector<UomStructNode> nodes;
+    for (const UomStructNode &node : chain)
+        if (!isParenthesis(node))
+            nodes.push_back(node);
+    return nodes;
+}
+
+// A table for each component, where there are several each under its heading.
+void printUnitsText(const uom::Chain &chain, bool marked) {
     const UomStructNode *first = chain.get();
     const bool headings = first->next != nullptr || first->baseClass != first->classId;
-    for (const UomStructNode &node : chain) {
-        if (isParenthesis(node))
-            continue;
+    const char *gap = "";
+    for (const UomStructNode &node : componentNodes(chain)) {
         if (headings)
-            std::cout << (&node == first ? "" : "\n") << heading(node) << '\n';
-        printUnitsOf(node, !slate.empty());
+            std::cout << gap << heading(node) << '\n';
+        gap = "\n";
+        TextTable table = unitTable();
+        addUnitsOf(table, node);
+        eraseColumn(table, 1);
+        if (!marked)
+            eraseColumn(table, 0);
+        print(table, Output::TEXT);
     }
+}
+
+// One table, in which the units tell their classes.
+void printUnitsTable(const uom::Chain &chain, bool marked, Output output) {
+    TextTable table = unitTable();
+    for (const UomStructNode &node : componentNodes(chain))
+        addUnitsOf(table, node);
+    if (!marked)
+        eraseColumn(table, 0);
+    print(table, output);
+}
+
+struct UnitsArguments {
+    std::string classString, slate;
+    Output output = Output::TEXT;
+};
+
+int runUnits(const UnitsArguments &arguments) {
+    const uom::Chain chain(fromTerminal(arguments.classString));
+    const bool marked = !arguments.slate.empty();
+    if (marked)
+        uom_InitializeUnits(chain.get(), uom::findSlate(arguments.slate));
+    if (arguments.output == Output::TEXT)
+        printUnitsText(chain, marked);
+    else
+        printUnitsTable(chain, marked, arguments.output);
     return 0;
 }
 
 } // namespace
 
 Action addClasses(CLI::App &command) {
-    const auto all = std::make_shared<bool>(false);
-    command.add_flag("--all", *all, "Parentheses and internal classes too");
+    struct Arguments {
+        bool all = false;
+        Output output = Output::TEXT;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    command.add_flag("--all", arguments->all, "Parentheses and internal classes too");
+    addOutput(command, arguments->output);
     command.footer("The classes for users: those compiled in and those of the data file, without the parentheses and\n"
                    "the classes that serve the library alone, which have numbers too.");
-    return [all] { return runClasses(*all); };
+    return [arguments] { return runClasses(arguments->all, arguments->output); };
 }
 
 Action addUnits(CLI::App &command) {
-    struct Arguments {
-        std::string classString, slate;
-    };
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<UnitsArguments>();
     command.add_option("CLASS", arguments->classString, "Class, or class string")->required();
     command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *");
+    addOutput(command, arguments->output);
     command.footer("Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
                    "For a composite class, the units of its components.");
-    return [arguments] { return runUnits(arguments->classString, arguments->slate); };
+    return [arguments] { return runUnits(*arguments); };
 }

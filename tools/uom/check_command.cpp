@@ -6,13 +6,19 @@
 #include "commands.h"
 #include "data_file.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
 
-void printFindings(const std::string &path, Findings &findings) {
-    std::stable_sort(findings.begin(), findings.end(),
-                     [](const Finding &a, const Finding &b) { return a.line < b.line; });
+void printFindings(const std::string &path, const Findings &findings, Output output) {
+    if (output != Output::TEXT) {
+        TextTable table = {{{"File"}, {"Line", true}, {"Finding"}}};
+        for (const Finding &finding : findings)
+            table.rows.push_back({path, std::to_string(finding.line), finding.text});
+        print(table, output);
+        return;
+    }
     for (const Finding &finding : findings)
         std::cout << path << ':' << finding.line << ": " << toTerminal(finding.text) << '\n';
 }
@@ -36,18 +42,25 @@ void check(const std::string &path, Findings &findings) {
     checkClassesAndSlates(file, findings);
 }
 
-int runCheck(const std::string &path) {
+int runCheck(const std::string &path, Output output) {
     Findings findings;
     check(path, findings);
-    printFindings(path, findings);
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.line < b.line; });
+    printFindings(path, findings, output);
     return findings.empty() ? 0 : 1;
 }
 
 } // namespace
 
 Action addCheck(CLI::App &command) {
-    const auto path = std::make_shared<std::string>();
-    command.add_option("FILE", *path, "Data file")->required();
+    struct Arguments {
+        std::string path;
+        Output output = Output::TEXT;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    command.add_option("FILE", arguments->path, "Data file")->required();
+    addOutput(command, arguments->output);
     command.footer("Prints FILE:LINE: and what is wrong, and exits with 1. A file without faults gives no word and 0.");
-    return [path] { return runCheck(*path); };
+    return [arguments] { return runCheck(arguments->path, arguments->output); };
 }

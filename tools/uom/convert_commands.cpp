@@ -2,13 +2,18 @@
 #include <cmath>
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <memory>
 
 #include "commands.h"
+#include "csv_command.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
+
+constexpr const char *CSV_GROUP = "Columns of a CSV file";
 
 struct Units {
     std::string classString, from, to;
@@ -19,6 +24,7 @@ struct ConversionArguments {
     std::vector<std::string> words;
     std::string fromSlate, toSlate, format;
     int digits = 12;
+    Output output = Output::TEXT;
     bool hasSlates() const { return !fromSlate.empty(); }
     size_t unitWords() const { return hasSlates() ? 1 : 3; }
 };
@@ -40,20 +46,17 @@ CLI::Option *addPrecision(CLI::App &command, int &digits) {
         ->option_text("DIGITS");
 }
 
-std::shared_ptr<ConversionArguments> addConversionArguments(CLI::App &command, const std::string &words) {
-    auto arguments = std::make_shared<ConversionArguments>();
+void addConversionArguments(CLI::App &command, ConversionArguments &arguments, const std::string &words) {
     command
-        .add_option("CLASS FROM TO" + words, arguments->words,
+        .add_option("CLASS FROM TO" + words, arguments.words,
                     "Class string, source and target units (or names of slates)" +
                         std::string(words.empty() ? "" : ", values"))
-        ->option_text(" ")
-        ->required();
-    CLI::Option *from = command.add_option("--from-slate", arguments->fromSlate,
+        ->option_text(" ");
+    CLI::Option *from = command.add_option("--from-slate", arguments.fromSlate,
                                            "Convert from the units of this slate, in place of FROM and TO");
-    CLI::Option *to = command.add_option("--to-slate", arguments->toSlate, "Convert to the units of this slate");
+    CLI::Option *to = command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate");
     from->needs(to);
     to->needs(from);
-    return arguments;
 }
 
 Units readUnits(const ConversionArguments &arguments) {
@@ -65,7 +68,7 @@ Units readUnits(const ConversionArguments &arguments) {
     return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
 }
 
-// Too few words are wrong usage, not a failure of the conversion.
+// Too few words, or none at all, are wrong usage, not a failure of the conversion.
 void requireUnitWords(const ConversionArguments &arguments) {
     if (arguments.words.size() < arguments.unitWords())
         throw CLI::RequiredError("CLASS, FROM and TO, or CLASS with --from-slate and --to-slate,");
@@ -149,26 +152,122 @@ int runConstants(const ConversionArguments &arguments) {
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != UOM_DONE)
         refuse();
-    std::cout << "factor " << roundedNumber(factor, arguments.digits) << '\n';
-    std::cout << "offset " << roundedNumber(offset, arguments.digits) << '\n';
+    TextTable table = {{{"factor", true}, {"offset", true}},
+                       {{roundedNumber(factor, arguments.digits), roundedNumber(offset, arguments.digits)}}};
+    table.upright = true;
+    table.gap = 1;
+    print(table, arguments.output);
     return 0;
+}
+
+// --- uom convert --csv
+
+std::string validateColumn(const std::string &text) {
+    return isColumnRequest(text) ? "" : "\"" + text + "\" is not NAME=FROM:TO, like P=psig:kPa@Pres";
+}
+
+// None that is a part of numbers.
+const std::map<std::string, char> separators = {{",", ','}, {";", ';'}, {"|", '|'}, {":", ':'}, {"tab", '\t'}};
+
+std::string validateSeparator(const std::string &text) {
+    return separators.count(text) ? "" : "\"" + text + "\" does not separate cells";
+}
+
+void addSeparator(CLI::App &command, CLI::Option *csv, char &separator) {
+    command
+        .add_option_function<std::string>(
+            "--separator", [&separator](const std::string &text) { separator = separators.at(text); },
+            "Between the cells: , ; | : or tab; a comma by default")
+        ->option_text("CHAR")
+        ->check(CLI::Validator(validateSeparator, ""))
+        ->needs(csv)
+        ->group(CSV_GROUP);
+}
+
+CLI::Option *addCsvArguments(CLI::App &command, CsvArguments &arguments) {
+    CLI::Option *csv =
+        command.add_option("--csv", arguments.input, "Convert columns of this CSV file; - is standard input")
+            ->option_text("FILE")
+            ->group(CSV_GROUP);
+    command
+        .add_option("--column", arguments.columns,
+                    "NAME=FROM:TO or NAME=FROM:TO@CLASS; NAME is a heading or a number from 1; may be repeated")
+        ->option_text("COLUMN")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->check(CLI::Validator(validateColumn, ""))
+        ->needs(csv)
+        ->group(CSV_GROUP);
+    command.add_option("--class", arguments.classString, "Class of the columns that name none")
+        ->option_text("CLASS")
+        ->needs(csv)
+        ->group(CSV_GROUP);
+    command.add_option("-o", arguments.output, "Write to this file; - or none is standard output")
+        ->option_text("FILE")
+        ->needs(csv)
+        ->group(CSV_GROUP);
+    command
+        .add_flag_callback(
+            "--no-header", [&arguments] { arguments.header = false; }, "The first line is a row like others")
+        ->needs(csv)
+        ->group(CSV_GROUP);
+    addSeparator(command, csv, arguments.separator);
+    return csv;
+}
+
+struct ConvertArguments {
+    ConversionArguments conversion;
+    CsvArguments csv;
+};
+
+void requireCsvColumns(const ConvertArguments &arguments) {
+    if (!arguments.conversion.words.empty())
+        throw CLI::ExtrasError({arguments.conversion.words.back()});
+    if (arguments.csv.columns.empty())
+        throw CLI::RequiredError("--column");
 }
 
 } // namespace
 
 Action addConvert(CLI::App &command) {
-    const auto arguments = addConversionArguments(command, " VALUE");
-    command.add_option("--format", arguments->format, "printf format of the results, like %.6g")
-        ->check(CLI::Validator(validateFormat, "FORMAT"))
-        ->excludes(addPrecision(command, arguments->digits));
-    command.parse_complete_callback([arguments] { requireUnitWords(*arguments); });
-    command.footer("Without values, reads them from standard input, one a line, and prints a line for each.");
-    return [arguments] { return runConvert(*arguments); };
+    const auto arguments = std::make_shared<ConvertArguments>();
+    ConversionArguments &conversion = arguments->conversion;
+    addConversionArguments(command, conversion, " VALUE");
+    CLI::Option *precision = addPrecision(command, conversion.digits);
+    CLI::Option *format = command.add_option("--format", conversion.format, "printf format of the results, like %.6g")
+                              ->check(CLI::Validator(validateFormat, "FORMAT"))
+                              ->excludes(precision);
+    CLI::Option *csv = addCsvArguments(command, arguments->csv);
+    csv->excludes(format)->excludes(command.get_option("--from-slate"))->excludes(command.get_option("--to-slate"));
+    command.parse_complete_callback([arguments, csv] {
+        if (csv->empty())
+            requireUnitWords(arguments->conversion);
+        else
+            requireCsvColumns(*arguments);
+    });
+    command.footer(
+        "Without values, reads them from standard input, one a line, and prints a line for each.\n"
+        "\n"
+        "With --csv, numbers in the columns named are replaced by their shortest texts that read back as the same\n"
+        "number, or those of --precision. All else goes through byte for byte. A cell that is no number stays as it "
+        "is\n"
+        "and is told on standard error, with its row (the first is 1, a header line too); the first 20 of them, and "
+        "how\n"
+        "many there are more. Then the tool ends with 3. Empty cells and NaN are no fault.\n"
+        "  uom convert --csv log.csv --column P=psig:kPa@Pres --column 3=F:C@Temp -o metric.csv");
+    return [arguments, csv, precision] {
+        if (csv->empty())
+            return runConvert(arguments->conversion);
+        arguments->csv.digits = precision->empty() ? FULL_PRECISION : arguments->conversion.digits;
+        return convertCsv(arguments->csv);
+    };
 }
 
 Action addConstants(CLI::App &command) {
-    const auto arguments = addConversionArguments(command, "");
+    const auto arguments = std::make_shared<ConversionArguments>();
+    addConversionArguments(command, *arguments, "");
     addPrecision(command, arguments->digits);
+    addOutput(command, arguments->output);
     command.parse_complete_callback([arguments] {
         requireUnitWords(*arguments);
         if (arguments->words.size() > arguments->unitWords())

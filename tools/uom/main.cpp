@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "commands.h"
+#include "interface.h"
 #include "library.h"
 #include "start.h"
 #include "text.h"
@@ -10,7 +11,7 @@
 namespace {
 
 // Exit statuses, beside 0. Every message stands behind "uom: ".
-constexpr int FAILED = 1, BAD_USAGE = 2;
+constexpr int FAILED = 1, BAD_USAGE = 2; // and BAD_CELLS
 
 struct Command {
     const char *name;
@@ -37,6 +38,7 @@ constexpr const char *EXAMPLES =
     "  uom convert Temp C F -40 37.5\n"
     "  uom convert \"Pres/VolRate 2\" \"kpa/(m3/sec)2\" \"psi/(ft3/min)2\" 1.5 2.5\n"
     "  uom convert --format %.6g --from-slate English --to-slate SI SpEnthalpy < enthalpies.txt\n"
+    "  uom convert --csv log.csv --column P=psig:kPa@Pres -o metric.csv\n"
     "  uom constants Temp C F\n"
     "  uom units Pres --slate Metric\n"
     "  uom show Density --slate English --style tokensuper\n"
@@ -45,7 +47,8 @@ constexpr const char *EXAMPLES =
     "  uom report --for enduser -o report.txt\n"
     "  uom check uomdata.txt\n"
     "\n"
-    "Ends with 0, with 1 when work failed, with 2 when the usage is wrong.\n";
+    "Exit status:\n"
+    "0; 1 when work failed; 2 when the usage is wrong; 3 when cells of a CSV file were no numbers.\n";
 
 struct GlobalOptions {
     StartOptions start;
@@ -75,6 +78,20 @@ StartOptions startOptions(const GlobalOptions &options) {
     if (options.molar)
         start.words.push_back("molar");
     return start;
+}
+
+// For the build of the tool, which installs what they write. They do without a command.
+void addGenerators(CLI::App &app) {
+    const auto write = [](const std::string &text) {
+        std::cout << text;
+        throw CLI::Success();
+    };
+    app.add_option_function<std::string>(
+           "--generate-completion",
+           [&app, write](const std::string &shell) { write(completionScript(describeTool(app), shell)); })
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}))
+        ->group("");
+    app.add_flag_callback("--generate-man", [&app, write] { write(manPage(describeTool(app))); })->group("");
 }
 
 bool isNegativeNumber(const std::string &word) {
@@ -115,6 +132,7 @@ int run(int count, char **words) {
     CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
     GlobalOptions options;
     addGlobalOptions(app, options);
+    addGenerators(app);
     app.set_version_flag("--version", "uom " + uom::version());
     app.footer(EXAMPLES);
     app.require_subcommand(1);

@@ -1,10 +1,10 @@
 // uom related: the other forms of a class string, and its dimensions.
 #include <algorithm>
-#include <iostream>
 #include <memory>
 
 #include "commands.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
@@ -43,23 +43,32 @@ std::string dimensionsOf(const uom::Chain &chain, const std::string &classString
     return text;
 }
 
-int runRelated(const std::string &given) {
+int runRelated(const std::string &given, Output output) {
     const uom::Chain chain(fromTerminal(given));
     const std::string classString = chain.classText();
-    TextTable table;
-    table.rows.push_back({"Class", classString});
+    TextTable table = {{{"Class"}}, {{classString}}};
+    table.upright = true;
+    const auto add = [&table](const char *heading, const std::string &text) {
+        table.columns.push_back({heading});
+        table.rows[0].push_back(text);
+    };
     for (const Form &form : forms)
-        table.rows.push_back({form.name, form.get(classString)});
-    table.rows.push_back({"Dimensions", dimensionsOf(chain, classString)});
-    print(table);
+        add(form.name, form.get(classString));
+    add("Dimensions", dimensionsOf(chain, classString));
+    print(table, output);
     return 0;
 }
 
 } // namespace
 
 Action addRelated(CLI::App &command) {
-    const auto classString = std::make_shared<std::string>();
-    command.add_option("CLASS", *classString, "Class string")->required();
+    struct Arguments {
+        std::string classString;
+        Output output = Output::TEXT;
+    };
+    const auto arguments = std::make_shared<Arguments>();
+    command.add_option("CLASS", arguments->classString, "Class string")->required();
+    addOutput(command, arguments->output);
     command.footer("Dimensions are exponents of mass, length, time, temperature, charge and currency.");
-    return [classString] { return runRelated(*classString); };
+    return [arguments] { return runRelated(arguments->classString, arguments->output); };
 }

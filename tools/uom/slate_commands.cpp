@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "library.h"
+#include "table.h"
 #include "text.h"
 
 namespace {
@@ -19,6 +20,8 @@ const std::map<std::string, int32_t> styleNames = {
     {"longname", UOM_STYLE_LONG_NAME},
     {"html", UOM_STYLE_HTML},
 };
+
+constexpr int32_t KEY_VALUE_LINES = 2; // the layout
 
 constexpr size_t UNKNOWN = std::string::npos;
 
@@ -66,21 +69,56 @@ std::string flagsOf(const std::string &slate) {
     return flags;
 }
 
-int runSlates() {
-    TextTable table;
-    table.rows.push_back({"Name", "Parent", "Root", "GaugePresBasis", "Properties"});
+int runSlates(Output output) {
+    TextTable table = {{{"Name"}, {"Parent"}, {"Root"}, {"GaugePresBasis", true}, {"Properties"}}};
     SlateTree tree = readSlates();
     for (size_t i = 1; i < tree.names.size(); ++i) {
         const std::string &slate = tree.names[i];
         const std::string &root = tree.names[rootOf(tree, i)];
         table.rows.push_back({slate, tree.parents[i], root, statedDefault(slate, "GaugePresBasis"), flagsOf(slate)});
     }
-    print(table);
+    print(table, output);
     return 0;
 }
 
-int runSlate(const std::string &name, int32_t layout) {
-    for (const std::string &line : uom::slateDefinition(name, layout))
+struct SlateArguments {
+    std::string name;
+    int32_t layout = KEY_VALUE_LINES;
+    Output output = Output::TEXT;
+};
+
+// Keys and values stand in one line, behind the slate's name as a section's.
+void addKeyValueLines(TextTable &table, const std::vector<std::string> &lines) {
+    for (const std::string &line : lines) {
+        const size_t equals = line.find('=');
+        if (equals != std::string::npos)
+            table.rows.push_back({line.substr(0, equals), line.substr(equals + 1)});
+    }
+}
+
+// Keys and values take turns, behind the name of the parent.
+void addTurns(TextTable &table, const std::vector<std::string> &lines) {
+    table.rows.push_back({"BasedOn", lines.empty() ? "" : lines[0]});
+    for (size_t i = 2; i < lines.size(); i += 2)
+        table.rows.push_back({lines[i - 1], lines[i]});
+}
+
+void printDefinition(const SlateArguments &arguments, const std::vector<std::string> &lines) {
+    TextTable table = {{{"Key"}, {"Value"}}};
+    if (arguments.layout == KEY_VALUE_LINES)
+        addKeyValueLines(table, lines);
+    else
+        addTurns(table, lines);
+    print(table, arguments.output);
+}
+
+int runSlate(const SlateArguments &arguments) {
+    const auto lines = uom::slateDefinition(arguments.name, arguments.layout);
+    if (arguments.output != Output::TEXT) {
+        printDefinition(arguments, lines);
+        return 0;
+    }
+    for (const std::string &line : lines)
         std::cout << toTerminal(line) << '\n';
     return 0;
 }
@@ -104,23 +142,22 @@ int runShow(const ShowArguments &arguments) {
 
 } // namespace
 
-Action addSlates(CLI::App &) {
-    return runSlates;
+Action addSlates(CLI::App &command) {
+    const auto output = std::make_shared<Output>(Output::TEXT);
+    addOutput(command, *output);
+    return [output] { return runSlates(*output); };
 }
 
 Action addSlate(CLI::App &command) {
-    struct Arguments {
-        std::string name;
-        int32_t layout = 2;
-    };
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<SlateArguments>();
     command.add_option("NAME", arguments->name, "Name of the slate")->required();
     command
         .add_option("--layout", arguments->layout, "0 differences from the parent, 1 all classes, 2 key=value lines")
         ->check(CLI::Range(0, 2))
         ->capture_default_str();
+    addOutput(command, arguments->output);
     command.footer("The text of layout 2 can be read back with --define.");
-    return [arguments] { return runSlate(arguments->name, arguments->layout); };
+    return [arguments] { return runSlate(*arguments); };
 }
 
 Action addShow(CLI::App &command) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
-#include <iostream>
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
@@ -142,38 +141,21 @@ std::string toTerminal(std::string_view text) {
     return utf8;
 }
 
-// --- tables
+std::string toUtf8(std::string_view text) {
+    std::string utf8;
+    while (!text.empty()) {
+        const size_t length = utf8Length(text);
+        if (length == 0) {
+            const auto latin1 = static_cast<unsigned char>(text[0]);
+            utf8 += static_cast<char>(0xC0 | latin1 >> 6);
+            utf8 += static_cast<char>(0x80 | (latin1 & 0x3F));
+        }
+        utf8 += text.substr(0, length);
+        text.remove_prefix(std::max<size_t>(length, 1));
+    }
+    return utf8;
+}
 
-static size_t shownWidth(std::string_view utf8) {
+size_t shownWidth(std::string_view utf8) {
     return static_cast<size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) { return !isContinuation(c); }));
-}
-
-static void pad(std::string &line, size_t width) {
-    line.append(width, ' ');
-}
-
-void print(const TextTable &table) {
-    std::vector<size_t> widths;
-    std::vector<std::vector<std::string>> rows = table.rows;
-    for (auto &row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (size_t i = 0; i < row.size(); ++i) {
-            row[i] = toTerminal(row[i]);
-            widths[i] = std::max(widths[i], shownWidth(row[i]));
-        }
-    }
-    for (const auto &row : rows) {
-        std::string line;
-        for (size_t i = 0; i < row.size(); ++i) {
-            const size_t blanks = widths[i] - shownWidth(row[i]);
-            if (i < table.rightAligned)
-                pad(line, blanks);
-            line += row[i];
-            if (i >= table.rightAligned)
-                pad(line, blanks);
-            pad(line, 2);
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        std::cout << line << '\n';
-    }
 }

@@ -1,4 +1,4 @@
-// Numbers, superscripts and tables, as they are read from and written to a terminal.
+// Numbers and superscripts, as they are read from and written to a terminal.
 #ifndef UOM_TOOL_TEXT_H
 #define UOM_TOOL_TEXT_H
 
@@ -29,11 +29,10 @@ std::string formatNumber(const std::string &format, double value);
 std::string fromTerminal(std::string_view text);
 std::string toTerminal(std::string_view text);
 
-// Rows of cells under a row of headings, printed in columns.
-struct TextTable {
-    std::vector<std::vector<std::string>> rows;
-    size_t rightAligned = 0; // so many of the first columns
-};
-void print(const TextTable &table);
+// The same as UTF-8 throughout: what is none is taken for Latin-1, as the library's superscripts are.
+std::string toUtf8(std::string_view text);
+
+// How many characters wide a terminal shows it.
+size_t shownWidth(std::string_view utf8);
 
 #endif

@@ -1,0 +1,178 @@
+#include "csv_convert.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+#include <fast_float/fast_float.h>
+
+#include "csv.h"
+#include "text.h"
+
+namespace {
+
+constexpr size_t LONGEST_NUMBER = 32; // of any that std::to_chars writes here
+constexpr double NO_VALUE = -1e35;    // numbers below it pass through conversions
+
+struct Number {
+    const char *begin, *end;
+    double value;
+};
+
+bool isCellEnd(const char *at, const char *end, char separator) {
+    return at == end || *at == separator || *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] == '\n'));
+}
+
+// Reads a cell that is a number and nothing else, without looking for its end first. False for all others, of which
+// some are numbers too. fast_float has infinity for what is too large.
+bool readPlainCell(const char *at, const char *end, char separator, Number &number) {
+    const auto [rest, error] = fast_float::from_chars(at, end, number.value);
+    number.begin = at;
+    number.end = rest;
+    return error == std::errc() && isCellEnd(rest, end, separator) && std::isfinite(number.value);
+}
+
+bool hasValue(double value) {
+    return value >= NO_VALUE; // not for NaN
+}
+
+// The first pass: finds the numbers.
+class BlockReader {
+public:
+    BlockReader(const CsvRules &rules, CsvBlock &block)
+        : rules_(rules), block_(block), end_(block.in.data() + block.in.size()),
+          hasQuotes_(block.in.find('"') != std::string_view::npos) {}
+
+    void readRows() {
+        for (const char *at = block_.in.data(); at != end_; ++block_.rows) {
+            at = readRow(at);
+            at += at != end_;
+        }
+    }
+
+private:
+    bool isRowEnd(const char *at) const { return at == end_ || *at == '\n'; }
+
+    // Where the row ends that starts at `at`. It may be shorter than others.
+    const char *readRow(const char *at) {
+        size_t column = 0;
+        for (size_t target = 0; target < rules_.targets.size(); ++target, ++column) {
+            for (; column < rules_.targets[target].column; ++column) {
+                at = cellEnd(at, end_, rules_.separator);
+                if (isRowEnd(at))
+                    return at;
+                ++at;
+            }
+            at = readCell(at, target);
+            if (isRowEnd(at))
+                return at;
+            ++at;
+        }
+        return passCells(at);
+    }
+
+    const char *passCells(const char *at) const {
+        if (!hasQuotes_) {
+            const void *found = std::memchr(at, '\n', static_cast<size_t>(end_ - at));
+            return found ? static_cast<const char *>(found) : end_;
+        }
+        for (;; ++at) {
+            at = cellEnd(at, end_, rules_.separator);
+            if (isRowEnd(at))
+                return at;
+        }
+    }
+
+    const char *readCell(const char *at, size_t target) {
+        Number number;
+        if (readPlainCell(at, end_, rules_.separator, number)) {
+            keep(number, target);
+            return number.end + (number.end != end_ && *number.end == '\r');
+        }
+        const char *behind = cellEnd(at, end_, rules_.separator);
+        readOddCell(cellContent({at, static_cast<size_t>(behind - at)}), target);
+        return behind;
+    }
+
+    void readOddCell(std::string_view content, size_t target) {
+        if (content.empty())
+            return;
+        const auto value = parseNumber(content);
+        if (value)
+            return keep({content.data(), content.data() + content.size(), *value}, target);
+        if (block_.badCells++ < SHOWN_BAD_CELLS)
+            block_.firstBadCells.push_back({block_.rows, target, std::string(content)});
+    }
+
+    void keep(const Number &number, size_t target) {
+        if (!hasValue(number.value))
+            return;
+        const char *text = block_.in.data();
+        block_.places.push_back({static_cast<uint32_t>(number.begin - text), static_cast<uint32_t>(number.end - text),
+                                 static_cast<uint32_t>(target)});
+        block_.values[target].push_back(number.value);
+    }
+
+    const CsvRules &rules_;
+    CsvBlock &block_;
+    const char *const end_;
+    const bool hasQuotes_;
+};
+
+void clear(const CsvRules &rules, CsvBlock &block) {
+    block.rows = block.badCells = 0;
+    block.firstBadCells.clear();
+    block.places.clear();
+    block.values.resize(rules.targets.size());
+    for (auto &values : block.values)
+        values.clear();
+}
+
+void convertValues(const CsvRules &rules, CsvBlock &block) {
+    for (size_t i = 0; i < rules.targets.size(); ++i) {
+        std::vector<double> &values = block.values[i];
+        if (!values.empty())
+            uom_ConvertMany(rules.targets[i].conversion.get(), values.data(), values.data(), values.size());
+    }
+}
+
+char *writeNumber(char *at, double value, int digits) {
+    if (digits == FULL_PRECISION)
+        return std::to_chars(at, at + LONGEST_NUMBER, value).ptr;
+    return std::to_chars(at, at + LONGEST_NUMBER, value, std::chars_format::general, digits).ptr;
+}
+
+void reserve(CsvBlock &block, size_t size) {
+    if (size <= block.outCapacity)
+        return;
+    block.out = std::make_unique_for_overwrite<char[]>(size);
+    block.outCapacity = size;
+}
+
+// The last pass: the text with the new numbers in place of the old ones.
+void writeRows(const CsvRules &rules, CsvBlock &block) {
+    reserve(block, block.in.size() + block.places.size() * LONGEST_NUMBER);
+    std::vector<const double *> next;
+    for (const auto &values : block.values)
+        next.push_back(values.data());
+    char *to = block.out.get();
+    size_t from = 0;
+    const auto copyUntil = [&](size_t end) { to = std::copy_n(block.in.data() + from, end - from, to); };
+    for (const CsvBlock::Place &place : block.places) {
+        copyUntil(place.begin);
+        to = writeNumber(to, *next[place.target]++, rules.digits);
+        from = place.end;
+    }
+    copyUntil(block.in.size());
+    block.outSize = static_cast<size_t>(to - block.out.get());
+}
+
+} // namespace
+
+void convertBlock(const CsvRules &rules, CsvBlock &block) {
+    clear(rules, block);
+    BlockReader(rules, block).readRows();
+    convertValues(rules, block);
+    writeRows(rules, block);
+}

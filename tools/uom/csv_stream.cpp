@@ -1,0 +1,161 @@
+#include "csv_stream.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <iostream>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "commands.h"
+#include "csv.h"
+#include "text.h"
+
+namespace {
+
+constexpr size_t BLOCK = size_t{1} << 20;
+constexpr size_t LONGEST_ROW = size_t{64} << 20;
+
+std::string quoted(const std::string &path) {
+    return "\"" + path + "\"";
+}
+
+[[noreturn]] void fail(const std::string &what, int error) {
+    throw Failure(what + ": " + std::generic_category().message(error) + ".");
+}
+
+bool isSameFile(int a, int b) {
+    struct stat first, second;
+    return fstat(a, &first) == 0 && fstat(b, &second) == 0 && S_ISREG(first.st_mode) && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
+}
+
+} // namespace
+
+// --- files
+
+File File::toRead(const std::string &path) {
+    if (path == "-")
+        return {STDIN_FILENO, "the standard input"};
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        fail("Unable to read " + quoted(path), errno);
+    return {descriptor, quoted(path)};
+}
+
+// Emptied only when it is known to be another file than the input.
+File File::toWrite(const std::string &path, const File &input) {
+    File file = {STDOUT_FILENO, "the output"};
+    if (path != "-") {
+        file.name_ = quoted(path);
+        file.descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+        if (file.descriptor_ < 0)
+            fail("Unable to write " + file.name_, errno);
+    }
+    if (isSameFile(file.descriptor_, input.descriptor_))
+        throw Failure("The output is the input file " + input.name_ + ".");
+    struct stat status;
+    if (path != "-" && fstat(file.descriptor_, &status) == 0 && S_ISREG(status.st_mode) &&
+        ftruncate(file.descriptor_, 0) != 0)
+        fail("Unable to write " + file.name_, errno);
+    return file;
+}
+
+File::File(File &&other) noexcept : descriptor_(other.descriptor_), name_(std::move(other.name_)) {
+    other.descriptor_ = -1;
+}
+
+File::~File() {
+    if (descriptor_ > STDERR_FILENO)
+        close(descriptor_);
+}
+
+size_t File::read(char *to, size_t size) {
+    ssize_t count;
+    do
+        count = ::read(descriptor_, to, size);
+    while (count < 0 && errno == EINTR);
+    if (count < 0)
+        fail("Unable to read " + name_, errno);
+    return static_cast<size_t>(count);
+}
+
+void File::write(std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = ::write(descriptor_, text.data(), text.size());
+        if (count < 0 && errno != EINTR)
+            fail("Unable to write " + name_, errno);
+        text.remove_prefix(count > 0 ? static_cast<size_t>(count) : 0);
+    }
+}
+
+std::optional<size_t> File::size() const {
+    struct stat status;
+    if (fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return static_cast<size_t>(status.st_size);
+}
+
+// --- rows
+
+// What stands in the memory now, with as much behind it as a block has room for.
+std::string_view RowSource::readOn(std::vector<char> &memory, size_t used) {
+    memory.resize(std::max(memory.size(), used + BLOCK));
+    const size_t end = used + BLOCK;
+    while (!ended_ && used < end) {
+        const size_t count = file_.read(memory.data() + used, end - used);
+        ended_ = count == 0;
+        used += count;
+    }
+    return {memory.data(), used};
+}
+
+std::string_view RowSource::next(std::vector<char> &memory) {
+    memory.resize(std::max(memory.size(), rest_.size()));
+    std::copy(rest_.begin(), rest_.end(), memory.begin());
+    std::string_view text(memory.data(), rest_.size());
+    for (size_t whole = 0; whole == 0 && !ended_;) {
+        text = readOn(memory, text.size());
+        whole = wholeRowsLength(text, separator_);
+        if (whole == 0 && text.size() > LONGEST_ROW)
+            throw Failure("A row of " + file_.name() + " has more than 64 MB: a closing quotation mark is missing.");
+        if (whole == 0 || ended_)
+            continue;
+        rest_ = text.substr(whole);
+        return text.substr(0, whole);
+    }
+    rest_.clear();
+    return text;
+}
+
+// --- progress
+
+void Progress::add(size_t bytes) {
+    done_ += bytes;
+    const auto now = Clock::now();
+    if (!shown_ || now < next_)
+        return;
+    next_ = now + std::chrono::milliseconds(200);
+    show(now);
+}
+
+void Progress::show(Clock::time_point now) {
+    constexpr double MB = 1e6;
+    const double seconds = std::chrono::duration<double>(now - start_).count();
+    const double done = static_cast<double>(done_) / MB;
+    std::string line = formatNumber("%.1f", done);
+    if (total_)
+        line += formatNumber(" of %.1f", static_cast<double>(*total_) / MB);
+    line += " MB";
+    if (seconds > 0.0)
+        line += formatNumber(", %.0f MB/s", done / seconds);
+    std::cerr << "\r\x1B[K" << line << std::flush;
+    visible_ = true;
+}
+
+void Progress::clear() {
+    if (visible_)
+        std::cerr << "\r\x1B[K" << std::flush;
+    visible_ = false;
+}
