@@ -184,6 +184,12 @@ bool isInMillions(int32_t classId) {
     return classId == CLASS_E6_ENERGY || classId == CLASS_E6_POWER;
 }
 
+// The lower the better: an alias knows its class.
+int32_t rankOf(const Reading &reading, int32_t classId, const ClassFit &fit) {
+    const bool bound = reading.products[fit.product].boundTo == classId;
+    return bound ? -1 : static_cast<int32_t>(fit.fit.kind);
+}
+
 // The classes that read the text, the best first: up to `most`.
 int32_t findClasses(const Catalogue &catalogue, const Words &words, const Reading &reading, Candidate *candidates,
                     int32_t most) {
@@ -195,7 +201,8 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
         if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))
             continue;
         int32_t place = count;
-        while (place > 0 && candidates[place - 1].fit.fit.kind > fit.fit.kind)
+        const int32_t rank = rankOf(reading, c, fit);
+        while (place > 0 && rankOf(reading, candidates[place - 1].classId, candidates[place - 1].fit) > rank)
             --place;
         if (place == most)
             continue;
@@ -293,18 +300,38 @@ bool isParenthesis(const UomStructNode *node) {
     return node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE;
 }
 
-// The shape of a chain without groups and bases, which the classical reader alone reads.
-Shape shapeOfChain(const Catalogue &catalogue, const UomStructNode *chain) {
+// The exponents of a group that closes with a power.
+void raiseGroup(Shape &shape, int32_t first, int32_t exponent) {
+    for (int32_t slot = first; slot < shape.count; ++slot)
+        shape.exponents[slot] *= exponent;
+}
+
+// The shape of a chain, its groups multiplied out. What stands behind a basis counts as `counted`; without one a chain
+// with a basis is of no shape.
+Shape shapeOfChain(const Catalogue &catalogue, const UomStructNode *chain, int32_t counted) {
     Shape shape = {};
-    shape.known = true;
+    int32_t groups[Shape::LIMIT], depth = 0;
+    bool behindBasis = false;
     for (const UomStructNode *node = chain; node; node = node->next) {
-        if (isParenthesis(node) || node->baseClass == CLASS_BASIS || shape.count == Shape::LIMIT)
+        if (shape.count == Shape::LIMIT || (node->baseClass == CLASS_BASIS && counted == CLASS_NONE))
             return {};
-        const BaseQuantity quantity = dimension_OfClass(catalogue, node->baseClass);
-        shape.classes[shape.count] = node->baseClass;
-        shape.exponents[shape.count++] = node->baseExponent;
+        if (node->baseClass == CLASS_OPEN && depth < Shape::LIMIT)
+            groups[depth++] = shape.count;
+        else if (node->baseClass == CLASS_CLOSE && depth > 0)
+            raiseGroup(shape, groups[--depth], node->baseExponent == 0 ? 1 : node->baseExponent);
+        else if (isParenthesis(node))
+            return {};
+        else if (node->baseClass != CLASS_BASIS) {
+            shape.classes[shape.count] = behindBasis ? counted : node->baseClass;
+            shape.exponents[shape.count++] = node->baseExponent;
+        }
+        behindBasis = node->baseClass == CLASS_BASIS;
+    }
+    shape.known = true;
+    for (int32_t slot = 0; slot < shape.count; ++slot) {
+        const BaseQuantity quantity = dimension_OfClass(catalogue, shape.classes[slot]);
         shape.known = shape.known && quantity.known;
-        shape.dimension = dimension_Times(shape.dimension, quantity.dimension, node->baseExponent);
+        shape.dimension = dimension_Times(shape.dimension, quantity.dimension, shape.exponents[slot]);
     }
     return shape;
 }
@@ -341,7 +368,7 @@ bool writeInTokens(const Catalogue &catalogue, const Reading &reading, const Pro
     return writer.wanted < writer.size;
 }
 
-// Class strings with groups or a basis: the classical reader reads them, and what it has read is to say the whole text.
+// Class strings with a basis: the classical reader reads them, and what it has read is to say the whole text.
 bool readClassically(const Catalogue &catalogue, const char *classString, const Reading &reading, UomEntry &entry) {
     for (int32_t i = 0; i < reading.count; ++i) {
         char text[sizeof entry.units];
@@ -365,28 +392,6 @@ bool readClassically(const Catalogue &catalogue, const char *classString, const 
 
 // What a basis may count, as the class of the slot behind it.
 constexpr int32_t countedClasses[] = {CLASS_MOLE, CLASS_MASS, CLASS_VAP_VOL, CLASS_LIQ_VOL};
-
-// The shape of a chain that holds a basis and what it counts, taken as one of these.
-Shape shapeOfBasis(const Catalogue &catalogue, const UomStructNode *chain, int32_t counted) {
-    Shape shape = {};
-    shape.known = true;
-    bool behindBasis = false;
-    for (const UomStructNode *node = chain; node; node = node->next) {
-        if (isParenthesis(node) || shape.count == Shape::LIMIT)
-            return {};
-        const bool basis = node->baseClass == CLASS_BASIS;
-        if (!basis) {
-            const int32_t classId = behindBasis ? counted : node->baseClass;
-            const BaseQuantity quantity = dimension_OfClass(catalogue, classId);
-            shape.classes[shape.count] = classId;
-            shape.exponents[shape.count++] = node->baseExponent;
-            shape.known = shape.known && quantity.known;
-            shape.dimension = dimension_Times(shape.dimension, quantity.dimension, node->baseExponent);
-        }
-        behindBasis = basis;
-    }
-    return shape;
-}
 
 // The units of a fit as a text: those above the line, then those below.
 void writeFit(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer) {
@@ -415,7 +420,7 @@ bool readCounted(const Catalogue &catalogue, const Words &words, const char *cla
                  UomEntry &entry) {
     ParsedChain chain(catalogue, classString);
     for (const int32_t counted : countedClasses) {
-        const Shape shape = shapeOfBasis(catalogue, chain.chain, counted);
+        const Shape shape = shapeOfChain(catalogue, chain.chain, counted);
         const ClassFit fit = entry_Fit(catalogue, words, reading, shape);
         if (fit.fit.kind == FitKind::NONE || fit.ambiguous)
             continue;
@@ -439,6 +444,9 @@ bool readCounted(const Catalogue &catalogue, const Words &words, const char *cla
 
 bool readGiven(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
                UomEntry &entry) {
+    FoldedText folded; // superscripts as digits
+    if (fold_Text(folded, classString))
+        classString = folded.text;
     if (std::strlen(classString) >= sizeof entry.classString)
         return refuse(entry, "The class string is longer than any class string.");
     str_CopyBounded(entry.classString, sizeof entry.classString, classString);
@@ -451,7 +459,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
                 str_CopyBounded(entry.suggestion, sizeof entry.suggestion, nearest);
             return refuse(entry, "\"%s\" is no class of quantities.", classString);
         }
-        shape = shapeOfChain(catalogue, chain.chain);
+        shape = shapeOfChain(catalogue, chain.chain, CLASS_NONE);
     }
     Reading reading;
     if (!entry_Read(catalogue, words, classId, text, false, reading, entry))
@@ -568,9 +576,11 @@ bool entry_Finish(const Catalogue &catalogue, const char *classString, const Rea
     entry.scale = wide_Rounded(fit.fit.scale);
     ParsedChain chain(catalogue, classString);
     int32_t slot = 0;
-    for (UomStruct node = chain.chain; node; node = node->next, ++slot) {
+    for (UomStruct node = chain.chain; node; node = node->next) {
+        if (isParenthesis(node))
+            continue;
         chain_SetUnit(catalogue, node, fit.fit.units[slot]);
-        node->multiplier = fit.fit.multipliers[slot];
+        node->multiplier = fit.fit.multipliers[slot++];
     }
     uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
     ParsedChain back(catalogue, classString);

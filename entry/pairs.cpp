@@ -65,8 +65,8 @@ bool readSide(Pair &pair, int32_t which, const char *classString) {
     return true;
 }
 
-int32_t convertUnder(Pair &pair, const char *classString, UomConversion **out) {
-    ParsedChain from(pair.catalogue, classString);
+int32_t convertUnder(Pair &pair, UomConversion **out) {
+    ParsedChain from(pair.catalogue, pair.sides[0].entry.classString);
     ParsedChain to(from);
     if (!from.chain || !to.chain ||
         chain_FillFromText(pair.catalogue, from.chain, pair.sides[0].entry.units, STYLE_TOKEN) != UOM_DONE ||
@@ -83,11 +83,12 @@ int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomE
             *entry = pair.sides[which].entry;
         const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
         const bool known = class_IsValid(pair.catalogue, classId) || uoms_IsClassValid(pair.catalogue, classString);
+        error_Set("%s", pair.sides[which].entry.message);
         return !known ? PAIR_BAD_CLASS : which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
     }
     if (entry)
         *entry = pair.sides[0].entry;
-    return convertUnder(pair, classString, out);
+    return convertUnder(pair, out);
 }
 
 // --- without one
@@ -129,7 +130,7 @@ void noteOther(Pair &pair, int32_t classId, int32_t other, UomEntry &entry) {
     Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
     const char *token = class_Token(pair.catalogue, other);
     UomConversion *conversion = nullptr;
-    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, token, &conversion) != UOM_DONE)
+    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, &conversion) != UOM_DONE)
         return;
     char number[32];
     num_FormatDouble(number, sizeof number, "%.6g", prepared_One(*conversion, 1.0));
@@ -256,7 +257,9 @@ bool readAlone(Pair &pair, int32_t which) {
         pair.readings[which].count > 0)
         return true;
     // The same again for its message, with suggestions.
-    uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &entry);
+    UomEntry told;
+    if (uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &told) != UOM_DONE)
+        entry = told;
     error_Set("%s", entry.message);
     return false;
 }

@@ -33,6 +33,7 @@ struct Match {
     int32_t end = NO_MATCH;
     const WordName *name = nullptr;
     bool exactCase = false;
+    bool bound = false; // to classes, and none is given
 };
 
 struct Reader {
@@ -111,9 +112,10 @@ bool isBoundToOthers(const Reader &reader, const WordName &name) {
 bool isCompound(const Reader &reader, const WordName &name) {
     if (!std::strpbrk(name.text, "/-"))
         return false;
-    if (name.kind == NameKind::ALIAS)
-        return std::strchr(name.text, '/') != nullptr;
-    const UnitQuantity &unit = reader.words.units[name.target];
+    const int32_t number = name.kind == NameKind::ALIAS
+                               ? unit_FindToken(reader.catalogue, reader.words.aliases[name.target].unitText)
+                               : name.target;
+    const UnitQuantity &unit = reader.words.units[number > NO_UNIT ? number : NO_UNIT];
     return !unit.known || unit.dimension[AXIS_AMOUNT] == 0;
 }
 
@@ -122,16 +124,20 @@ Match findName(Reader &reader, int32_t begin, int32_t end, uint32_t hash) {
     Match match;
     words_Find(reader.words, hash, [&](const WordName &name) {
         bool exactCase;
-        if (!stands(name, reader.text.text + begin, end - begin, &exactCase) || isBoundToOthers(reader, name))
+        if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
+            return false;
+        const bool bound = isBoundToOthers(reader, name);
+        if (bound && reader.classId != CLASS_NONE)
             return false;
         if (isCompound(reader, name)) {
             reader.product.hasCompound = true;
             if (reader.way.splitNames)
                 return false;
         }
-        if (!match.name || (exactCase && !match.exactCase))
-            match = {end, &name, exactCase};
-        return match.exactCase;
+        // Where no class is given, a name that is bound to classes is the last choice.
+        if (!match.name || (exactCase && !match.exactCase && !bound) || (match.bound && !bound))
+            match = {end, &name, exactCase, bound};
+        return match.exactCase && !match.bound;
     });
     return match;
 }
@@ -454,6 +460,8 @@ bool addWord(Reader &reader, const Word &word, int32_t exponent) {
     if (word.scale)
         reader.product.scale = word.scale;
     const WordName &name = *word.match.name;
+    if (name.kind == NameKind::ALIAS && word.match.bound)
+        reader.product.boundTo = reader.words.aliases[name.target].classes[0];
     if (name.kind == NameKind::ALIAS)
         return addAlias(reader, reader.words.aliases[name.target], exponent, word.begin, word.match.end);
     return add(reader, {name.target, word.multiplier, exponent, word.begin, word.match.end});

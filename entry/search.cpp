@@ -59,7 +59,6 @@ int32_t nearnessOf(std::string_view text, std::string_view word) {
 struct Row {
     const char *kind, *classToken, *token, *description, *keyword;
     int32_t nearness;
-    int32_t order;
 };
 
 struct Search {
@@ -69,7 +68,6 @@ struct Search {
     Row *rows;     // the nearest first
     int32_t most;
     int32_t count = 0;
-    int32_t order = 0;
 };
 
 std::string_view takeWord(std::string_view &words) {
@@ -131,47 +129,34 @@ bool isOffered(const Catalogue &catalogue, int32_t classId) {
     return row && !class_IsInternalBase(classId) && row->internalFlag == 0 && !str_IsEmpty(row->token);
 }
 
-// The first class for users that lists a unit, else the first one at all.
-int32_t classOfUnit(const Catalogue &catalogue, int32_t unit) {
-    int32_t first = CLASS_NONE;
-    for (int32_t c = CLASS_DIMENSIONLESS; c < catalogue.classes.count; ++c) {
-        if (uom_GetUnitListIndex(catalogue, c, unit) < 0)
-            continue;
-        if (isOffered(catalogue, c))
-            return c;
-        first = first == CLASS_NONE ? c : first;
-    }
-    return first;
-}
-
 void offerClasses(Search &search) {
     for (int32_t c = CLASS_DIMENSIONLESS; c < search.catalogue.classes.count; ++c) {
         if (!isOffered(search.catalogue, c))
             continue;
         const UomClassRow &row = *class_Row(search.catalogue, c);
-        offer(search, {"class", row.token, row.token, row.name, row.keyword, 0, 0});
+        offer(search, {"class", row.token, row.token, row.name, row.keyword, 0});
     }
 }
 
 void offerUnits(Search &search) {
     for (int32_t unit = 1; unit < search.catalogue.units.count; ++unit)
         if (const UomUnit *record = unit_Record(search.catalogue, unit))
-            offer(search, {"unit", nullptr, record->token, record->description, record->keyword, 0, unit});
+            offer(search, {"unit", nullptr, record->token, record->description, record->keyword, 0});
 }
 
 void offerAliases(Search &search, const Words &words) {
     for (int32_t i = 0; i < words.aliasCount; ++i)
-        offer(search, {"alias", nullptr, words.aliases[i].name, words.aliases[i].unitText, nullptr, 0, 0});
+        offer(search, {"alias", nullptr, words.aliases[i].name, words.aliases[i].unitText, nullptr, 0});
 }
 
 void offerSlates(Search &search) {
     for (int32_t slate = 1; slate < uom_GetSetCount(search.catalogue); ++slate)
         if (const UomSlate *record = slate_AnyRecord(search.catalogue, slate); record && !record->isHidden)
-            offer(search, {"slate", "", record->name, record->basedOn, nullptr, 0, 0});
+            offer(search, {"slate", "", record->name, record->basedOn, nullptr, 0});
 }
 
-const char *classOfAlias(const Catalogue &catalogue, const Row &row, UomEntry &entry) {
-    return uom_ReadEntry(catalogue, nullptr, row.token, &entry) == UOM_DONE ? entry.classString : "";
+const char *classOfName(const Catalogue &catalogue, const char *name, UomEntry &entry) {
+    return name && uom_ReadEntry(catalogue, nullptr, name, &entry) == UOM_DONE ? entry.classString : "";
 }
 
 UomTable *tableOf(const Search &search) {
@@ -180,10 +165,7 @@ UomTable *tableOf(const Search &search) {
         const Row &row = search.rows[i];
         char text[512];
         UomEntry entry;
-        const char *classToken = row.classToken ? row.classToken
-                                 : std::strcmp(row.kind, "unit") == 0
-                                     ? class_Token(search.catalogue, classOfUnit(search.catalogue, row.order))
-                                     : classOfAlias(search.catalogue, row, entry);
+        const char *classToken = row.classToken ? row.classToken : classOfName(search.catalogue, row.token, entry);
         str_FormatBounded(text, sizeof text, "%s\t%s\t%s\t%s", row.kind, classToken, row.token ? row.token : "",
                           row.description ? row.description : "");
         if (!table_PutText(table, TABLE_APPEND, text)) {

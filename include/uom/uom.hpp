@@ -52,6 +52,7 @@
 
 #include "uom/catalogue.h"
 #include "uom/conversion.h"
+#include "uom/entry.h"
 #include "uom/uom.h"
 
 #if defined(__cpp_exceptions) || defined(_CPPUNWIND)
@@ -239,6 +240,13 @@ inline Status badClass(const std::string &classString) {
     uom_Free(&chain);
     std::string message = lastMessage();
     return {UOM_CONVERT_BAD_CLASS, message == known ? "The Unit-of-Measure class is missing." : std::move(message)};
+}
+
+// The message of a typed text, with what may have been meant.
+inline std::string withSuggestion(std::string message, const char *suggestion) {
+    if (*suggestion != '\0')
+        message += " Did you mean " + quoted(suggestion) + "?";
+    return message;
 }
 
 // An object that was moved away is used where no result can tell.
@@ -649,6 +657,22 @@ public:
         return finish(status, made);
     }
 
+    // From one text as people type it to another, as entry.h says; an empty class string leaves the class to the texts.
+    // `note` is what another class would give, empty when there is nothing to say. Status 1 to 4 and 11; the message has
+    // the suggestion in it. [reads]
+    static Result<Conversion> tryFromEntries(std::string_view classString, std::string_view from, std::string_view to,
+                                             std::string *note = nullptr) {
+        UomConversion *made = nullptr;
+        UomEntry entry;
+        const int32_t status = uom_NewConversionFromEntries(std::string(classString).c_str(), std::string(from).c_str(),
+                                                            std::string(to).c_str(), &made, &entry);
+        if (note)
+            *note = entry.message;
+        if (status != UOM_DONE)
+            return Status{status, detail::withSuggestion(lastMessage(), entry.suggestion)};
+        return Conversion(made);
+    }
+
     // From the units of one filled chain to those of a parallel one. Status 1 or 11. [reads]
     static Result<Conversion> tryMake(const Chain &from, const Chain &to) {
         UomConversion *made = nullptr;
@@ -754,6 +778,61 @@ public:
     }
 #endif
 };
+
+// A text that somebody typed, as entry.h says: value * scale is the number in `units`.
+struct Entry {
+    std::optional<double> value; // the number in front of the unit
+    std::string classString, units;
+    double scale;
+};
+
+// Reads a number with a unit, or a unit alone; an empty class string is any. Status 1, the message has the suggestion in
+// it, or 11. [reads]
+inline Result<Entry> tryReadEntry(std::string_view classString, std::string_view text) {
+    UomEntry read;
+    const int32_t status = uom_ReadEntry(std::string(classString).c_str(), std::string(text).c_str(), &read);
+    if (status != UOM_DONE)
+        return Status{status, detail::withSuggestion(read.message, read.suggestion)};
+    Entry entry = {{}, read.classString, read.units, read.scale};
+    if (read.value == read.value)
+        entry.value = read.value;
+    return entry;
+}
+
+// The classes that read a typed text, and what a drop-down offers for a class: best first; empty when there are none.
+// [reads]
+inline std::vector<std::string> entryClasses(std::string_view text) {
+    return Table(uom_GetEntryClasses(std::string(text).c_str())).texts();
+}
+inline std::vector<std::string> choices(std::string_view classString) {
+    return Table(uom_GetChoices(std::string(classString).c_str())).texts();
+}
+
+// Something that words have found: a "class", "unit", "alias" or "slate".
+struct Found {
+    std::string kind, classToken, token, description;
+};
+
+// The best `most` finds. [reads]
+inline std::vector<Found> search(std::string_view words, int32_t most = 20) {
+    std::vector<Found> all;
+    for (const std::string &row : Table(uom_Search(std::string(words).c_str(), most)).texts()) {
+        std::string fields[4];
+        size_t begin = 0;
+        for (std::string &field : fields) {
+            const size_t end = &field == &fields[3] ? row.size() : row.find('\t', begin);
+            field = row.substr(begin, end - begin);
+            begin = end == std::string::npos ? row.size() : end + 1;
+        }
+        all.push_back({std::move(fields[0]), std::move(fields[1]), std::move(fields[2]), std::move(fields[3])});
+    }
+    return all;
+}
+
+// Adds aliases to those of the alias file. Status 11. [changes]
+inline Result<void> tryReadAliases(std::string_view text) {
+    return detail::done(uom_ReadAliasText(text.data(), text.size()));
+}
 
 // Values of a quantity from one unit to another. Each makes a Conversion, with the status of Conversion::tryMake: for many
 // calls make it yourself. Arrays are converted in place, and stay as they were when the status is not 0. [reads]

@@ -27,12 +27,12 @@ while IFS='|' read -r line expected; do
 done <<'TEXT'
 uom con|constants,convert
 uom conv|convert
-uom |check,classes,constants,convert,keyword,related,report,show,slate,slates,units
+uom |check,classes,constants,convert,keyword,related,report,search,show,slate,slates,typed,units
 uom --mo|--mode,--molar,--mole
 uom --mode |kesta,orbex,vel2go
 uom --mode kesta sl|slate,slates
 uom --data a|a file.csv,afile.txt
-uom convert --c|--class,--column,--csv
+uom convert --c|--class,--classic,--column,--csv
 uom convert --csv a|a file.csv,afile.txt
 uom convert --csv afile.txt -o a|a file.csv,afile.txt
 uom convert --no|--no-header

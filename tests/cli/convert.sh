@@ -51,7 +51,7 @@ is "their messages" 'uom: standard input:3: "x2" is not a number.;uom: standard 
     "$(printf '1\n\nx2\n3\n4 5' | "$uom" convert Leng ft m 2>&1 >/dev/null | tr '\n' ';')"
 is "input that can't be read" $'uom: Unable to read the standard input.\nstatus 1' "$(run convert Leng ft m </)"
 is "bad value" $'uom: "1,5" is not a number.\nstatus 1' "$(run convert Leng ft m 1 1,5)"
-is "bad unit" $'uom: UOM string "nope": unidentified UOM for UOM class "Leng".\nstatus 1' "$(run convert Leng nope m 1)"
+is "bad unit" $'uom: "nope" is no unit that is known here.\nstatus 1' "$(run convert Leng nope m 1)"
 is "bad unit without input" "status 1" "$(run convert Leng ft nope </dev/null | tail -1)"
 is "bad class" "status 1" "$(run convert Nope ft m 1 | tail -1)"
 is "bad slate" $'uom: There is no slate "Nope".\nstatus 1' "$(run convert Temp --from-slate SI --to-slate Nope 1)"

@@ -62,9 +62,9 @@ a number beyond, no header!1,2\n!--no-header --column 3=ft:m@Leng!There is no co
 a heading without a header!L,2\n!--no-header --column L=ft:m@Leng!There is no column "L"; the first row has 2 cells.;status 1
 two of a name!L,L\n1,2\n!--column L=ft:m@Leng!There are 2 columns "L": name the one by its number.;status 1
 a column twice!L,b\n1,2\n!--column L=ft:m@Leng --column 1=m:ft@Leng!"L" and "1" are the same column.;status 1
-no class!L,b\n1,2\n!--column L=ft:m!Column "L": The units "ft" and "m" need a class: put it behind them, like @Pres, or give it by --class (see uom classes).;status 1
-a bad class!L,b\n1,2\n!--column L=ft:m@Nope!Column "L": Parsing UOM class string "Nope" but unable to identify the UOM class "Nope".;status 1
-a bad unit!L,b\n1,2\n!--column L=nope:m@Leng!Column "L": UOM string "nope": unidentified UOM for UOM class "Leng".;status 1
+no class!L,b\n1,2\n!--column L=ft:m!L,b\n0.3048,2
+a bad class!L,b\n1,2\n!--column L=ft:m@Nope!Column "L": "Nope" is no class of quantities.;status 1
+a bad unit!L,b\n1,2\n!--column L=nope:m@Leng!Column "L": "nope" is no unit that is known here.;status 1
 no header line!!--column L=ft:m@Leng!There is no header line in the standard input.;status 1
 TEXT
 is "superscripts" $'A\n0.09290304' "$(printf 'A\n1\n' | "$uom" convert --csv - --column A=ft²:m²@Area)"

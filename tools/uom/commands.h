@@ -18,6 +18,8 @@ using Action = std::function<int()>;
 // Declares the arguments of a command and answers what does its work.
 using AddCommand = Action (*)(CLI::App &command);
 
+Action addTyped(CLI::App &command);
+Action addSearch(CLI::App &command);
 Action addConvert(CLI::App &command);
 Action addConstants(CLI::App &command);
 Action addClasses(CLI::App &command);

@@ -15,8 +15,10 @@ namespace {
 
 constexpr const char *CSV_GROUP = "Columns of a CSV file";
 
+// Unit texts as the classical operations read them; a typed text may be a multiple of its unit.
 struct Units {
     std::string classString, from, to;
+    double fromScale = 1.0, toScale = 1.0;
 };
 
 // FROM and TO are either the words behind CLASS or the names of two slates, by option.
@@ -24,27 +26,11 @@ struct ConversionArguments {
     std::vector<std::string> words;
     std::string fromSlate, toSlate, format;
     int digits = 12;
+    bool classic = false;
     Output output = Output::TEXT;
     bool hasSlates() const { return !fromSlate.empty(); }
     size_t unitWords() const { return hasSlates() ? 1 : 3; }
 };
-
-CLI::Option *addPrecision(CLI::App &command, int &digits) {
-    const std::string range = "1 to 17, or full for the shortest text that reads back as the same number";
-    return command
-        .add_option_function<std::string>(
-            "--precision",
-            [&digits, range](const std::string &text) {
-                const auto count = parseNumber(text);
-                const bool known =
-                    text == "full" || (count && *count >= 1 && *count <= 17 && *count == std::floor(*count));
-                if (!known)
-                    throw CLI::ValidationError("--precision", "\"" + text + "\" is not " + range);
-                digits = text == "full" ? FULL_PRECISION : static_cast<int>(*count);
-            },
-            "Significant digits: " + range + "; 12 by default")
-        ->option_text("DIGITS");
-}
 
 void addConversionArguments(CLI::App &command, ConversionArguments &arguments, const std::string &words) {
     command
@@ -57,6 +43,22 @@ void addConversionArguments(CLI::App &command, ConversionArguments &arguments, c
     CLI::Option *to = command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate");
     from->needs(to);
     to->needs(from);
+    command.add_flag("--classic", arguments.classic,
+                     "Read unit texts as the classical operations do, which pass over what they do not know");
+}
+
+// The catalogue's text for a typed unit, and what one of the typed unit is in it. Names of slates stay as they are.
+std::string readUnit(const std::string &classString, const std::string &text, double &scale) {
+    const uom::Result<uom::Chain> chain = uom::Chain::tryMake(fromTerminal(classString));
+    if (!chain)
+        throw Failure(chain.message());
+    if (uom_GetSetType(fromTerminal(text).c_str()) > 0)
+        return fromTerminal(text);
+    const auto entry = uom::tryReadEntry(classString, text);
+    if (!entry)
+        throw Failure(entry.message());
+    scale = entry->scale * entry->value.value_or(1.0);
+    return entry->units;
 }
 
 Units readUnits(const ConversionArguments &arguments) {
@@ -65,7 +67,12 @@ Units readUnits(const ConversionArguments &arguments) {
         uom::findSlate(arguments.toSlate);
         return {fromTerminal(arguments.words[0]), arguments.fromSlate, arguments.toSlate};
     }
-    return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
+    if (arguments.classic)
+        return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
+    Units units = {fromTerminal(arguments.words[0]), {}, {}};
+    units.from = readUnit(arguments.words[0], arguments.words[1], units.fromScale);
+    units.to = readUnit(arguments.words[0], arguments.words[2], units.toScale);
+    return units;
 }
 
 // Too few words, or none at all, are wrong usage, not a failure of the conversion.
@@ -82,9 +89,11 @@ void requireUnitWords(const ConversionArguments &arguments) {
 
 // Each value is a call of its own: what a value gives does not depend on its place in the input.
 double convert(const Units &units, double value) {
+    if (units.fromScale != 1.0)
+        value *= units.fromScale;
     if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != UOM_DONE)
         refuse();
-    return value;
+    return units.toScale == 1.0 ? value : value / units.toScale;
 }
 
 void printValue(const ConversionArguments &arguments, double value) {
@@ -152,6 +161,8 @@ int runConstants(const ConversionArguments &arguments) {
         throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
     if (status != UOM_DONE)
         refuse();
+    factor *= units.fromScale / units.toScale;
+    offset /= units.fromScale;
     TextTable table = {{{"factor", true}, {"offset", true}},
                        {{roundedNumber(factor, arguments.digits), roundedNumber(offset, arguments.digits)}}};
     table.upright = true;

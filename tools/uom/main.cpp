@@ -20,6 +20,8 @@ struct Command {
     bool starts = true; // the library is started before the command, with the global options
 };
 const Command commands[] = {
+    {"typed", "Convert what is typed: uom 250 kPag psia", addTyped},
+    {"search", "Find classes, units, aliases and slates by words", addSearch},
     {"convert", "Convert values", addConvert},
     {"constants", "Print factor and offset of a conversion", addConstants},
     {"classes", "List the classes", addClasses},
@@ -35,6 +37,9 @@ const Command commands[] = {
 
 constexpr const char *EXAMPLES =
     "Examples:\n"
+    "  uom 250 kPag psia\n"
+    "  uom 212 F C --class TempDiff\n"
+    "  uom search heat transfer\n"
     "  uom convert Temp C F -40 37.5\n"
     "  uom convert \"Pres/VolRate 2\" \"kpa/(m3/sec)2\" \"psi/(ft3/min)2\" 1.5 2.5\n"
     "  uom convert --format %.6g --from-slate English --to-slate SI SpEnthalpy < enthalpies.txt\n"
@@ -110,9 +115,31 @@ bool isNeeded(const std::vector<std::string> &behindMark) {
                        [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); });
 }
 
+// A command line without a command is a text that is typed: the name of the command is put in front of its first word.
+void nameCommand(std::vector<std::string> &given) {
+    static const char *const withValue[] = {"--data", "--mode", "--define"};
+    for (size_t i = 0; i < given.size(); ++i) {
+        const std::string &word = given[i];
+        if (std::find(std::begin(withValue), std::end(withValue), word) != std::end(withValue)) {
+            ++i;
+            continue;
+        }
+        if (word.starts_with('-') && !isNegativeNumber(word))
+            continue;
+        const bool known = std::any_of(std::begin(commands), std::end(commands),
+                                       [&](const Command &command) { return word == command.name; });
+        // A single word is a command that is misspelt rather than a conversion.
+        const size_t words = given.size() - i;
+        if (!known && words > 1)
+            given.insert(given.begin() + static_cast<std::ptrdiff_t>(i), "typed");
+        return;
+    }
+}
+
 // The words of the command line in the reverse order, as CLI11 takes them.
 std::vector<std::string> readableWords(int count, char **words) {
     std::vector<std::string> given(words + 1, words + count);
+    nameCommand(given);
     const auto mark = std::find(given.begin(), given.end(), "--");
     if (mark != given.end() && !isNeeded({mark + 1, given.end()}))
         given.erase(mark);

@@ -6,11 +6,12 @@
 #include "text.h"
 
 uom::Conversion prepareConversion(const std::string &classString, const std::string &from, const std::string &to) {
-    if (trimmed(classString).empty())
-        throw Failure("The units \"" + from + "\" and \"" + to +
-                      "\" need a class: put it behind them, like @Pres, or give it by --class (see uom classes).");
-    auto conversion = uom::Conversion::tryMake(fromTerminal(classString), fromTerminal(from), fromTerminal(to));
+    // The names of slates stand for their units.
+    const auto isSlate = [](const std::string &text) { return uom_GetSetType(text.c_str()) > 0; };
+    auto conversion = isSlate(from) || isSlate(to)
+                          ? uom::Conversion::tryMake(fromTerminal(classString), fromTerminal(from), fromTerminal(to))
+                          : uom::Conversion::tryFromEntries(trimmed(classString), from, to);
     if (!conversion)
-        throw Failure(conversion.message().empty() ? "The Unit-of-Measure class is missing." : conversion.message());
+        throw Failure(conversion.message());
     return std::move(conversion).take();
 }

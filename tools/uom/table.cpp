@@ -165,6 +165,23 @@ void print(const TextTable &table, Output output) {
     }
 }
 
+CLI::Option *addPrecision(CLI::App &command, int &digits) {
+    const std::string range = "1 to 17, or full for the shortest text that reads back as the same number";
+    return command
+        .add_option_function<std::string>(
+            "--precision",
+            [&digits, range](const std::string &text) {
+                const auto count = parseNumber(text);
+                const bool known =
+                    text == "full" || (count && *count >= 1 && *count <= 17 && *count == std::floor(*count));
+                if (!known)
+                    throw CLI::ValidationError("--precision", "\"" + text + "\" is not " + range);
+                digits = text == "full" ? FULL_PRECISION : static_cast<int>(*count);
+            },
+            "Significant digits: " + range + "; 12 by default")
+        ->option_text("DIGITS");
+}
+
 void addOutput(CLI::App &command, Output &output) {
     command.add_option("--output", output, "Form of the table: text, csv or json; text by default")
         ->option_text("FORM")

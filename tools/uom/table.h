@@ -31,4 +31,7 @@ void print(const TextTable &table, Output output);
 // Declares --output.
 void addOutput(CLI::App &command, Output &output);
 
+// --precision: digits of a result, FULL_PRECISION for all that it has.
+CLI::Option *addPrecision(CLI::App &command, int &digits);
+
 #endif
