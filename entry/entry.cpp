@@ -107,11 +107,13 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
         return refuse(entry, "A number in a unit text is to be a factor above 0.");
     }
     entry.value = negative ? -value : value;
-    reading.unitBegin = place;
     while (folded.text[place] == ' ')
         ++place;
     if (folded.text[place] == '*') // "5 * m"
-        reading.unitBegin = place + 1;
+        ++place;
+    while (folded.text[place] == ' ')
+        ++place;
+    reading.unitBegin = place;
     return true;
 }
 

@@ -258,6 +258,26 @@ TEST_F(HppTest, ValuesFromTextsAndFromChains) {
 
 // --- catalogues
 
+TEST_F(HppTest, TypedTexts) {
+    const auto entry = uom::tryReadEntry("PresGradient", "3 psi/100ft");
+    ASSERT_TRUE(entry) << entry.message();
+    EXPECT_EQ(entry->units + " " + std::to_string(*entry->value * entry->scale), "psi/ft 0.030000");
+    EXPECT_FALSE(uom::tryReadEntry("Pres", "psi")->value);
+    EXPECT_EQ(refusal(uom::tryReadEntry("Pres", "kPs")),
+              "1: \"kPs\" is no unit that is known here. Did you mean \"kPa\"?");
+    std::string note;
+    const auto toC = uom::Conversion::tryFromEntries("", "F", "C", &note);
+    ASSERT_TRUE(toC) << toC.message();
+    EXPECT_EQ((*toC)(212.0), 100.0);
+    EXPECT_EQ(note, "Read as Temp; as TempDiff, 1 F is 0.555556 C.");
+    EXPECT_EQ(refusal(uom::Conversion::tryFromEntries("", "F", "Cx")), "4: \"Cx\" is no unit that is known here.");
+    EXPECT_EQ(uom::entryClasses("kPa").front(), "Pres");
+    EXPECT_EQ(uom::choices("Temp").size(), 4u);
+    EXPECT_EQ(uom::search("kilopascal", 1).at(0).token, "kPa");
+    ASSERT_TRUE(uom::tryReadAliases("bucket = 10 liter"));
+    EXPECT_EQ(uom::tryReadEntry("ActVol", "bucket")->scale, 10.0);
+}
+
 TEST_F(HppTest, EachCatalogueHasItsPressure) {
     uom::Catalogue mine;
     mine.startFile(UOM_TEST_DATA);
