@@ -41,7 +41,7 @@ int32_t suggest_MostEdits(size_t length) {
 int32_t suggest_Edits(std::string_view a, std::string_view b, int32_t most) {
     if (difference(a.size(), b.size()) > static_cast<size_t>(most) || a.size() > LONGEST || b.size() > LONGEST)
         return most + 1;
-    int32_t rows[3][LONGEST + 1];
+    int32_t rows[3][LONGEST + 1] = {};
     for (size_t j = 0; j <= b.size(); ++j)
         rows[0][j] = static_cast<int32_t>(j);
     for (size_t i = 1; i <= a.size(); ++i) {

@@ -11,7 +11,8 @@ is "class" "7 Pres Pressure PRES" "$("$uom" classes | awk '$1 == 7 { print $1, $
 is "composite class" "Mass / Leng Time 2" "$("$uom" classes | sed -n 's/.* RhoVV .*  //p')"
 is "internal classes" 0/3 "$("$uom" classes | grep -c 'Powertop\|Petro Mass')/$("$uom" classes --all | grep -c 'Powertop\|Petro Mass')"
 is "default unit" "* F 459.67" "$("$uom" units Temp --slate English | awk '$1 == "*" { print $1, $2, $3 }')"
-is "components" "Mass (Mass) Length (Leng 2)" "$("$uom" units Inertia | sed -n '1p; /^$/ { n; p; }' | xargs)"
+is "components" "Offered: lb-ft2, lb-in2, kg-m2, g-cm2 Mass (Mass) Length (Leng 2)" \
+    "$("$uom" units Inertia | sed -n '1p; /^$/ { n; p; }' | xargs)"
 is "root" "HXREPORTSI HXREPORT HXSI" "$("$uom" slates | awk '$1 == "HXREPORTSI" { print $1, $2, $3 }')"
 { cat "$data"; printf 'BEGINSLATE\n%s\nBasedOn=%s\nENDSLATE\n' Child orphan Orphan Nowhere; } >orphan.txt
 is "a parent that is no slate" "Child Orphan;Orphan Orphan;" \

@@ -1,4 +1,5 @@
 // Typed tables: twelve kinds of elements, growth, removal, order, and what a table owns.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -163,6 +164,31 @@ TEST(SupportTable, Order) {
         tbl_PutNumber(table, APPEND, value);
     EXPECT_EQ(joined(tbl_Find(table, 3.0000001), tbl_Find(table, 4)), "1 -1");
     tbl_Free(table);
+}
+
+// Any order of any count, so that each step of the series of gaps is seen.
+TEST(SupportTable, SortsAnyOrder) {
+    uint32_t random = 1;
+    for (uint32_t count = 0; count < 60; ++count) {
+        UomTable *table = tbl_Create(0, UOM_KIND_INT32);
+        std::vector<int32_t> values;
+        for (uint32_t i = 0; i < count; ++i) {
+            random = random * 1664525u + 1013904223u;
+            values.push_back(static_cast<int32_t>(random >> 16) - static_cast<int32_t>(count * 100));
+            tbl_PutNumber(table, UOM_APPEND, values.back());
+        }
+        tbl_Sort(table);
+        std::sort(values.begin(), values.end());
+        for (uint32_t i = 0; i < count; ++i)
+            ASSERT_EQ(values[i], tbl_Get(table, i)) << i << " of " << count;
+        tbl_Free(table);
+    }
+    UomTable *two = tbl_Create(0, UOM_KIND_INT32);
+    tbl_PutNumber(two, UOM_APPEND, 2);
+    tbl_PutNumber(two, UOM_APPEND, 1);
+    tbl_Sort(two);
+    EXPECT_EQ(1, tbl_Get(two, 0));
+    tbl_Free(two);
 }
 
 TEST(SupportTable, Sorts) {

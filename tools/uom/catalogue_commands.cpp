@@ -124,8 +124,36 @@ struct UnitsArguments {
     Output output = Output::TEXT;
 };
 
+// A class string is often a unit, or misspelt.
+uom::Chain chainOf(const std::string &classString) {
+    auto chain = uom::Chain::tryMake(fromTerminal(classString));
+    if (chain)
+        return std::move(chain).take();
+    const std::vector<std::string> classes = uom::entryClasses(classString);
+    if (!classes.empty())
+        throw Failure("\"" + classString + "\" is no class; it is a unit of " + classes[0] + " (see uom units " +
+                      classes[0] + ").");
+    const auto asked = uom::tryReadEntry(classString, "kg");
+    const bool suggested = !asked && asked.message().find("Did you mean") != std::string::npos;
+    throw Failure(suggested ? asked.message() : chain.message());
+}
+
+// What interfaces offer for a quantity that is made of several.
+void printChoices(const std::string &classString) {
+    const std::vector<std::string> choices = uom::choices(classString);
+    if (choices.empty())
+        return;
+    std::cout << "Offered:";
+    for (const std::string &choice : choices)
+        std::cout << (&choice == &choices[0] ? " " : ", ") << toTerminal(choice);
+    std::cout << "\n\n";
+}
+
 int runUnits(const UnitsArguments &arguments) {
-    const uom::Chain chain(fromTerminal(arguments.classString));
+    const uom::Chain chain = chainOf(arguments.classString);
+    const bool several = chain.get() && chain.get()->next;
+    if (several && arguments.output == Output::TEXT)
+        printChoices(arguments.classString);
     const bool marked = !arguments.slate.empty();
     if (marked)
         uom_InitializeUnits(chain.get(), uom::findSlate(arguments.slate));
