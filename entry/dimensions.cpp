@@ -57,7 +57,9 @@ BaseQuantity dimension_OfClass(const Catalogue &catalogue, int32_t classId) {
     Dimension dimension = {};
     for (size_t i = 0; i < DIMENSIONS; ++i)
         dimension[i] = static_cast<int16_t>(row->dimension[i]);
-    return {dimension, 1.0, true};
+    // A class of the data file with units of its own tells no dimension when the one that it copies has none.
+    const bool known = dimension != Dimension{} || (row->kind & CLASS_CUSTOM) == 0;
+    return {dimension, 1.0, known};
 }
 
 } // namespace uom

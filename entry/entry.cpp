@@ -78,6 +78,20 @@ bool refuseComma(UomEntry &entry, const FoldedText &folded, int32_t comma) {
     return refuse(entry, "A comma in a number can mean two things: write it without, or with a point for decimals.");
 }
 
+// "1 500 kg" and "5 ft 3 in" have no one meaning.
+bool refuseSecondNumber(UomEntry &entry, const FoldedText &folded, int32_t place) {
+    TextWriter writer(entry.suggestion, sizeof entry.suggestion);
+    int32_t end = place;
+    while (end > 0 && folded.text[end - 1] == ' ')
+        --end;
+    str_Write(writer, std::string_view(folded.text, static_cast<size_t>(end)));
+    str_Write(writer, std::string_view(folded.text + place));
+    if (end == place) // "1.5.2"
+        *entry.suggestion = '\0';
+    locate(entry, folded, place, place + 1);
+    return refuse(entry, "A second number stands behind the first: write a number without blanks.");
+}
+
 // Reads sign and number in front of the unit; a number that is a factor stays in the unit text.
 bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     const FoldedText &folded = reading.folded;
@@ -94,6 +108,10 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     if (!product_ReadNumber(folded, &place, &number, &value)) {
         if (place == first && first == reading.unitBegin)
             return true;
+        if (place > first) {
+            locate(entry, folded, first, place);
+            return refuse(entry, "The number is out of the range of numbers.");
+        }
         locate(entry, folded, reading.unitBegin, reading.unitBegin + 1);
         return refuse(entry, "A sign stands in front of a number only.");
     }
@@ -109,6 +127,12 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     entry.value = negative ? -value : value;
     while (folded.text[place] == ' ')
         ++place;
+    if (isDigit(folded.text[place]) || (folded.text[place] == '.' && isDigit(folded.text[place + 1])))
+        return refuseSecondNumber(entry, folded, place);
+    if (folded.text[place] == '/' && isDigit(folded.text[place + 1])) {
+        locate(entry, folded, place, place + 1);
+        return refuse(entry, "A fraction is to be written as a decimal number.");
+    }
     if (folded.text[place] == '*') // "5 * m"
         ++place;
     while (folded.text[place] == ' ')
@@ -194,12 +218,12 @@ int32_t rankOf(const Reading &reading, int32_t classId, const ClassFit &fit) {
 
 // The classes that read the text, the best first: up to `most`.
 int32_t findClasses(const Catalogue &catalogue, const Words &words, const Reading &reading, Candidate *candidates,
-                    int32_t most) {
+                    int32_t most, bool firstOnly) {
     int32_t count = 0;
     for (int32_t c = CLASS_DIMENSIONLESS; c < words.classCount; ++c) {
         if (!words.classes[c].shown || words.classes[c].slots == 0)
             continue;
-        const ClassFit fit = entry_Fit(catalogue, words, reading, shape_OfClass(words, c));
+        const ClassFit fit = entry_Fit(catalogue, words, reading, shape_OfClass(words, c), firstOnly);
         if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))
             continue;
         int32_t place = count;
@@ -215,6 +239,13 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
         count = kept + 1;
     }
     return count;
+}
+
+// The same of the first way to read the text, which is that of arithmetic, or of the others where it is of no class.
+int32_t findClasses(const Catalogue &catalogue, const Words &words, const Reading &reading, Candidate *candidates,
+                    int32_t most) {
+    const int32_t count = findClasses(catalogue, words, reading, candidates, most, true);
+    return count > 0 ? count : findClasses(catalogue, words, reading, candidates, most, false);
 }
 
 constexpr int32_t TOLD_CLASSES = 3;
@@ -612,9 +643,10 @@ bool isCanonical(const Catalogue &catalogue, const char *classString, const char
 
 } // namespace
 
-ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape) {
+ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape,
+                   bool firstOnly) {
     ClassFit best;
-    for (int32_t i = 0; i < reading.count; ++i) {
+    for (int32_t i = 0; i < (firstOnly ? std::min(reading.count, 1) : reading.count); ++i) {
         if (i >= reading.whole && best.product >= 0)
             break; // names are taken apart only when nothing fits whole
         const Fit fit = fit_Product(catalogue, words, reading.products[i], reading.measures[i], shape);

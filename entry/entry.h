@@ -32,7 +32,9 @@ struct ClassFit {
     int32_t product = -1;   // of the reading
     bool ambiguous = false; // another product fits, and means something else
 };
-ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape);
+// `firstOnly`: of the first way to read the text alone.
+ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape,
+                   bool firstOnly = false);
 
 // Reads the typed text but for its class: the number in front, or the number as a factor. False with entry's message.
 bool entry_Read(const Catalogue &catalogue, const Words &words, int32_t classId, const char *text, bool numberIsFactor,

@@ -166,14 +166,28 @@ Wide exactRatio(const Fitter &fitter) {
     return ratio;
 }
 
+constexpr double STANDARD_GRAVITY = 9.80665; // m/s2
+
+// "lb/sq in", "kg/cm^2": of a pressure the weight of the mass is meant.
+bool isWeightByArea(const Fitter &fitter) {
+    Dimension weight = fitter.measure.dimension;
+    weight[AXIS_LENGTH] = static_cast<int16_t>(weight[AXIS_LENGTH] + 1);
+    weight[AXIS_TIME] = static_cast<int16_t>(weight[AXIS_TIME] - 2);
+    return fitter.shape.count == 1 && fitter.shape.exponents[0] == 1 && fitter.shape.dimension == weight &&
+           weight == dimension_OfClass(fitter.catalogue, CLASS_PRES).dimension;
+}
+
 bool fitBySize(Fitter &fitter, bool *filled) {
     const Measure &measure = fitter.measure;
+    const bool weight = isWeightByArea(fitter);
     if (!measure.known || measure.shifted || measure.formula || !fitter.shape.known ||
-        measure.dimension != fitter.shape.dimension || !(measure.size > 0.0) || !std::isfinite(measure.size))
+        fitter.shape.classes[0] == CLASS_DIMENSIONLESS || (measure.dimension != fitter.shape.dimension && !weight) ||
+        !(measure.size > 0.0) || !std::isfinite(measure.size))
         return false;
     const bool hasGasSlot = std::find(fitter.shape.classes, fitter.shape.classes + fitter.shape.count,
                                       int32_t{CLASS_VAP_VOL}) != fitter.shape.classes + fitter.shape.count;
-    if (measure.gas && !hasGasSlot) {
+    // Nor may a gas volume stand for a liquid beside a slot that takes it.
+    if (measure.gas && (!hasGasSlot || fitter.fit.refusedGas)) {
         fitter.fit.refusedGas = true;
         return false;
     }
@@ -183,15 +197,17 @@ bool fitBySize(Fitter &fitter, bool *filled) {
             ++open;
             last = slot;
         }
-    const double wanted = open == 1 ? measure.size / sizeOfFilled(fitter, filled) : 0.0;
+    const double size = measure.size * (weight ? STANDARD_GRAVITY : 1.0);
+    const double wanted = open == 1 ? size / sizeOfFilled(fitter, filled) : 0.0;
     if (open != 1 || !chooseBySize(fitter, last, wanted))
         for (int32_t slot = 0; slot < fitter.shape.count; ++slot)
             if (!filled[slot] && !choosePlain(fitter, slot))
                 return false;
     std::fill_n(filled, fitter.shape.count, true);
-    const bool equal = isSame(sizeOfFilled(fitter, filled), measure.size);
+    const bool equal = isSame(sizeOfFilled(fitter, filled), size);
     fitter.fit.kind = equal ? FitKind::EQUAL : FitKind::SCALED;
-    fitter.fit.scale = equal ? wide_Of(1.0) : exactRatio(fitter);
+    const Wide gravity = wide_OfConstant(weight ? STANDARD_GRAVITY : 1.0);
+    fitter.fit.scale = equal ? wide_Of(1.0) : exactRatio(fitter) * gravity;
     return true;
 }
 
@@ -214,9 +230,11 @@ int32_t unitOfScale(const Fitter &fitter, bool gauge) {
 
 bool fitPressure(Fitter &fitter) {
     const Dimension pressure = dimension_OfClass(fitter.catalogue, CLASS_PRES).dimension;
-    const bool gauge = fitter.product.scale != 'a';
-    if (fitter.shape.count != 1 || fitter.shape.dimension != pressure || !fitter.measure.known ||
-        fitter.measure.dimension != pressure || (fitter.measure.shifted && !gauge))
+    const char mark = fitter.product.scale;
+    const bool gauge = mark == 'g' || mark == 'v';
+    if (fitter.shape.count != 1 || (mark == 'd' && fitter.shape.classes[0] != CLASS_PRES_DIFF) ||
+        fitter.shape.dimension != pressure || !fitter.measure.known || fitter.measure.dimension != pressure ||
+        (fitter.measure.shifted && !gauge))
         return false;
     const int32_t unit = unitOfScale(fitter, gauge);
     if (unit == NO_UNIT)
@@ -249,6 +267,10 @@ Shape shape_OfClass(const Words &words, int32_t classId) {
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
                 const Shape &shape) {
     Fitter fitter = {catalogue, words, product, measure, shape, {}};
+    // Units that tell what they measure are in no list of a class that measures something else.
+    if (!product.scale && measure.known && shape.known && measure.dimension != shape.dimension &&
+        !isWeightByArea(fitter))
+        return fitter.fit;
     if (shape.count == 0 || (product.count == 0 && shape.dimension != Dimension{}))
         return fitter.fit;
     if (product.scale) {

@@ -40,6 +40,11 @@ constexpr Sign signs[] = {
     {"\xE2\x81\xB7", "7"},
     {"\xE2\x81\xB8", "8"},
     {"\xE2\x81\xB9", "9"},
+    {"\xE2\x82\x80", "0"},
+    {"\xE2\x82\x81", "1"},
+    {"\xE2\x82\x82", "2"},
+    {"\xE2\x82\x83", "3"},
+    {"\xE2\x82\x84", "4"},
     {"\xE2\x81\xBB", "^-"}, // superscript minus
     {"\xE2\x81\xBA", "^"},  // superscript plus
     {"\xC2\xB7", "-"},      // middle dot: a product that binds as the hyphen does
@@ -81,6 +86,16 @@ const Sign *findSign(std::string_view text) {
     return nullptr;
 }
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// A digit of the upper line: of two bytes, or of three that begin with E2 81.
+bool isSuperscript(const Sign &sign) {
+    const bool digit = sign.plain.size() == 1 && isDigit(sign.plain[0]);
+    return digit && (sign.typed[0] == '\xC2' || sign.typed[1] == '\x81');
+}
+
 // Bytes of the UTF-8 character that the text begins with; 1 for what is none.
 size_t characterSize(std::string_view text) {
     size_t size = 1;
@@ -115,10 +130,13 @@ bool fold_Text(FoldedText &folded, std::string_view typed) {
     folded.length = 0;
     folded.badPlace = -1;
     folded.tooLong = false;
+    bool raised = false; // the character before was a superscript
     for (size_t i = 0; i < typed.size();) {
         const char c = typed[i];
         size_t size = 1;
         std::string_view plain(&typed[i], 1);
+        const bool wasRaised = raised;
+        raised = false;
         if (c < ' ' || c > '~') {
             const Sign *sign = findSign(str_Behind(typed, i));
             size = sign ? sign->typed.size() : characterSize(str_Behind(typed, i));
@@ -129,6 +147,11 @@ bool fold_Text(FoldedText &folded, std::string_view typed) {
                 return false;
             }
             plain = sign->plain;
+            // A power of a number: its digits would go on otherwise.
+            if (isSuperscript(*sign) && folded.length > 0 && isDigit(folded.text[folded.length - 1]) && !wasRaised &&
+                !put(folded, "^", i))
+                plain = "";
+            raised = isSuperscript(*sign) || (!plain.empty() && plain[0] == '^');
             if (plain == "deg " && isDegreeOfTemperature(str_Behind(typed, i + size)))
                 plain = "";
         }

@@ -75,6 +75,27 @@ int32_t convertUnder(Pair &pair, UomConversion **out) {
     return prepared_NewScaled(pair.catalogue, from.chain, to.chain, pair.sides[0].scale, pair.sides[1].scale, out);
 }
 
+// Whether a text holds a gas volume.
+bool holdsGas(Pair &pair, int32_t which) {
+    UomEntry entry;
+    Reading &reading = pair.readings[which];
+    return entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, reading, entry) &&
+           reading.count > 0 && reading.measures[0].gas;
+}
+
+// A rate that is counted by volume may be one of a gas or of a liquid: the two do not mix.
+bool refuseGasAndLiquid(Pair &pair, const char *classString) {
+    const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
+    if (classId < CLASS_DIMENSIONLESS || classId >= pair.words.classCount || pair.words.classes[classId].slots > 0)
+        return false;
+    if (holdsGas(pair, 0) == holdsGas(pair, 1))
+        return false;
+    error_Set("\"%s\" and \"%s\" do not convert into each other: one is an amount of gas, told by its volume under "
+              "standard conditions.",
+              pair.texts[0], pair.texts[1]);
+    return true;
+}
+
 int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readSide(pair, which, classString))
@@ -86,9 +107,12 @@ int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomE
         error_Set("%s", pair.sides[which].entry.message);
         return !known ? PAIR_BAD_CLASS : which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
     }
+    int32_t status = refuseGasAndLiquid(pair, classString) ? PAIR_REFUSED : convertUnder(pair, out);
+    if (status == PAIR_REFUSED)
+        str_CopyBounded(pair.sides[0].entry.message, sizeof pair.sides[0].entry.message, error_Text());
     if (entry)
         *entry = pair.sides[0].entry;
-    return convertUnder(pair, out);
+    return status;
 }
 
 // --- without one
@@ -99,12 +123,13 @@ bool isNearer(const ClassFit *fits, const ClassFit *than) {
     return a < b;
 }
 
-bool fitsBoth(const Pair &pair, int32_t classId, ClassFit *fits) {
+bool fitsBoth(const Pair &pair, int32_t classId, ClassFit *fits, bool firstOnly = true) {
     const ClassShape &shape = pair.words.classes[classId];
     if (!shape.shown || shape.slots == 0)
         return false;
     for (int32_t which = 0; which < 2; ++which) {
-        fits[which] = entry_Fit(pair.catalogue, pair.words, pair.readings[which], shape_OfClass(pair.words, classId));
+        fits[which] =
+            entry_Fit(pair.catalogue, pair.words, pair.readings[which], shape_OfClass(pair.words, classId), firstOnly);
         if (fits[which].fit.kind == FitKind::NONE || fits[which].ambiguous)
             return false;
     }
@@ -146,12 +171,13 @@ struct Choice {
     ClassFit fits[2];
 };
 
-Choice chooseClass(const Pair &pair) {
+Choice chooseClass(const Pair &pair, bool firstOnly) {
     Choice best;
     for (int32_t c = CLASS_DIMENSIONLESS; c < pair.words.classCount; ++c) {
         Choice choice;
         choice.classId = c;
-        if (fitsBoth(pair, c, choice.fits) && (best.classId == CLASS_NONE || isNearer(choice.fits, best.fits)))
+        if (fitsBoth(pair, c, choice.fits, firstOnly) &&
+            (best.classId == CLASS_NONE || isNearer(choice.fits, best.fits)))
             best = choice;
     }
     return best;
@@ -274,7 +300,9 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     }
     if (const int32_t bare = bareVolume(pair); bare >= 0)
         return refuseBareVolume(pair, bare, entry);
-    const Choice best = chooseClass(pair);
+    Choice best = chooseClass(pair, true);
+    if (best.classId == CLASS_NONE)
+        best = chooseClass(pair, false);
     if (best.classId != CLASS_NONE) {
         const int32_t status = readGiven(pair, class_Token(pair.catalogue, best.classId), out, entry);
         if (status == PAIR_DONE && entry)
@@ -284,8 +312,9 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     }
     int32_t status;
     if (convertAmounts(pair, out, &status)) {
-        if (entry)
-            uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], entry);
+        UomEntry first;
+        if (entry && uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], &first) == UOM_DONE)
+            *entry = first;
         return status;
     }
     // Each by itself tells its own fault; two that are well belong to different quantities.

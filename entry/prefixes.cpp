@@ -32,13 +32,13 @@ struct MetricUnit {
     int32_t largest = ANY_LARGEST;
 };
 constexpr MetricUnit metricSymbols[] = {
-    {"m"},        {"g"},         {"s", -30, -1}, {"sec", -9, -3}, {"mol"},         {"g-mol"},       {"gmol"},
-    {"J"},        {"W"},         {"Pa"},         {"bar"},         {"L", -12, 9},   {"l", -12, 9},   {"N"},
-    {"V"},        {"A"},         {"Hz"},         {"ohm"},         {"S"},           {"P", -9, 0},    {"St", -9, 6},
-    {"eV"},       {"t", 3, 12},  {"Wh"},         {"W-hr"},        {"cal"},         {"calth"},       {"D", -9, 0},
-    {"VA"},       {"var"},       {"VAR"},        {"torr", -9, 0}, {"Torr", -9, 0}, {"rad", -9, -1}, {"dyn"},
-    {"dyne"},     {"Pa-s"},      {"barg"},       {"bara"},        {"Pag"},         {"Paa"},         {"gf"},
-    {"K", -9, 3}, {"toe", 3, 9}, {"boe", 3, 9},
+    {"m", -15, 30}, {"g"},        {"s", -30, -1}, {"sec", -9, -3}, {"mol"},         {"mole"},        {"g-mol"},
+    {"gmol"},       {"J"},        {"W"},          {"Pa"},          {"bar"},         {"L", -12, 9},   {"l", -12, 9},
+    {"N"},          {"V"},        {"A"},          {"Hz"},          {"ohm"},         {"S"},           {"P", -9, 0},
+    {"St", -9, 6},  {"eV"},       {"t", 3, 12},   {"Wh"},          {"W-hr"},        {"cal"},         {"calth"},
+    {"D", -9, 0},   {"VA"},       {"var"},        {"VAR"},         {"torr", -9, 0}, {"Torr", -9, 0}, {"rad"},
+    {"dyn"},        {"dyne"},     {"Pa-s"},       {"barg"},        {"bara"},        {"Pag"},         {"Paa"},
+    {"gf"},         {"K", -9, 3}, {"Nm3", 3, 6},  {"Sm3", 3, 6},
 };
 constexpr MetricUnit metricNames[] = {
     {"meter"},         {"metre"},     {"gram"},         {"gramme"},      {"second", -30, -1},
@@ -52,19 +52,26 @@ constexpr MetricUnit metricNames[] = {
     {"pascal second"},
 };
 
-bool isLetter(char c) {
-    return str_IsLetter(c);
-}
-
-// The unit ends where its letters do.
-bool takes(const MetricUnit &unit, const Prefix &prefix, std::string_view behind, bool anyCase) {
-    if (prefix.power < unit.smallest || prefix.power > unit.largest || behind.size() < unit.text.size())
+// The unit ends where its letters do, or at a plural s.
+bool takes(const MetricUnit &unit, int32_t power, std::string_view behind, bool anyCase) {
+    if (power < unit.smallest || power > unit.largest || behind.size() < unit.text.size())
         return false;
     const std::string_view head = str_Head(behind, unit.text.size());
     if (anyCase ? !str_EqualNoCase(head, unit.text) : head != unit.text)
         return false;
-    return behind.size() == unit.text.size() || !isLetter(behind[unit.text.size()]) ||
-           (anyCase && str_Lower(behind[unit.text.size()]) == 's');
+    const std::string_view rest = str_Behind(behind, unit.text.size());
+    return rest.empty() || !str_IsLetter(rest[0]) ||
+           (anyCase && str_Lower(rest[0]) == 's' && (rest.size() == 1 || !str_IsLetter(rest[1])));
+}
+
+// The longest unit that the prefix may stand before.
+template <size_t N>
+int32_t unitBehind(const MetricUnit (&units)[N], int32_t power, std::string_view behind, bool anyCase) {
+    size_t longest = 0;
+    for (const MetricUnit &unit : units)
+        if (unit.text.size() > longest && takes(unit, power, behind, anyCase))
+            longest = unit.text.size();
+    return static_cast<int32_t>(longest);
 }
 
 template <size_t N>
@@ -75,10 +82,9 @@ PrefixedUnit find(const MetricUnit (&units)[N], std::string_view text, std::stri
         const std::string_view head = str_Head(text, symbol.size());
         if (head.size() < symbol.size() || (prefixAnyCase ? !str_EqualNoCase(head, symbol) : head != symbol))
             continue;
-        std::string_view behind = str_Behind(text, symbol.size());
-        for (const MetricUnit &unit : units)
-            if (takes(unit, prefix, behind, unitAnyCase))
-                return {static_cast<int32_t>(symbol.size()), prefix.power, prefix.rare};
+        const int32_t length = unitBehind(units, prefix.power, str_Behind(text, symbol.size()), unitAnyCase);
+        if (length > 0)
+            return {static_cast<int32_t>(symbol.size()), length, prefix.power, prefix.rare};
     }
     return {};
 }
@@ -94,6 +100,10 @@ PrefixedUnit prefix_OfName(std::string_view text) {
 }
 
 PrefixedUnit prefix_IfCaseWereFree(std::string_view text) {
+    constexpr int32_t KILO = 3;
+    if (!text.empty() && text[0] == 'K') // of those who write all in capitals
+        if (const int32_t length = unitBehind(metricSymbols, KILO, str_Behind(text, 1), true); length > 1)
+            return {1, length, KILO, false};
     return find(metricSymbols, text, &Prefix::symbol, false, true);
 }
 

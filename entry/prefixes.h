@@ -10,6 +10,7 @@ namespace uom {
 // A prefix in front of a metric unit.
 struct PrefixedUnit {
     int32_t prefixLength = 0; // 0: none
+    int32_t unitLength = 0;   // of the unit behind it
     int32_t power = 0;        // of ten
     bool rare = false;        // exa and beyond, and what nobody writes: a name in another case goes before it
 };

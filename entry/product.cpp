@@ -120,11 +120,13 @@ bool isCompound(const Reader &reader, const WordName &name) {
 }
 
 // What the hash finds between two places, the name in its exact case before one in another.
-Match findName(Reader &reader, int32_t begin, int32_t end, uint32_t hash) {
+Match findName(Reader &reader, int32_t begin, int32_t end, uint32_t hash, bool exactOnly = false) {
     Match match;
     words_Find(reader.words, hash, [&](const WordName &name) {
         bool exactCase;
         if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
+            return false;
+        if (exactOnly && !exactCase)
             return false;
         const bool bound = isBoundToOthers(reader, name);
         if (bound && reader.classId != CLASS_NONE)
@@ -150,6 +152,38 @@ bool isBoundary(const Reader &reader, int32_t place) {
     return !((isLetter(before) && isLetter(behind)) || (isDigit(before) && isDigit(behind)));
 }
 
+// One name for exactly this stretch.
+Match nameOf(Reader &reader, int32_t begin, int32_t end, bool exactOnly = false) {
+    uint32_t hash = WORD_HASH;
+    for (int32_t i = begin; i < end; ++i)
+        hash = words_HashOn(hash, reader.at(i));
+    return findName(reader, begin, end, hash, exactOnly);
+}
+
+constexpr int32_t SHORTEST_PLURAL = 3; // letters of a name that takes an s
+
+bool endsIn(const Reader &reader, int32_t end, std::string_view tail) {
+    const int32_t begin = end - static_cast<int32_t>(tail.size());
+    return begin >= 0 && str_EqualNoCase(std::string_view(reader.text.text + begin, tail.size()), tail);
+}
+
+// A name without what grammar put behind it: the s of a plural, the e of "lb-mole". "kPas" is no plural of a pressure.
+Match changedName(Reader &reader, int32_t begin, int32_t end) {
+    Match match;
+    const char before = reader.at(end - 2), last = str_Lower(reader.at(end - 1));
+    if (last == 'e' && endsIn(reader, end, "mole"))
+        match = nameOf(reader, begin, end - 1);
+    else if (last == 's' && str_IsLetter(before) && end - 1 - begin >= SHORTEST_PLURAL && !endsIn(reader, end, "Pas")) {
+        match = nameOf(reader, begin, end - 1);
+        for (const std::string_view tail : {std::string_view("es"), std::string_view("moles")})
+            if (!match.name && endsIn(reader, end, tail))
+                match = nameOf(reader, begin, end - 2);
+    }
+    if (match.name)
+        match.end = end;
+    return match;
+}
+
 // The longest name at this place.
 Match longestName(Reader &reader, int32_t begin) {
     Match longest;
@@ -159,8 +193,13 @@ Match longestName(Reader &reader, int32_t begin) {
         hash = words_HashOn(hash, reader.at(end++));
         if (!isBoundary(reader, end))
             continue;
-        const Match match = findName(reader, begin, end, hash);
-        if (match.name)
+        Match match = findName(reader, begin, end, hash);
+        if (!match.name && end - begin > 1)
+            match = changedName(reader, begin, end);
+        // "R/min" is rankine by minute: an alias that is a quotient in another case is no better than its parts.
+        const bool otherCase = match.name && !match.exactCase && longest.exactCase &&
+                               match.name->kind == NameKind::ALIAS && std::strchr(match.name->text, '/');
+        if (match.name && !otherCase)
             longest = match;
     }
     return longest;
@@ -173,20 +212,13 @@ struct Word {
     int32_t power = 0; // of ten, of the prefix
     int32_t multiplier = 0;
     char scale = '\0';
+    bool joined = false; // to another one, without a sign between
 };
 
 int32_t endOfLetters(const Reader &reader, int32_t begin) {
     while (isLetter(reader.at(begin)))
         ++begin;
     return begin;
-}
-
-// One name for exactly this stretch.
-Match nameOf(Reader &reader, int32_t begin, int32_t end) {
-    uint32_t hash = WORD_HASH;
-    for (int32_t i = begin; i < end; ++i)
-        hash = words_HashOn(hash, reader.at(i));
-    return findName(reader, begin, end, hash);
 }
 
 std::string_view ahead(const Reader &reader, int32_t place) {
@@ -214,7 +246,8 @@ bool refuseTwoMeanings(Reader &reader, const Word &word, const char *other, int3
 // In another case than its own, a name may be taken for a prefix and a symbol: "mw" is neither mW nor MW.
 bool isAmbiguous(Reader &reader, const Word &word) {
     const PrefixedUnit other = prefix_IfCaseWereFree(ahead(reader, word.begin));
-    if (other.prefixLength != 1 || other.rare || word.match.name->text[0] == reader.at(word.begin))
+    if (other.prefixLength != 1 || other.rare || word.match.name->text[0] == reader.at(word.begin) ||
+        std::strchr(word.match.name->text, ' '))
         return false;
     const Match behind = longestName(reader, word.begin + 1);
     if (!behind.name)
@@ -227,17 +260,17 @@ bool isAmbiguous(Reader &reader, const Word &word) {
     return true;
 }
 
-bool takePrefixed(Reader &reader, Word &word, const PrefixedUnit &prefix) {
-    const Match behind = prefix.prefixLength > 0 ? longestName(reader, word.begin + prefix.prefixLength) : Match{};
+// The unit behind a prefix; of symbols its own case counts.
+bool takePrefixed(Reader &reader, Word &word, const PrefixedUnit &prefix, bool exactCase) {
+    if (prefix.prefixLength == 0)
+        return false;
+    const int32_t begin = word.begin + prefix.prefixLength;
+    const Match behind = nameOf(reader, begin, begin + prefix.unitLength, exactCase);
     if (!behind.name)
         return false;
     word.match = behind;
     word.power = prefix.power;
     return true;
-}
-
-bool endsWithNoCase(std::string_view text, std::string_view tail) {
-    return text.size() > tail.size() && str_EqualNoCase(str_Behind(text, text.size() - tail.size()), tail);
 }
 
 bool isPressure(const Reader &reader, const Match &match) {
@@ -268,42 +301,47 @@ bool takeMultiplied(Reader &reader, Word &word) {
     return false;
 }
 
-// A word that is no name: a plural, a pressure with the mark of its scale, or a prefix's name in front.
-bool findChangedWord(Reader &reader, Word &word) {
-    if (takePrefixed(reader, word, prefix_OfName(ahead(reader, word.begin))))
+// The letters from `begin` to `end` as one unit: a name or a prefixed symbol, its own case before another.
+bool findStretch(Reader &reader, Word &word, int32_t end) {
+    word.match = nameOf(reader, word.begin, end, true);
+    if (word.match.name)
         return true;
-    if (takeMultiplied(reader, word))
-        return true;
-    const int32_t end = endOfLetters(reader, word.begin);
     const std::string_view typed = str_Head(ahead(reader, word.begin), static_cast<size_t>(end - word.begin));
-    for (const std::string_view tail : {std::string_view("es"), std::string_view("s")})
-        if (typed.size() >= tail.size() + 3 && endsWithNoCase(typed, tail)) {
-            word.match = nameOf(reader, word.begin, end - static_cast<int32_t>(tail.size()));
-            if (!word.match.name) {
-                const PrefixedUnit prefix = prefix_OfName(str_Head(typed, typed.size() - tail.size()));
-                if (prefix.prefixLength > 0) {
-                    word.match =
-                        nameOf(reader, word.begin + prefix.prefixLength, end - static_cast<int32_t>(tail.size()));
-                    word.power = prefix.power;
-                }
-            }
-            if (word.match.name) {
-                word.match.end = end;
-                return true;
-            }
-        }
-    // "kPaa", "mbarg": the scale behind the unit. The unit may be prefixed.
-    const char mark = typed.empty() ? '\0' : str_Lower(typed.back());
-    if (typed.size() < 3 || (mark != 'a' && mark != 'g' && mark != 'v'))
+    if (takePrefixed(reader, word, prefix_OfSymbol(typed), true) && word.match.end == end)
+        return true;
+    word.power = 0;
+    word.match = nameOf(reader, word.begin, end);
+    return word.match.name && !isAmbiguous(reader, word);
+}
+
+// Units that people write without a sign between ("kgK", "Nm", "Pas"): a name in its own case, then one of these.
+bool findJoinedWord(Reader &reader, Word &word) {
+    const int32_t end = endOfLetters(reader, word.begin);
+    const char last = reader.at(end - 1);
+    if (end - word.begin < 2 || !std::strchr("KCFRsmh", last))
+        return false;
+    Word head = word;
+    const std::string_view typed = str_Head(ahead(reader, word.begin), static_cast<size_t>(end - 1 - word.begin));
+    head.match = nameOf(reader, word.begin, end - 1, true);
+    if (!head.match.name && !(takePrefixed(reader, head, prefix_OfSymbol(typed), true) && head.match.end == end - 1))
+        return false;
+    // An s is a second behind these alone, a plural behind others.
+    if (last == 's' && !std::strchr("aWNA", typed.back()))
+        return false;
+    word = head;
+    word.match.end = end - 1;
+    word.joined = true;
+    return true;
+}
+
+// A pressure with the mark of its scale: "kPaa", "mbarg", "psid".
+bool findMarkedPressure(Reader &reader, Word &word) {
+    const int32_t end = endOfLetters(reader, word.begin);
+    const char mark = str_Lower(reader.at(end - 1));
+    if (end - word.begin < 3 || !std::strchr("agvd", mark))
         return false;
     Word stem = word;
-    stem.match = nameOf(reader, word.begin, end - 1);
-    if (!stem.match.name) {
-        const PrefixedUnit prefix = prefix_OfSymbol(str_Head(typed, typed.size() - 1));
-        stem.match = prefix.prefixLength > 0 ? nameOf(reader, word.begin + prefix.prefixLength, end - 1) : Match{};
-        stem.power = prefix.power;
-    }
-    if (!isPressure(reader, stem.match))
+    if (!findStretch(reader, stem, end - 1) || !isPressure(reader, stem.match))
         return false;
     word = stem;
     word.match.end = end;
@@ -311,25 +349,34 @@ bool findChangedWord(Reader &reader, Word &word) {
     return true;
 }
 
-// Units that people write without a sign between ("kgK", "Nm", "Pas"): a name, then one of these.
-bool findJoinedWord(Reader &reader, Word &word) {
+// "lbs", "kms": an s behind a symbol of two letters and more.
+bool findPluralSymbol(Reader &reader, Word &word) {
     const int32_t end = endOfLetters(reader, word.begin);
-    const char last = reader.at(end - 1);
-    if (end - word.begin < 2 || !std::strchr("KCFRsmh", last))
+    if (str_Lower(reader.at(end - 1)) != 's' || end - word.begin < 3)
         return false;
-    Word head = word;
-    head.match = nameOf(reader, word.begin, end - 1);
-    if (!head.match.name || !head.match.exactCase) {
-        const PrefixedUnit prefix =
-            prefix_OfSymbol(str_Head(ahead(reader, word.begin), static_cast<size_t>(end - 1 - word.begin)));
-        head.match = prefix.prefixLength > 0 ? nameOf(reader, word.begin + prefix.prefixLength, end - 1) : Match{};
-        head.power = prefix.power;
-    }
-    if (!head.match.name || !head.match.exactCase)
+    Word stem = word;
+    const bool capitals = str_Lower(reader.at(word.begin)) != reader.at(word.begin) && reader.at(end - 1) == 'S';
+    if (!findStretch(reader, stem, end - 1) || !(stem.match.exactCase || capitals))
         return false;
-    word = head;
-    word.match.end = end - 1;
+    word = stem;
+    word.match.end = end;
     return true;
+}
+
+// "Kilometers", "MICROBAR", "KWH": prefixes by name, and symbols of those who write in one case.
+bool findPrefixedInAnyCase(Reader &reader, Word &word) {
+    if (takePrefixed(reader, word, prefix_OfName(ahead(reader, word.begin)), false)) {
+        if (str_Lower(reader.at(word.match.end)) == 's' && !str_IsLetter(reader.at(word.match.end + 1)))
+            ++word.match.end;
+        return true;
+    }
+    return takePrefixed(reader, word, prefix_IfCaseWereFree(ahead(reader, word.begin)), false);
+}
+
+// A word that is no name.
+bool findChangedWord(Reader &reader, Word &word) {
+    return takeMultiplied(reader, word) || findJoinedWord(reader, word) || findMarkedPressure(reader, word) ||
+           findPluralSymbol(reader, word) || findPrefixedInAnyCase(reader, word);
 }
 
 // "mK" behind a sign is as often m K as a millikelvin.
@@ -369,16 +416,17 @@ bool findWord(Reader &reader, Word &word) {
     if (name.name && name.exactCase)
         return true;
     Word prefixed = word;
-    const bool meterKelvin = isMeterKelvin(reader, word.begin);
-    if (!meterKelvin && takePrefixed(reader, prefixed, prefix)) {
-        if (!name.name || (name.end <= prefixed.match.end && !prefix.rare)) {
-            word = prefixed;
-            return true;
-        }
+    if (!isMeterKelvin(reader, word.begin) && takePrefixed(reader, prefixed, prefix, true) &&
+        (!name.name || name.end <= prefixed.match.end)) {
+        // Of a prefix that nobody writes and a name in another case nobody knows which is meant.
+        if (name.name && prefix.rare && name.end == prefixed.match.end)
+            return refuseTwoMeanings(reader, word, prefixed.match.name->text, name.end);
+        word = prefixed;
+        return true;
     }
     if (name.name)
         return !isAmbiguous(reader, word);
-    return findChangedWord(reader, word) || findJoinedWord(reader, word) || refuseUnknown(reader, word.begin);
+    return findChangedWord(reader, word) || refuseUnknown(reader, word.begin);
 }
 
 // --- numbers and exponents
@@ -476,10 +524,11 @@ struct KeyWord {
 constexpr KeyWord powersInFront[] = {{"square", 2}, {"sq", 2}, {"cubic", 3}, {"cu", 3}};
 constexpr KeyWord powersBehind[] = {{"squared", 2}, {"square", 2}, {"cubed", 3}};
 constexpr KeyWord scaleMarks[] = {
-    {"(g)", 'g'},      {"[g]", 'g'}, {"(gauge)", 'g'}, {"gauge", 'g'},  {"gage", 'g'},     {"(ga)", 'g'},
-    {"(a)", 'a'},      {"[a]", 'a'}, {"(abs)", 'a'},   {"abs.", 'a'},   {"absolute", 'a'}, {"(absolute)", 'a'},
-    {"abs", 'a'},      {"(v)", 'v'}, {"(vac)", 'v'},   {"vacuum", 'v'}, {"vac.", 'v'},     {"vac", 'v'},
-    {"(vacuum)", 'v'}, {"g", 'g'},   {"a", 'a'},
+    {"(g)", 'g'},      {"[g]", 'g'},          {"(gauge)", 'g'}, {"gauge", 'g'},    {"gage", 'g'},
+    {"(ga)", 'g'},     {"(a)", 'a'},          {"[a]", 'a'},     {"(abs)", 'a'},    {"abs.", 'a'},
+    {"absolute", 'a'}, {"(absolute)", 'a'},   {"abs", 'a'},     {"(v)", 'v'},      {"(vac)", 'v'},
+    {"vacuum", 'v'},   {"vac.", 'v'},         {"vac", 'v'},     {"(vacuum)", 'v'}, {"(d)", 'd'},
+    {"diff", 'd'},     {"differential", 'd'}, {"d", 'd'},       {"g", 'g'},        {"a", 'a'},
 };
 
 // The entry that stands at this place and ends there; the place behind it in `end`.
@@ -528,13 +577,14 @@ void takeScaleMark(Reader &reader) {
     const KeyWord *mark = findKeyWord(reader, scaleMarks, place, &end);
     if (!mark || reader.product.count == 0)
         return;
-    const UnitQuantity &last = reader.words.units[reader.product.terms[reader.product.count - 1].unit];
-    const bool pressure = last.known; // judged once the whole is read
+    const Dimension pressure = dimension_OfClass(reader.catalogue, CLASS_PRES).dimension;
+    if (product_Measure(reader.words, reader.product).dimension != pressure)
+        return;
     int32_t rest = end;
     while (reader.at(rest) == ' ')
         ++rest;
     // A mark is the last thing of a text: "kPa g/s" has a gram in it.
-    if (!pressure || rest < reader.length)
+    if (rest < reader.length)
         return;
     reader.product.scale = static_cast<char>(mark->value);
     reader.place = end;
@@ -589,6 +639,16 @@ bool readGroup(Reader &reader, int32_t sign) {
     return true;
 }
 
+// Whether what stands directly behind a word may: no letter, but behind a power a temperature ("W/m2K") or the scale of a
+// pressure ("kgf/cm2g").
+bool mayFollow(const Reader &reader, const Word &word, int32_t behindName) {
+    const char next = reader.at(reader.place);
+    if (!str_IsLetter(next) || word.joined)
+        return true;
+    const bool power = reader.place > behindName || isDigit(reader.at(reader.place - 1));
+    return power && std::strchr("KCFRagk", next) && !str_IsLetter(reader.at(reader.place + 1));
+}
+
 bool readWord(Reader &reader, int32_t sign) {
     const KeyWord *power = takePowerInFront(reader);
     Word word;
@@ -596,8 +656,12 @@ bool readWord(Reader &reader, int32_t sign) {
         return false;
     reader.place = word.match.end;
     int32_t exponent = 1;
+    const int32_t behindName = reader.place;
     if (!readExponent(reader, &exponent))
         return false;
+    if (!mayFollow(reader, word, behindName))
+        return refuse(reader, reader.place, endOfLetters(reader, reader.place),
+                      "A unit follows without a sign between: write \"-\" or \"*\".");
     takePowerBehind(reader, &exponent);
     if (power)
         exponent *= power->value;
@@ -637,6 +701,15 @@ bool takePer(Reader &reader) {
     return true;
 }
 
+// Whether "/", "*" or "per" stands in front, blanks between.
+bool isBehindSign(const Reader &reader) {
+    int32_t place = reader.place;
+    while (place > 0 && reader.at(place - 1) == ' ')
+        --place;
+    const char sign = place > 0 ? reader.at(place - 1) : '\0';
+    return sign == '/' || sign == '*' || (place >= 3 && endsIn(reader, place, "per"));
+}
+
 // Factors and the signs between them, up to the end or the closing parenthesis.
 bool readProduct(Reader &reader, int32_t sign, char close) {
     bool below = false;
@@ -649,7 +722,10 @@ bool readProduct(Reader &reader, int32_t sign, char close) {
         ++slashes;
         skipBlanks(reader);
     }
-    for (;;) {
+    for (bool numberMayStand = true;; numberMayStand = false) {
+        if (isNumberStart(reader, reader.place) && !numberMayStand && !isBehindSign(reader))
+            return refuse(reader, reader.place, reader.place + 1,
+                          "A number behind a unit means nothing: an exponent stands at its unit.");
         if (!readFactor(reader, below ? -sign : sign))
             return false;
         skipBlanks(reader);

@@ -36,7 +36,7 @@ struct Product {
     Wide number; // of the product; 1 without one
     bool hasNumber = false;
     int32_t boundTo = 0; // the class that an alias in it belongs to, when none was given
-    char scale = '\0'; // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, when a mark behind the unit says so
+    char scale = '\0';   // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, when a mark behind the unit says so
     // What the text held that another Way would read in another way.
     bool hasSecondSlash = false, hasLateStar = false, hasCompound = false;
 };

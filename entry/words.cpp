@@ -235,7 +235,9 @@ const char *shortDescription(Builder &builder, const char *description) {
 // A token that is a plural ("tons") is written without its s as well.
 const char *singular(Builder &builder, const char *token) {
     const std::string_view text(token ? token : "");
-    return text.size() >= 4 && text.back() == 's' ? keep(builder, str_Head(text, text.size() - 1)) : nullptr;
+    return text.size() >= 4 && text.back() == 's' && text.find_first_of("-/ ") == std::string_view::npos
+               ? keep(builder, str_Head(text, text.size() - 1))
+               : nullptr;
 }
 
 void addNames(Builder &builder) {
