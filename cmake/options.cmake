@@ -3,6 +3,7 @@
 
 option(UOM_WARNINGS_AS_ERRORS "Compile with -Werror" ON)
 option(BUILD_TESTING "Build the tests and the examples" ON)
+option(UOM_FUZZ "Build the fuzzers of typed texts; needs Clang" OFF)
 set(UOM_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined")
 
 foreach(part TOOL TESTS BENCH)

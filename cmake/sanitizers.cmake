@@ -9,3 +9,8 @@ if(UOM_SANITIZE)
         link_libraries(stdc++)
     endif()
 endif()
+
+# What the fuzzers learn the way through the library by.
+if(UOM_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
