@@ -9,6 +9,18 @@ trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
 
 is "shipped file" "status 0" "$("$uom" check "$data" 2>&1; echo "status $?")"
+is "shipped aliases" "status 0" "$("$uom" check "${data%/*}/aliases.txt" 2>&1; echo "status $?")"
+printf '%s\n' '// ours' 'kilopond = kgf // as is' 'bucket = 10 litter' '[Pres Nope]' 'x' '[]' 'bucket = 3 liter' >aliases.txt
+is "aliases" 'aliases.txt:3: "litter" is no unit that is known here. Did you mean "10 liter"?
+aliases.txt:4: there is no class "Nope"
+aliases.txt:5: this is no "alias = unit text"
+aliases.txt:7: "bucket" stands in line 3 already
+status 1' "$("$uom" check aliases.txt 2>&1; echo "status $?")"
+printf '%s\n' '[Plant]' BasedOn=SI Pres=kPs Presure=kPa Htco=BTU/ft2-hr-F Temp=C GaugePresBasis=90 >slate.txt
+is "slate" 'slate.txt:3: "kPs" is no unit that is known here. Did you mean "kPa"?
+slate.txt:4: "Presure" is no class of quantities. Did you mean "Pres"?
+slate.txt:5: a slate takes units as the catalogue prints them: "BTU/hr-ft2-F"
+status 1' "$("$uom" check slate.txt 2>&1; echo "status $?")"
 is "no file" 'uom: Unable to open the Unit of Measure data file "none.txt".; status 1' \
     "$("$uom" check none.txt 2>&1 | tr '\n' ';'; echo " status ${PIPESTATUS[0]}")"
 

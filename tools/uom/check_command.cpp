@@ -25,6 +25,11 @@ void printFindings(const std::string &path, const Findings &findings, Output out
 
 // What can't be told without the library waits until the structure is mended.
 void check(const std::string &path, Findings &findings) {
+    if (const FileKind kind = kindOf(path); kind != FileKind::DATA) {
+        if (const uom::Result<void> start = uom::tryStart(); !start)
+            throw uom::Error(start.status());
+        return kind == FileKind::ALIASES ? checkAliases(path, findings) : checkSlateFile(path, findings);
+    }
     const DataFile file = readDataFile(path, findings);
     if (!file.hasKeywords)
         return;
@@ -59,7 +64,7 @@ Action addCheck(CLI::App &command) {
         Output output = Output::TEXT;
     };
     const auto arguments = std::make_shared<Arguments>();
-    command.add_option("FILE", arguments->path, "Data file")->required();
+    command.add_option("FILE", arguments->path, "Data file, or a file of aliases or slate definitions")->required();
     addOutput(command, arguments->output);
     command.footer("Prints FILE:LINE: and what is wrong, and exits with 1. A file without faults gives no word and 0.");
     return [arguments] { return runCheck(arguments->path, arguments->output); };

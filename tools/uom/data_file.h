@@ -43,6 +43,14 @@ struct DataFile {
 // the frame of sections have wrong.
 DataFile readDataFile(const std::string &path, Findings &findings);
 
+// What a file that is checked holds, by its lines.
+enum class FileKind { DATA, ALIASES, SLATE };
+FileKind kindOf(const std::string &path);
+
+// Each line of a file of aliases, or of slate definitions, by asking the library, which has been started.
+void checkAliases(const std::string &path, Findings &findings);
+void checkSlateFile(const std::string &path, Findings &findings);
+
 // The unit lines by themselves: fields, tokens, well-known units.
 void checkUnits(const DataFile &file, Findings &findings);
 
