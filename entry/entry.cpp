@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdarg>
-#include <cstdio>
 #include <cstring>
 
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
+#include "entry/canonical.h"
 #include "entry/suggest.h"
 #include "support/message.h"
 #include "support/table.h"
@@ -21,175 +20,6 @@
 namespace uom {
 
 namespace {
-
-void begin(UomEntry &entry) {
-    std::memset(static_cast<void *>(&entry), 0, sizeof entry);
-    entry.value = NAN;
-    entry.scale = 1.0;
-}
-
-#if defined(__GNUC__)
-__attribute__((format(printf, 2, 3)))
-#endif
-bool refuse(UomEntry &entry, const char *format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(entry.message, sizeof entry.message, format, arguments);
-    va_end(arguments);
-    return false;
-}
-
-void locate(UomEntry &entry, const FoldedText &folded, int32_t from, int32_t to) {
-    from = std::clamp(from, 0, folded.length);
-    to = std::clamp(to, from, folded.length);
-    entry.position = folded.place[from];
-    entry.length = folded.place[to] - folded.place[from];
-}
-
-bool refuseSigns(UomEntry &entry, const FoldedText &folded, const char *text) {
-    if (folded.tooLong)
-        return refuse(entry, "The text is longer than any unit text.");
-    entry.position = folded.badPlace;
-    entry.length = folded.badLength;
-    char sign[8];
-    str_CopyBounded(sign, sizeof sign, std::string_view(text + folded.badPlace, static_cast<size_t>(folded.badLength)));
-    if (folded.badLength > 1)
-        return refuse(entry, "The sign \"%s\" belongs to no unit text.", sign);
-    return refuse(entry, "The text holds a byte that is no sign of a unit text.");
-}
-
-// --- the number in front
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// "1,000" and "1,5" are read differently in different countries.
-bool refuseComma(UomEntry &entry, const FoldedText &folded, int32_t comma) {
-    int32_t digits = 0;
-    while (isDigit(folded.text[comma + 1 + digits]))
-        ++digits;
-    TextWriter writer(entry.suggestion, sizeof entry.suggestion);
-    str_Write(writer, std::string_view(folded.text, static_cast<size_t>(comma)));
-    if (digits != 3)
-        str_Write(writer, '.');
-    str_Write(writer, std::string_view(folded.text + comma + 1));
-    locate(entry, folded, comma, comma + 1);
-    return refuse(entry, "A comma in a number can mean two things: write it without, or with a point for decimals.");
-}
-
-// "1 500 kg" and "5 ft 3 in" have no one meaning.
-bool refuseSecondNumber(UomEntry &entry, const FoldedText &folded, int32_t place) {
-    TextWriter writer(entry.suggestion, sizeof entry.suggestion);
-    int32_t end = place;
-    while (end > 0 && folded.text[end - 1] == ' ')
-        --end;
-    str_Write(writer, std::string_view(folded.text, static_cast<size_t>(end)));
-    str_Write(writer, std::string_view(folded.text + place));
-    if (end == place) // "1.5.2"
-        *entry.suggestion = '\0';
-    locate(entry, folded, place, place + 1);
-    return refuse(entry, "A second number stands behind the first: write a number without blanks.");
-}
-
-// Reads sign and number in front of the unit; a number that is a factor stays in the unit text.
-bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
-    const FoldedText &folded = reading.folded;
-    int32_t place = 0;
-    while (folded.text[place] == ' ')
-        ++place;
-    reading.unitBegin = place;
-    const bool negative = folded.text[place] == '-';
-    if (negative || folded.text[place] == '+')
-        ++place;
-    Wide number;
-    double value;
-    const int32_t first = place;
-    if (!product_ReadNumber(folded, &place, &number, &value)) {
-        if (place == first && first == reading.unitBegin)
-            return true;
-        if (place > first) {
-            locate(entry, folded, first, place);
-            return refuse(entry, "The number is out of the range of numbers.");
-        }
-        locate(entry, folded, reading.unitBegin, reading.unitBegin + 1);
-        return refuse(entry, "A sign stands in front of a number only.");
-    }
-    if (folded.text[place] == ',' && isDigit(folded.text[place + 1]))
-        return refuseComma(entry, folded, place);
-    const bool power = folded.text[place] == '^' || (folded.text[place] == '*' && folded.text[place + 1] == '*');
-    if (power || numberIsFactor) {
-        if (first == reading.unitBegin)
-            return true;
-        locate(entry, folded, reading.unitBegin, place);
-        return refuse(entry, "A number in a unit text is to be a factor above 0.");
-    }
-    entry.value = negative ? -value : value;
-    while (folded.text[place] == ' ')
-        ++place;
-    if (isDigit(folded.text[place]) || (folded.text[place] == '.' && isDigit(folded.text[place + 1])))
-        return refuseSecondNumber(entry, folded, place);
-    if (folded.text[place] == '/' && isDigit(folded.text[place + 1])) {
-        locate(entry, folded, place, place + 1);
-        return refuse(entry, "A fraction is to be written as a decimal number.");
-    }
-    if (folded.text[place] == '*') // "5 * m"
-        ++place;
-    while (folded.text[place] == ' ')
-        ++place;
-    reading.unitBegin = place;
-    return true;
-}
-
-bool isEmpty(const Reading &reading) {
-    for (int32_t i = reading.unitBegin; i < reading.folded.length; ++i)
-        if (reading.folded.text[i] != ' ')
-            return false;
-    return true;
-}
-
-// --- the ways to read a text
-
-bool isSameProduct(const Product &a, const Product &b) {
-    if (a.count != b.count || wide_Rounded(a.number) != wide_Rounded(b.number))
-        return false;
-    for (int32_t i = 0; i < a.count; ++i)
-        if (a.terms[i].unit != b.terms[i].unit || a.terms[i].multiplier != b.terms[i].multiplier ||
-            a.terms[i].exponent != b.terms[i].exponent)
-            return false;
-    return true;
-}
-
-// Reads the text one way; one that means what another has meant before is not kept.
-void tryWay(const Catalogue &catalogue, const Words &words, int32_t classId, const Way &way, Reading &reading) {
-    if (reading.count == Reading::LIMIT)
-        return;
-    Product &product = reading.products[reading.count];
-    Complaint complaint;
-    if (!product_Read(catalogue, words, reading.folded, reading.unitBegin, classId, way, product, complaint)) {
-        if (reading.count == 0 && !*reading.complaint.message)
-            reading.complaint = complaint;
-        return;
-    }
-    for (int32_t i = 0; i < reading.count; ++i)
-        if (isSameProduct(reading.products[i], product))
-            return;
-    reading.measures[reading.count] = product_Measure(words, product);
-    ++reading.count;
-}
-
-void readWays(const Catalogue &catalogue, const Words &words, int32_t classId, Reading &reading) {
-    Way way;
-    tryWay(catalogue, words, classId, way, reading);
-    const Product first = reading.products[0];
-    if (first.hasSecondSlash)
-        tryWay(catalogue, words, classId, {true, false, false}, reading);
-    if (first.hasLateStar)
-        tryWay(catalogue, words, classId, {false, true, false}, reading);
-    reading.whole = reading.count;
-    if (first.hasCompound)
-        tryWay(catalogue, words, classId, {false, false, true}, reading);
-}
 
 // --- messages about what does not fit
 
@@ -257,7 +87,7 @@ void tellClasses(const Catalogue &catalogue, const Words &words, const char *cla
     const int32_t count = findClasses(catalogue, words, reading, candidates, TOLD_CLASSES);
     char typed[64];
     str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
-    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
     char classes[128] = "";
     TextWriter writer(classes, sizeof classes);
     for (int32_t i = 0; i < count; ++i) {
@@ -265,26 +95,27 @@ void tellClasses(const Catalogue &catalogue, const Words &words, const char *cla
         str_Write(writer, nameOfClass(catalogue, candidates[i].classId));
     }
     if (!classString)
-        refuse(entry, "\"%s\" is a unit of no class.", typed);
+        entry_Refuse(entry, "\"%s\" is a unit of no class.", typed);
     else if (count > 0)
-        refuse(entry, "\"%s\" is no unit of %s; it is one of %s.", typed, classString, classes);
+        entry_Refuse(entry, "\"%s\" is no unit of %s; it is one of %s.", typed, classString, classes);
     else
-        refuse(entry, "\"%s\" is no unit of %s.", typed, classString);
+        entry_Refuse(entry, "\"%s\" is no unit of %s.", typed, classString);
 }
 
 void tellGas(const char *classString, const Reading &reading, UomEntry &entry) {
     char typed[64];
     str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
-    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
-    refuse(entry, "\"%s\" is an amount of gas, told by its volume under standard conditions, and no unit of %s.", typed,
-           classString ? classString : "a volume");
+    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    entry_Refuse(entry, "\"%s\" is an amount of gas, told by its volume under standard conditions, and no unit of %s.",
+                 typed, classString ? classString : "a volume");
 }
 
 void tellAmbiguous(const Reading &reading, UomEntry &entry) {
-    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
-    refuse(entry,
-           "The text can mean two things, since \"a/b/c\" may be a/(b c) or a/(b/c), and \"a/b*c\" may be (a/b) c or "
-           "a/(b c): set parentheses.");
+    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    entry_Refuse(
+        entry,
+        "The text can mean two things, since \"a/b/c\" may be a/(b c) or a/(b/c), and \"a/b*c\" may be (a/b) c or "
+        "a/(b c): set parentheses.");
 }
 
 // A text with the word at the complaint replaced by a name that is known.
@@ -306,7 +137,7 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
             continue;
         Reading other;
         UomEntry read;
-        begin(read);
+        entry_Begin(read);
         const int32_t classId = classString ? class_Find(catalogue, classString, STYLE_TOKEN) : CLASS_NONE;
         if (!entry_Read(catalogue, words, classId, text, numberIsFactor, other, read) || other.count == 0)
             continue;
@@ -321,8 +152,8 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
 
 void complain(const Words &words, const Catalogue &catalogue, const char *classString, bool numberIsFactor,
               const Reading &reading, UomEntry &entry) {
-    locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
-    refuse(entry, "%s", reading.complaint.message);
+    entry_Locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
+    entry_Refuse(entry, "%s", reading.complaint.message);
     if (reading.complaint.unknownWord)
         suggestName(catalogue, words, classString, numberIsFactor, reading, entry);
 }
@@ -481,7 +312,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     if (fold_Text(folded, classString))
         classString = folded.text;
     if (std::strlen(classString) >= sizeof entry.classString)
-        return refuse(entry, "The class string is longer than any class string.");
+        return entry_Refuse(entry, "The class string is longer than any class string.");
     str_CopyBounded(entry.classString, sizeof entry.classString, classString);
     const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
     Shape shape = shape_OfClass(words, classId);
@@ -490,7 +321,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
         if (!chain.chain || uoms_IsClassValid(catalogue, classString) == 0) {
             if (const char *nearest = suggest_Class(catalogue, classString))
                 str_CopyBounded(entry.suggestion, sizeof entry.suggestion, nearest);
-            return refuse(entry, "\"%s\" is no class of quantities.", classString);
+            return entry_Refuse(entry, "\"%s\" is no class of quantities.", classString);
         }
         shape = shapeOfChain(catalogue, chain.chain, CLASS_NONE);
     }
@@ -544,141 +375,7 @@ bool readAny(const Catalogue &catalogue, const Words &words, const char *text, U
     return entry_Finish(catalogue, token, reading, best.fit, entry);
 }
 
-// All of an entry but its units, where there is nothing to say.
-void accept(UomEntry &entry, const char *classString) {
-    entry.value = NAN;
-    entry.scale = 1.0;
-    entry.position = entry.length = 0;
-    entry.message[0] = entry.suggestion[0] = '\0';
-    str_CopyBounded(entry.classString, sizeof entry.classString, classString);
-}
-
-// The commonest text by far: the token of a unit of the class, in its own case. Nothing else is looked at then.
-bool isToken(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
-    const int32_t unit = *text ? unit_FindToken(catalogue, text) : NO_UNIT;
-    if (unit <= NO_UNIT || std::strcmp(unit_Token(catalogue, unit), text) != 0)
-        return false;
-    const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
-    const UomClassRow *row = class_ValidRow(catalogue, classId);
-    if (!row || row->baseClass[0] != 0 || classId < CLASS_DIMENSIONLESS ||
-        uom_GetUnitListIndex(catalogue, classId, unit) < 0 || std::strlen(classString) >= sizeof entry.classString)
-        return false;
-    // A gas volume is judged elsewhere.
-    if (classId == CLASS_LIQ_VOL || classId == CLASS_ACT_VOL)
-        return false;
-    str_CopyBounded(entry.units, sizeof entry.units, text);
-    accept(entry, classString);
-    return true;
-}
-
-// Whether the unit might be a gas volume in a place where it is none: such a text is judged with care.
-bool mayBeForeignGas(const Catalogue &catalogue, const UomStructNode &node) {
-    return (node.baseClass == CLASS_LIQ_VOL || node.baseClass == CLASS_ACT_VOL) &&
-           std::strchr("SN", *unit_Token(catalogue, node.unit));
-}
-
-// Takes the head off the text if it stands there.
-bool take(std::string_view &text, std::string_view head) {
-    if (str_Head(text, head.size()) != head)
-        return false;
-    text.remove_prefix(head.size());
-    return true;
-}
-
-// Takes the unit of a node off the text as the catalogue prints it: multiplier, token, power.
-bool takeNode(const Catalogue &catalogue, const UomStructNode &node, std::string_view &text) {
-    const UomUnit *unit = unit_Record(catalogue, node.unit);
-    char multiplier[16] = "";
-    if (unit && node.multiplier != 0)
-        multiplier_Write(node.multiplier, unit->multiplierStyle, multiplier, sizeof multiplier);
-    if (!unit || !take(text, multiplier) || !take(text, unit->token))
-        return false;
-    const int32_t power = std::abs(node.baseExponent);
-    if (power > 9)
-        return false;
-    const char digit = static_cast<char>('0' + power);
-    return power == 1 || take(text, std::string_view(&digit, 1));
-}
-
-// Whether the text is what the catalogue prints for a chain without groups: units above the line, then those below.
-bool isPrinted(const Catalogue &catalogue, const UomStructNode *chain, std::string_view text) {
-    bool any = false;
-    for (const bool above : {true, false}) {
-        bool first = true;
-        for (const UomStructNode *node = chain; node; node = node->next) {
-            if (isParenthesis(node) || node->baseClass == CLASS_BASIS || node->baseExponent == 0)
-                return false;
-            if ((node->baseExponent > 0) != above || node->unit == NO_UNIT) // none behind a whole quotient
-                continue;
-            if ((!first && !take(text, "-")) || (first && !above && (!any || !take(text, "/"))) ||
-                !takeNode(catalogue, *node, text))
-                return false;
-            first = false;
-            any = true;
-        }
-    }
-    return any && text.empty();
-}
-
-// Units in the very form that the catalogue prints: then the classical reader has read all of the text.
-bool isCanonical(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
-    if ((!str_IsLetter(*text) && *text != '$') || std::strlen(classString) >= sizeof entry.classString)
-        return false;
-    ParsedChain chain(catalogue, classString);
-    if (!chain.chain || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
-        return false;
-    bool printed = isPrinted(catalogue, chain.chain, text);
-    if (!printed && std::strchr(text, '(')) { // powers of classes are printed as groups
-        uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
-        printed = std::strcmp(entry.units, text) == 0;
-    }
-    if (!printed || str_CopyBounded(entry.units, sizeof entry.units, text) != 0)
-        return false;
-    for (const UomStructNode *node = chain.chain; node; node = node->next)
-        if (mayBeForeignGas(catalogue, *node))
-            return false;
-    accept(entry, classString);
-    return true;
-}
-
 } // namespace
-
-ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape,
-                   bool firstOnly) {
-    ClassFit best;
-    for (int32_t i = 0; i < (firstOnly ? std::min(reading.count, 1) : reading.count); ++i) {
-        if (i >= reading.whole && best.product >= 0)
-            break; // names are taken apart only when nothing fits whole
-        const Fit fit = fit_Product(catalogue, words, reading.products[i], reading.measures[i], shape);
-        best.fit.refusedGas = best.fit.refusedGas || fit.refusedGas;
-        if (fit.kind == FitKind::NONE)
-            continue;
-        if (best.product >= 0) {
-            best.ambiguous = true;
-            continue;
-        }
-        const bool refusedGas = best.fit.refusedGas;
-        best.fit = fit;
-        best.fit.refusedGas = refusedGas;
-        best.product = i;
-    }
-    return best;
-}
-
-bool entry_Read(const Catalogue &catalogue, const Words &words, int32_t classId, const char *text, bool numberIsFactor,
-                Reading &reading, UomEntry &entry) {
-    reading.count = reading.whole = 0;
-    if (!fold_Text(reading.folded, text))
-        return refuseSigns(entry, reading.folded, text);
-    if (!readValue(reading, numberIsFactor, entry))
-        return false;
-    if (isEmpty(reading)) {
-        locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
-        return refuse(entry, "The unit is missing.");
-    }
-    readWays(catalogue, words, classId, reading);
-    return true;
-}
 
 bool entry_Finish(const Catalogue &catalogue, const char *classString, const Reading &reading, const ClassFit &fit,
                   UomEntry &entry) {
@@ -698,26 +395,25 @@ bool entry_Finish(const Catalogue &catalogue, const char *classString, const Rea
         same = a->unit == b->unit && a->multiplier == b->multiplier;
     if (same && std::isfinite(entry.scale) && entry.scale != 0.0)
         return true;
-    locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
-    return refuse(entry, "The catalogue has no text for these units of %s.", classString);
+    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    return entry_Refuse(entry, "The catalogue has no text for these units of %s.", classString);
 }
 
 int32_t uom_ReadEntry(const Catalogue &catalogue, const char *classString, const char *text, UomEntry *entry) {
     const bool any = str_IsEmpty(classString);
-    if (text && entry && !any &&
-        (isToken(catalogue, classString, text, *entry) || isCanonical(catalogue, classString, text, *entry)))
+    if (text && entry && !any && canonical_Read(catalogue, classString, text, *entry))
         return UOM_DONE;
     if (entry)
-        begin(*entry);
+        entry_Begin(*entry);
     if (!text || !entry) {
         error_Set("Invalid input arguments detected in function uom_ReadEntry().");
         if (entry)
-            refuse(*entry, "There is no text to read.");
+            entry_Refuse(*entry, "There is no text to read.");
         return UOM_REFUSED;
     }
     const Words *words = words_Of(catalogue);
     if (!words) {
-        refuse(*entry, "Memory is exhausted.");
+        entry_Refuse(*entry, "Memory is exhausted.");
         error_Set("%s", entry->message);
         return UOM_NO_MEMORY;
     }
@@ -735,7 +431,7 @@ UomTable *uom_GetEntryClasses(const Catalogue &catalogue, const char *text) {
         return nullptr;
     Reading reading;
     UomEntry entry;
-    begin(entry);
+    entry_Begin(entry);
     if (!entry_Read(catalogue, *words, CLASS_NONE, text, false, reading, entry) || reading.count == 0)
         return table;
     constexpr int32_t MOST = 64;

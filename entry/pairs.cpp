@@ -276,9 +276,7 @@ int32_t refuseBareVolume(Pair &pair, int32_t which, UomEntry *entry) {
 // Reads a text without a class as far as it goes. False with the entry's message.
 bool readAlone(Pair &pair, int32_t which) {
     UomEntry &entry = pair.sides[which].entry;
-    entry = {};
-    entry.value = NAN;
-    entry.scale = 1.0;
+    entry_Begin(entry);
     if (entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, pair.readings[which], entry) &&
         pair.readings[which].count > 0)
         return true;
@@ -344,9 +342,7 @@ int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *cla
     if (out)
         *out = nullptr;
     if (entry) {
-        *entry = {};
-        entry->value = NAN;
-        entry->scale = 1.0;
+        entry_Begin(*entry);
     }
     if (!from || !to || !out) {
         error_Set("Invalid input arguments detected in function uom_NewConversionFromEntries().");

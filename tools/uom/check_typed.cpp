@@ -1,4 +1,5 @@
 // uom check of files of aliases and of slate definitions: what the strict reader makes of each line.
+#include <filesystem>
 #include <fstream>
 #include <map>
 
@@ -108,7 +109,10 @@ void checkSlateLine(const Line &line, Findings &findings) {
 } // namespace
 
 FileKind kindOf(const std::string &path) {
+    std::error_code error;
     FileKind kind = FileKind::DATA;
+    if (!std::filesystem::is_regular_file(path, error)) // a pipe is not waited for
+        return kind;
     for (const Line &line : readLines(path)) {
         if (line.text == "BEGINUOMLIST")
             return FileKind::DATA;

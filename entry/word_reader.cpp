@@ -1,0 +1,379 @@
+#include "entry/word_reader.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "catalogue/class_table.h"
+#include "catalogue/units.h"
+#include "entry/prefixes.h"
+#include "support/numbers.h"
+#include "support/text.h"
+#include "uomstruct/unit_scan.h"
+
+namespace uom {
+
+bool text_IsLetter(char c) {
+    return str_IsLetter(c) || c == '%' || c == '$' || c == '\'' || c == '"' || c == '#';
+}
+
+bool text_IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool word_Refuse(TextReader &reader, int32_t begin, int32_t end, const char *format, const char *detail) {
+    if (*reader.complaint.message)
+        return false;
+    reader.complaint.begin = begin;
+    reader.complaint.end = end;
+    str_FormatBounded(reader.complaint.message, sizeof reader.complaint.message, format, detail);
+    return false;
+}
+
+bool word_EndsIn(const TextReader &reader, int32_t end, std::string_view tail) {
+    const int32_t begin = end - static_cast<int32_t>(tail.size());
+    return begin >= 0 && str_EqualNoCase(std::string_view(reader.text.text + begin, tail.size()), tail);
+}
+
+int32_t word_EndOfLetters(const TextReader &reader, int32_t begin) {
+    while (text_IsLetter(reader.at(begin)))
+        ++begin;
+    return begin;
+}
+
+std::string_view word_Ahead(const TextReader &reader, int32_t place) {
+    return {reader.text.text + place, static_cast<size_t>(reader.length - place)};
+}
+
+namespace {
+
+constexpr int32_t LONGEST_NAME = 80;
+
+// Whether the name stands at this place, whatever the case: a blank of the name may miss in the text, but not the other
+// way round.
+bool stands(const WordName &name, const char *text, int32_t length, bool *exactCase) {
+    *exactCase = true;
+    int32_t i = 0;
+    for (const char *c = name.text; *c; ++c) {
+        if (*c == ' ') {
+            while (i < length && text[i] == ' ')
+                ++i;
+            continue;
+        }
+        if (i >= length || str_Lower(text[i]) != str_Lower(*c))
+            return false;
+        *exactCase = *exactCase && text[i] == *c;
+        ++i;
+    }
+    return i == length;
+}
+
+bool isBoundToOthers(const TextReader &reader, const WordName &name) {
+    if (name.kind != NameKind::ALIAS)
+        return false;
+    const int32_t *classes = reader.words.aliases[name.target].classes;
+    if (*classes == 0)
+        return false;
+    for (; *classes != 0; ++classes)
+        if (*classes == reader.classId)
+            return false;
+    return true;
+}
+
+// Names of amounts ("kg-mol") stay whole, since their parts mean something else.
+bool isCompound(const TextReader &reader, const WordName &name) {
+    if (!std::strpbrk(name.text, "/-"))
+        return false;
+    const int32_t number = name.kind == NameKind::ALIAS
+                               ? unit_FindToken(reader.catalogue, reader.words.aliases[name.target].unitText)
+                               : name.target;
+    const UnitQuantity &unit = reader.words.units[number > NO_UNIT ? number : NO_UNIT];
+    return !unit.known || unit.dimension[AXIS_AMOUNT] == 0;
+}
+
+// What the hash finds between two places, the name in its exact case before one in another.
+Match findName(TextReader &reader, int32_t begin, int32_t end, uint32_t hash, bool exactOnly = false) {
+    Match match;
+    words_Find(reader.words, hash, [&](const WordName &name) {
+        bool exactCase;
+        if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
+            return false;
+        if (exactOnly && !exactCase)
+            return false;
+        const bool bound = isBoundToOthers(reader, name);
+        if (bound && reader.classId != CLASS_NONE)
+            return false;
+        if (isCompound(reader, name)) {
+            reader.product.hasCompound = true;
+            if (reader.way.splitNames)
+                return false;
+        }
+        // Where no class is given, a name that is bound to classes is the last choice.
+        if (!match.name || (exactCase && !match.exactCase && !bound) || (match.bound && !bound))
+            match = {end, &name, exactCase, bound};
+        return match.exactCase && !match.bound;
+    });
+    return match;
+}
+
+// A name ends where letters, digits or other signs give way to each other.
+bool isBoundary(const TextReader &reader, int32_t place) {
+    const char before = reader.at(place - 1), behind = reader.at(place);
+    if (before == ' ')
+        return false;
+    return !((text_IsLetter(before) && text_IsLetter(behind)) || (text_IsDigit(before) && text_IsDigit(behind)));
+}
+
+// One name for exactly this stretch.
+Match nameOf(TextReader &reader, int32_t begin, int32_t end, bool exactOnly = false) {
+    uint32_t hash = WORD_HASH;
+    for (int32_t i = begin; i < end; ++i)
+        hash = words_HashOn(hash, reader.at(i));
+    return findName(reader, begin, end, hash, exactOnly);
+}
+
+constexpr int32_t SHORTEST_PLURAL = 3; // letters of a name that takes an s
+
+// A name without what grammar put behind it: the s of a plural, the e of "lb-mole". "kPas" is no plural of a pressure.
+Match changedName(TextReader &reader, int32_t begin, int32_t end) {
+    Match match;
+    const char before = reader.at(end - 2), last = str_Lower(reader.at(end - 1));
+    if (last == 'e' && word_EndsIn(reader, end, "mole"))
+        match = nameOf(reader, begin, end - 1);
+    else if (last == 's' && str_IsLetter(before) && end - 1 - begin >= SHORTEST_PLURAL &&
+             !word_EndsIn(reader, end, "Pas")) {
+        match = nameOf(reader, begin, end - 1);
+        for (const std::string_view tail : {std::string_view("es"), std::string_view("moles")})
+            if (!match.name && word_EndsIn(reader, end, tail))
+                match = nameOf(reader, begin, end - 2);
+    }
+    if (match.name)
+        match.end = end;
+    return match;
+}
+
+// The size of what a name names alone, NaN when it is not one plain unit.
+double sizeOf(const TextReader &reader, const Match &match) {
+    if (!match.name || match.name->kind == NameKind::ALIAS)
+        return NAN;
+    const UnitQuantity &unit = reader.words.units[match.name->target];
+    return unit.known ? unit.size : NAN;
+}
+
+bool refuseTwoMeanings(TextReader &reader, const Word &word, const char *other, int32_t otherEnd) {
+    char meanings[128];
+    char typed[64];
+    str_CopyBounded(typed, sizeof typed,
+                    str_Head(word_Ahead(reader, word.begin + 1), static_cast<size_t>(otherEnd - word.begin - 1)));
+    str_FormatBounded(meanings, sizeof meanings, "%s, or %c as the prefix of %s", word.match.name->text,
+                      reader.at(word.begin), other ? other : typed);
+    return word_Refuse(reader, word.begin, otherEnd, "This can mean %s: write it in the case of its symbol.", meanings);
+}
+
+// In another case than its own, a name may be taken for a prefix and a symbol: "mw" is neither mW nor MW.
+bool isAmbiguous(TextReader &reader, const Word &word) {
+    const PrefixedUnit other = prefix_IfCaseWereFree(word_Ahead(reader, word.begin));
+    if (other.prefixLength != 1 || other.rare || word.match.name->text[0] == reader.at(word.begin) ||
+        std::strchr(word.match.name->text, ' '))
+        return false;
+    const Match behind = word_Longest(reader, word.begin + 1);
+    if (!behind.name)
+        return false;
+    const double meant = sizeOf(reader, word.match);
+    const double otherwise = sizeOf(reader, behind) * std::pow(10.0, other.power);
+    if (std::fabs(meant / otherwise - 1.0) < 1e-9)
+        return false;
+    refuseTwoMeanings(reader, word, behind.name->text, word.match.end);
+    return true;
+}
+
+// The unit behind a prefix; of symbols its own case counts.
+bool takePrefixed(TextReader &reader, Word &word, const PrefixedUnit &prefix, bool exactCase) {
+    if (prefix.prefixLength == 0)
+        return false;
+    const int32_t begin = word.begin + prefix.prefixLength;
+    const Match behind = nameOf(reader, begin, begin + prefix.unitLength, exactCase);
+    if (!behind.name)
+        return false;
+    word.match = behind;
+    word.power = prefix.power;
+    return true;
+}
+
+bool isPressure(const TextReader &reader, const Match &match) {
+    if (!match.name || match.name->kind == NameKind::ALIAS)
+        return false;
+    return reader.words.units[match.name->target].dimension ==
+           dimension_OfClass(reader.catalogue, CLASS_PRES).dimension;
+}
+
+// "MM BTU", "Mlb", "k*m3": thousands and millions as the catalogue writes them in front of this unit.
+bool takeMultiplied(TextReader &reader, Word &word) {
+    for (const int32_t style : {1, 0}) {
+        int32_t code;
+        const char *rest;
+        const char *head = reader.text.text + word.begin;
+        if (multiplier_FindAtHead(head, style, &code, &rest) != 1)
+            continue;
+        const Match behind = word_Longest(reader, word.begin + static_cast<int32_t>(rest - head));
+        if (!behind.name || behind.name->kind == NameKind::ALIAS)
+            continue;
+        const UomUnit *unit = unit_Record(reader.catalogue, behind.name->target);
+        if (!unit || (unit->multiplierStyle == 1) != (style == 1))
+            continue;
+        word.match = behind;
+        word.multiplier = code;
+        return true;
+    }
+    return false;
+}
+
+// The letters from `begin` to `end` as one unit: a name or a prefixed symbol, its own case before another.
+bool findStretch(TextReader &reader, Word &word, int32_t end) {
+    word.match = nameOf(reader, word.begin, end, true);
+    if (word.match.name)
+        return true;
+    const std::string_view typed = str_Head(word_Ahead(reader, word.begin), static_cast<size_t>(end - word.begin));
+    if (takePrefixed(reader, word, prefix_OfSymbol(typed), true) && word.match.end == end)
+        return true;
+    word.power = 0;
+    word.match = nameOf(reader, word.begin, end);
+    return word.match.name && !isAmbiguous(reader, word);
+}
+
+// Units that people write without a sign between ("kgK", "Nm", "Pas"): a name in its own case, then one of these.
+bool findJoinedWord(TextReader &reader, Word &word) {
+    const int32_t end = word_EndOfLetters(reader, word.begin);
+    const char last = reader.at(end - 1);
+    if (end - word.begin < 2 || !std::strchr("KCFRsmh", last))
+        return false;
+    Word head = word;
+    const std::string_view typed = str_Head(word_Ahead(reader, word.begin), static_cast<size_t>(end - 1 - word.begin));
+    head.match = nameOf(reader, word.begin, end - 1, true);
+    if (!head.match.name && !(takePrefixed(reader, head, prefix_OfSymbol(typed), true) && head.match.end == end - 1))
+        return false;
+    // An s is a second behind these alone, a plural behind others.
+    if (last == 's' && !std::strchr("aWNA", typed.back()))
+        return false;
+    word = head;
+    word.match.end = end - 1;
+    word.joined = true;
+    return true;
+}
+
+// A pressure with the mark of its scale: "kPaa", "mbarg", "psid".
+bool findMarkedPressure(TextReader &reader, Word &word) {
+    const int32_t end = word_EndOfLetters(reader, word.begin);
+    const char mark = str_Lower(reader.at(end - 1));
+    if (end - word.begin < 3 || !std::strchr("agvd", mark))
+        return false;
+    Word stem = word;
+    if (!findStretch(reader, stem, end - 1) || !isPressure(reader, stem.match))
+        return false;
+    word = stem;
+    word.match.end = end;
+    word.scale = mark;
+    return true;
+}
+
+// "lbs", "kms": an s behind a symbol of two letters and more.
+bool findPluralSymbol(TextReader &reader, Word &word) {
+    const int32_t end = word_EndOfLetters(reader, word.begin);
+    if (str_Lower(reader.at(end - 1)) != 's' || end - word.begin < 3)
+        return false;
+    Word stem = word;
+    const bool capitals = str_Lower(reader.at(word.begin)) != reader.at(word.begin) && reader.at(end - 1) == 'S';
+    if (!findStretch(reader, stem, end - 1) || !(stem.match.exactCase || capitals))
+        return false;
+    word = stem;
+    word.match.end = end;
+    return true;
+}
+
+// "Kilometers", "MICROBAR", "KWH": prefixes by name, and symbols of those who write in one case.
+bool findPrefixedInAnyCase(TextReader &reader, Word &word) {
+    if (takePrefixed(reader, word, prefix_OfName(word_Ahead(reader, word.begin)), false)) {
+        if (str_Lower(reader.at(word.match.end)) == 's' && !str_IsLetter(reader.at(word.match.end + 1)))
+            ++word.match.end;
+        return true;
+    }
+    return takePrefixed(reader, word, prefix_IfCaseWereFree(word_Ahead(reader, word.begin)), false);
+}
+
+// A word that is no name.
+bool findChangedWord(TextReader &reader, Word &word) {
+    return takeMultiplied(reader, word) || findJoinedWord(reader, word) || findMarkedPressure(reader, word) ||
+           findPluralSymbol(reader, word) || findPrefixedInAnyCase(reader, word);
+}
+
+// "mK" behind a sign is as often m K as a millikelvin.
+bool isMeterKelvin(const TextReader &reader, int32_t begin) {
+    return reader.at(begin) == 'm' && reader.at(begin + 1) == 'K' && !text_IsLetter(reader.at(begin + 2)) &&
+           reader.product.count > 0;
+}
+
+bool refuseUnknown(TextReader &reader, int32_t begin) {
+    int32_t end = word_EndOfLetters(reader, begin);
+    if (end == begin)
+        end = begin + 1;
+    char typed[64];
+    str_CopyBounded(typed, sizeof typed, str_Head(word_Ahead(reader, begin), static_cast<size_t>(end - begin)));
+    reader.complaint.unknownWord = !*reader.complaint.message;
+    return word_Refuse(reader, begin, end, "\"%s\" is no unit that is known here.", typed);
+}
+
+// "k*", "M ", "MM ": no unit is meant where a multiplier stands by itself.
+bool isMultiplierSign(const TextReader &reader, int32_t begin) {
+    const std::string_view text = word_Ahead(reader, begin);
+    for (const std::string_view sign :
+         {std::string_view("k*"), std::string_view("M*"), std::string_view("M "), std::string_view("MM ")})
+        if (str_Head(text, sign.size()) == sign && str_Head(str_Behind(text, 2), 1) != "*")
+            return true;
+    return false;
+}
+
+} // namespace
+
+Match word_Longest(TextReader &reader, int32_t begin) {
+    Match longest;
+    uint32_t hash = WORD_HASH;
+    const int32_t last = begin + LONGEST_NAME < reader.length ? begin + LONGEST_NAME : reader.length;
+    for (int32_t end = begin; end < last;) {
+        hash = words_HashOn(hash, reader.at(end++));
+        if (!isBoundary(reader, end))
+            continue;
+        Match match = findName(reader, begin, end, hash);
+        if (!match.name && end - begin > 1)
+            match = changedName(reader, begin, end);
+        // "R/min" is rankine by minute: an alias that is a quotient in another case is no better than its parts.
+        const bool otherCase = match.name && !match.exactCase && longest.exactCase &&
+                               match.name->kind == NameKind::ALIAS && std::strchr(match.name->text, '/');
+        if (match.name && !otherCase)
+            longest = match;
+    }
+    return longest;
+}
+
+bool word_Find(TextReader &reader, Word &word) {
+    word.begin = reader.place;
+    if (isMultiplierSign(reader, word.begin) && takeMultiplied(reader, word))
+        return true;
+    const Match name = word_Longest(reader, word.begin);
+    const PrefixedUnit prefix = prefix_OfSymbol(word_Ahead(reader, word.begin));
+    word.match = name;
+    if (name.name && name.exactCase)
+        return true;
+    Word prefixed = word;
+    if (!isMeterKelvin(reader, word.begin) && takePrefixed(reader, prefixed, prefix, true) &&
+        (!name.name || name.end <= prefixed.match.end)) {
+        // Of a prefix that nobody writes and a name in another case nobody knows which is meant.
+        if (name.name && prefix.rare && name.end == prefixed.match.end)
+            return refuseTwoMeanings(reader, word, prefixed.match.name->text, name.end);
+        word = prefixed;
+        return true;
+    }
+    if (name.name)
+        return !isAmbiguous(reader, word);
+    return findChangedWord(reader, word) || refuseUnknown(reader, word.begin);
+}
+
+} // namespace uom
