@@ -95,6 +95,12 @@ bool isPrinted(const Catalogue &catalogue, const UomStructNode *chain, std::stri
     return any && text.empty();
 }
 
+bool hasBasis(const UomStructNode *chain) {
+    while (chain && chain->baseClass != CLASS_BASIS)
+        chain = chain->next;
+    return chain != nullptr;
+}
+
 // Units in the very form that the catalogue prints: then the classical reader has read all of the text.
 bool isCanonical(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
     if ((!str_IsLetter(*text) && *text != '$') || std::strlen(classString) >= sizeof entry.classString)
@@ -103,7 +109,8 @@ bool isCanonical(const Catalogue &catalogue, const char *classString, const char
     if (!chain.chain || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
         return false;
     bool printed = isPrinted(catalogue, chain.chain, text);
-    if (!printed && std::strchr(text, '(')) { // powers of classes are printed as groups
+    // A basis, and the groups that powers of classes are printed as.
+    if (!printed && (std::strchr(text, '(') || hasBasis(chain.chain))) {
         uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
         printed = std::strcmp(entry.units, text) == 0;
     }

@@ -27,9 +27,6 @@ const char *nameOfClass(const Catalogue &catalogue, int32_t classId) {
     return class_Token(catalogue, classId);
 }
 
-void complain(const Words &words, const Catalogue &catalogue, const char *classString, bool numberIsFactor,
-              const Reading &reading, UomEntry &entry);
-
 struct Candidate {
     int32_t classId;
     ClassFit fit;
@@ -118,44 +115,38 @@ void tellAmbiguous(const Reading &reading, UomEntry &entry) {
         "a/(b c): set parentheses.");
 }
 
-// A text with the word at the complaint replaced by a name that is known.
-void suggestName(const Catalogue &catalogue, const Words &words, const char *classString, bool numberIsFactor,
-                 const Reading &reading, UomEntry &entry) {
+bool readTyped(const Catalogue &catalogue, const Words &words, const char *classString, const char *text, bool suggests,
+               UomEntry &entry);
+
+// A text with the word at the complaint replaced by a name that is known, if that is read.
+void suggestName(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+                 UomEntry &entry) {
     const FoldedText &folded = reading.folded;
-    const Complaint &complaint = reading.complaint;
     const std::string_view typed(folded.text, static_cast<size_t>(folded.length));
-    const size_t from = static_cast<size_t>(complaint.begin), to = static_cast<size_t>(complaint.end);
+    const size_t from = static_cast<size_t>(reading.complaint.begin), to = static_cast<size_t>(reading.complaint.end);
     Suggestions suggestions;
-    suggest_Names(words, str_Head(str_Behind(typed, from), to - from), suggestions);
+    suggest_Names(words, str_Behind(str_Head(typed, to), from), suggestions);
     for (int32_t i = 0; i < suggestions.count; ++i) {
         char text[sizeof entry.suggestion];
         TextWriter writer(text, sizeof text);
         str_Write(writer, str_Head(typed, from));
         str_Write(writer, suggestions.names[i]);
         str_Write(writer, str_Behind(typed, to));
-        if (writer.wanted >= sizeof text)
-            continue;
-        Reading other;
         UomEntry read;
         entry_Begin(read);
-        const int32_t classId = classString ? class_Find(catalogue, classString, STYLE_TOKEN) : CLASS_NONE;
-        if (!entry_Read(catalogue, words, classId, text, numberIsFactor, other, read) || other.count == 0)
-            continue;
-        const bool fits = classId == CLASS_NONE ||
-                          entry_Fit(catalogue, words, other, shape_OfClass(words, classId)).fit.kind != FitKind::NONE;
-        if (!fits)
+        if (writer.wanted >= sizeof text || !readTyped(catalogue, words, classString, text, false, read))
             continue;
         str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
         return;
     }
 }
 
-void complain(const Words &words, const Catalogue &catalogue, const char *classString, bool numberIsFactor,
-              const Reading &reading, UomEntry &entry) {
+void complain(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+              bool suggests, UomEntry &entry) {
     entry_Locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
     entry_Refuse(entry, "%s", reading.complaint.message);
-    if (reading.complaint.unknownWord)
-        suggestName(catalogue, words, classString, numberIsFactor, reading, entry);
+    if (suggests && reading.complaint.unknownWord)
+        suggestName(catalogue, words, classString, reading, entry);
 }
 
 // --- the text of a fit
@@ -306,7 +297,7 @@ bool readCounted(const Catalogue &catalogue, const Words &words, const char *cla
 
 // --- a text of a given class, and of any
 
-bool readGiven(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
+bool readGiven(const Catalogue &catalogue, const Words &words, const char *classString, const char *text, bool suggests,
                UomEntry &entry) {
     FoldedText folded; // superscripts as digits
     if (fold_Text(folded, classString))
@@ -329,7 +320,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     if (!entry_Read(catalogue, words, classId, text, false, reading, entry))
         return false;
     if (reading.count == 0) {
-        complain(words, catalogue, classString, false, reading, entry);
+        complain(catalogue, words, classString, reading, suggests, entry);
         return false;
     }
     if (shape.count == 0) {
@@ -353,12 +344,12 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     return false;
 }
 
-bool readAny(const Catalogue &catalogue, const Words &words, const char *text, UomEntry &entry) {
+bool readAny(const Catalogue &catalogue, const Words &words, const char *text, bool suggests, UomEntry &entry) {
     Reading reading;
     if (!entry_Read(catalogue, words, CLASS_NONE, text, false, reading, entry))
         return false;
     if (reading.count == 0) {
-        complain(words, catalogue, nullptr, false, reading, entry);
+        complain(catalogue, words, nullptr, reading, suggests, entry);
         return false;
     }
     Candidate best;
@@ -373,6 +364,22 @@ bool readAny(const Catalogue &catalogue, const Words &words, const char *text, U
     const char *token = nameOfClass(catalogue, best.classId);
     str_CopyBounded(entry.classString, sizeof entry.classString, token);
     return entry_Finish(catalogue, token, reading, best.fit, entry);
+}
+
+// Of a class, or of any where there is none.
+bool readTyped(const Catalogue &catalogue, const Words &words, const char *classString, const char *text, bool suggests,
+               UomEntry &entry) {
+    if (classString ? readGiven(catalogue, words, classString, text, suggests, entry)
+                    : readAny(catalogue, words, text, suggests, entry))
+        return true;
+    // A suggestion about the text, and not about the class, is to be read as it stands.
+    if (suggests && *entry.suggestion && entry.length > 0) {
+        UomEntry read;
+        entry_Begin(read);
+        if (!readTyped(catalogue, words, classString, entry.suggestion, false, read))
+            *entry.suggestion = '\0';
+    }
+    return false;
 }
 
 } // namespace
@@ -417,8 +424,7 @@ int32_t uom_ReadEntry(const Catalogue &catalogue, const char *classString, const
         error_Set("%s", entry->message);
         return UOM_NO_MEMORY;
     }
-    const bool read =
-        any ? readAny(catalogue, *words, text, *entry) : readGiven(catalogue, *words, classString, text, *entry);
+    const bool read = readTyped(catalogue, *words, any ? nullptr : classString, text, true, *entry);
     if (!read)
         error_Set("%s", entry->message);
     return read ? UOM_DONE : UOM_REFUSED;

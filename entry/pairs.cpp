@@ -284,6 +284,8 @@ bool readAlone(Pair &pair, int32_t which) {
     UomEntry told;
     if (uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &told) != UOM_DONE)
         entry = told;
+    else if (!*entry.message) // a number that is no factor
+        str_CopyBounded(entry.message, sizeof entry.message, pair.readings[which].complaint.message);
     error_Set("%s", entry.message);
     return false;
 }

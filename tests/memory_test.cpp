@@ -1,6 +1,7 @@
 // Exhausted memory at each allocation in turn: whatever is called does all of it or nothing, says which, and
 // leaks nothing.
 #include <cerrno>
+#include <utility>
 
 #include "loading/startup.h"
 #include "report/report.h"
@@ -12,6 +13,7 @@
 #include "support/table.h"
 #include "text/class_text.h"
 #include "tests/library_fixture.h"
+#include "uom/entry.h"
 
 namespace {
 
@@ -219,6 +221,46 @@ TEST_F(MemoryTest, ScenariosLeaveNothingBehind) {
 }
 
 // A default without memory is told from a bad slate by its status and a message.
+TEST_F(MemoryTest, TypedTexts) {
+    const char aliases[] = "stone = 14 lb\n";
+    UomEntry entry;
+    UomConversion *conversion = nullptr;
+    UomTable *table = nullptr;
+    const struct {
+        const char *what;
+        std::function<int32_t()> run; // 0, or 11
+    } cases[] = {
+        {"a text of a class", [&] { return uom_ReadEntry("MassRate", "5 lb/hr/1", &entry) == 11 ? 11 : 0; }},
+        {"a text of any", [&] { return uom_ReadEntry(nullptr, "5 lb/hr", &entry); }},
+        {"two texts", [&] { return uom_NewConversionFromEntries("", "lb/hr", "kg/sec", &conversion, &entry); }},
+        {"classes", [&] { return (table = uom_GetEntryClasses("lb")) ? 0 : 11; }},
+        {"search", [&] { return (table = uom_Search("pound", 9)) ? 0 : 11; }},
+        {"choices", [&] { return (table = uom_GetChoices("Mass")) ? 0 : 11; }},
+        {"choices of slates", [&] { return (table = uom_GetChoices("Mass / Time")) ? 0 : 11; }},
+        {"aliases", [&] { return uom_ReadAliasText(aliases, sizeof aliases - 1); }},
+    };
+    for (const auto &c : cases) {
+        int32_t status = -1, held = 0;
+        failEach(
+            c.what,
+            [&] {
+                catalogue_DropWords(catalogue());
+                mem_Free(std::exchange(catalogue().aliasText, nullptr));
+                held = live();
+                status = c.run();
+            },
+            [&](bool failed) {
+                EXPECT_TRUE(status == 0 || (failed && status == 11)) << status << ' ' << lastError();
+                EXPECT_EQ(conversion != nullptr, status == 0 && std::string(c.what) == "two texts");
+                uom_FreeConversion(std::exchange(conversion, nullptr));
+                tbl_Free(std::exchange(table, nullptr));
+                catalogue_DropWords(catalogue());
+                mem_Free(std::exchange(catalogue().aliasText, nullptr));
+                EXPECT_EQ(held, live());
+            });
+    }
+}
+
 TEST_F(MemoryTest, DefaultsSayWhy) {
     for (const auto &pair : {std::pair("MassRate", "lb/hr"), std::pair("GaugePresBasis", "9")}) {
         int32_t status = uoms_SetClassDefault("SI", pair.first, ""), refused = 0;

@@ -262,6 +262,40 @@ TEST_F(Entries, FindClassesAndWords) {
     EXPECT_EQ(nullptr, uom_GetChoices("Presure"));
 }
 
+// Gas as an amount: 1 atm, 60 F and 0 C, R = 8.31446261815324; and what is no pair.
+TEST_F(Entries, CountGasInMoles) {
+    const struct {
+        const char *classString, *from, *to;
+        int32_t status;
+        double expected;
+    } cases[] = {
+        {"", "BTU/SCF", "kJ/mol", 0, 1.05505585262 / (0.028316846592 * 101325 / (8.31446261815324 * 519.67 / 1.8))},
+        {"", "mol/Nm3", "%", 0, 100 * 8.31446261815324 * 273.15 / 101325},
+        {"", "kg/Nm3", "g/mol", 0, 1000 / (101325 / (8.31446261815324 * 273.15))},
+        {"", "CFM", "lb-mol/hr", 1, 0},
+        {"Rate", "gpm", "SCFM", 1, 0},
+        {"Rate", "lb/hr", "kg/sec", 0, 0.45359237 / 3600},
+        {"VapVolRate", "SCFM", "m3/hr", 0, 0.028316846592 * 60},
+        {"", "0 m", "ft", 3, 0},
+        {"", "psi", "0 kPa", 4, 0},
+        {"Leng", "0 m", "ft", 3, 0},
+        {"Leng", "12 in", "3 ft", 0, 1.0 / 3},
+        {"Nope", "m", "ft", 2, 0},
+        {"PetroDensity", "2 API", "kg/m3", 1, 0},
+    };
+    for (const auto &c : cases) {
+        UomConversion *conversion;
+        UomEntry entry;
+        EXPECT_EQ(c.status, uom_NewConversionFromEntries(c.classString, c.from, c.to, &conversion, &entry))
+            << c.from << ' ' << entry.message;
+        EXPECT_EQ(c.status != 0, *entry.message != '\0') << c.from << ' ' << entry.message;
+        if (conversion) {
+            EXPECT_NEAR(c.expected, uom_ConvertOne(conversion, 1.0), 1e-14 * c.expected) << c.from;
+        }
+        uom_FreeConversion(conversion);
+    }
+}
+
 TEST_F(Entries, TakeAliasesOfTheHost) {
     const std::string text = "// ours\nbucket = 10 liter\n[MassRate]\nbucket = 3 kg/hr // here\n[]\nround = round\n";
     EXPECT_NE("", read("ActVol", "bucket").substr(1));
@@ -285,6 +319,156 @@ TEST_F(Entries, WithstandAnyText) {
     }
     EXPECT_EQ(1, uom_ReadEntry("Pres", nullptr, nullptr));
     EXPECT_EQ(1, uom_ReadEntry(nullptr, nullptr, nullptr));
+}
+
+const char *const pieces[] = {"kPa",
+                              "m",
+                              "ft",
+                              "lb",
+                              "mol",
+                              "hr",
+                              "s",
+                              "SCF",
+                              "%",
+                              "API",
+                              "psig",
+                              "F",
+                              "MM ",
+                              "k*",
+                              "/",
+                              "-",
+                              "*",
+                              " ",
+                              "(",
+                              ")",
+                              "^",
+                              "2",
+                              "^-1",
+                              "\xC2\xB2",
+                              "\xE2\x81\xBB\xC2\xB9",
+                              " per ",
+                              "sq ",
+                              "cubic ",
+                              " squared",
+                              "(g)",
+                              " abs",
+                              "g",
+                              "a",
+                              "\xC2\xB5",
+                              "k",
+                              "M",
+                              "1000",
+                              "1.5e3 ",
+                              "0",
+                              "e",
+                              "S",
+                              "K",
+                              "MPA",
+                              "mw",
+                              "mW",
+                              "moles",
+                              "psid",
+                              " vac",
+                              "x 10^6 BTU",
+                              "GW",
+                              "gpm",
+                              "W",
+                              "kg",
+                              "Nm3",
+                              "miles",
+                              "inch",
+                              "BTU",
+                              "ton",
+                              "Pas",
+                              "kgK",
+                              "\xC2\xB0",
+                              "C",
+                              ",",
+                              ".",
+                              "+",
+                              "per cent",
+                              "milli",
+                              "xyz",
+                              "$",
+                              "1/",
+                              "day",
+                              "bbl",
+                              "API",
+                              "lbf",
+                              "cm2",
+                              "\xE2\x82\x82",
+                              "foot-pound",
+                              "rad/s",
+                              "wt",
+                              "kPs",
+                              "hours",
+                              "(",
+                              "**3"};
+const char *const classStrings[] = {"",     "Pres",          "MassRate",    "Power", "Rate",        "Pres/VolRate 2",
+                                    "Htco", "(Leng Mass) 2", "VapVolRate",  "Frac",  "PresDiff",    "VolRate",
+                                    "Temp", "Area / Time",   "GasLiqRatio", "Nope",  "PetroDensity"};
+
+// What holds for every text: what is read says itself, what is refused is told, in words and by its place.
+void checkPromises(const char *classString, const std::string &text) {
+    UomEntry entry, again;
+    const int32_t status = uom_ReadEntry(classString, text.c_str(), &entry);
+    SCOPED_TRACE(std::string(classString) + "|" + text + "|" + entry.units + "|" + entry.message + "|" +
+                 entry.suggestion);
+    ASSERT_LE(entry.position + entry.length, static_cast<int32_t>(text.size()));
+    if (status != 0) {
+        EXPECT_NE('\0', *entry.message);
+        if (*entry.suggestion && uoms_IsClassValid(classString)) {
+            EXPECT_EQ(0, uom_ReadEntry(classString, entry.suggestion, &again)) << again.message;
+        }
+        return;
+    }
+    EXPECT_EQ("", std::string(entry.message) + entry.suggestion);
+    EXPECT_EQ(0, uoms_ValidateUOM(entry.classString, entry.units)) << uom_GetLastErrorMessage();
+    EXPECT_EQ(0, uom_ReadEntry(entry.classString, entry.units, &again)) << again.message;
+    EXPECT_EQ(joined(entry.units, 1), joined(again.units, again.scale));
+    EXPECT_TRUE(std::isfinite(entry.scale) && entry.scale != 0.0);
+}
+
+TEST_F(Entries, KeepTheirPromisesForAnyText) {
+    uint32_t random = 7;
+    const auto next = [&](size_t count) {
+        random = random * 1664525u + 1013904223u;
+        return (random >> 8) % count;
+    };
+    std::string before = "kPa";
+    for (int i = 0; i < 20000 && !HasFailure(); ++i) {
+        std::string text;
+        for (size_t n = next(6) + 1; n > 0; --n)
+            text += pieces[next(std::size(pieces))];
+        const char *classString = classStrings[next(std::size(classStrings))];
+        checkPromises(classString, text);
+        UomConversion *conversion;
+        UomEntry entry;
+        const int32_t status =
+            uom_NewConversionFromEntries(classString, text.c_str(), before.c_str(), &conversion, &entry);
+        EXPECT_EQ(status == 0, conversion != nullptr);
+        EXPECT_TRUE(status == 0 || *entry.message) << classString << '|' << text << '|' << before << '|' << status;
+        uom_FreeConversion(conversion);
+        before = text;
+    }
+}
+
+// All that interfaces offer is read by its class.
+TEST_F(Entries, ReadEveryChoice) {
+    std::vector<std::string> classes = {"Pres/VolRate 2", "Mass / Leng Time"};
+    for (int32_t c = CLASS_DIMENSIONLESS; c < catalogue().classes.count; ++c)
+        classes.push_back(class_Token(catalogue(), c));
+    for (const std::string &name : classes) {
+        UomTable *choices = uom_GetChoices(name.c_str());
+        for (uint32_t i = 0; i < table_Count(choices); ++i) {
+            UomEntry entry;
+            const int32_t status = uom_ReadEntry(name.c_str(), table_GetText(choices, i), &entry);
+            EXPECT_TRUE(status == 0 || name == "Basis" || std::strstr(entry.message, "amount of gas"))
+                << name << '|' << table_GetText(choices, i) << '|' << entry.message;
+        }
+        tbl_Free(choices);
+    }
+    EXPECT_EQ(nullptr, uom_GetChoices(nullptr));
 }
 
 // The first of them makes the index of names, whoever that is.
