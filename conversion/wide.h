@@ -100,6 +100,12 @@ inline Wide operator-(const Wide &a, const Wide &b) {
 // 1 for a power of 0. Takes at most 64 steps.
 Wide wide_Power(Wide base, uint64_t power);
 
+// The same of a power of either sign; the base is not 0.
+inline Wide wide_SignedPower(const Wide &base, int32_t power) {
+    const Wide result = wide_Power(base, static_cast<uint64_t>(power < 0 ? -static_cast<int64_t>(power) : power));
+    return power < 0 ? wide_Of(1.0) / result : result;
+}
+
 // The nearest double, infinite or 0 when it is beyond them.
 double wide_Rounded(const Wide &a);
 

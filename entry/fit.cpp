@@ -83,17 +83,6 @@ bool assignTerms(Fitter &fitter, bool *filled) {
 
 // --- by size
 
-Wide sizeOf(const Fitter &fitter, int32_t unit) {
-    const UomUnit *record = unit_Record(fitter.catalogue, unit);
-    const UnitQuantity &quantity = fitter.words.units[unit];
-    return wide_OfConstant(record->factor) * wide_OfConstant(quantity.base);
-}
-
-Wide powerOf(const Wide &base, int32_t exponent) {
-    const Wide power = wide_Power(base, static_cast<uint64_t>(std::abs(exponent)));
-    return exponent < 0 ? wide_Of(1.0) / power : power;
-}
-
 bool isPlain(const Fitter &fitter, int32_t slot, int32_t unit) {
     const UnitQuantity &quantity = fitter.words.units[unit];
     const UomClassRow &row = *class_Row(fitter.catalogue, fitter.shape.classes[slot]);
@@ -153,16 +142,14 @@ bool choosePlain(Fitter &fitter, int32_t slot) {
 }
 
 Wide exactRatio(const Fitter &fitter) {
-    Wide ratio = fitter.product.number;
-    for (int32_t i = 0; i < fitter.product.count; ++i)
-        ratio = ratio * powerOf(sizeOf(fitter, fitter.product.terms[i].unit) *
-                                    wide_Of(multiplier_Factor(fitter.product.terms[i].multiplier)),
-                                fitter.product.terms[i].exponent);
-    for (int32_t slot = 0; slot < fitter.shape.count; ++slot)
-        if (fitter.fit.units[slot] != NO_UNIT)
-            ratio = ratio / powerOf(sizeOf(fitter, fitter.fit.units[slot]) *
-                                        wide_Of(multiplier_Factor(fitter.fit.multipliers[slot])),
-                                    fitter.shape.exponents[slot]);
+    Wide ratio = product_ExactSize(fitter.catalogue, fitter.words, fitter.product);
+    for (int32_t slot = 0; slot < fitter.shape.count; ++slot) {
+        const int32_t unit = fitter.fit.units[slot];
+        if (unit != NO_UNIT)
+            ratio = ratio /
+                    wide_SignedPower(unit_ExactSize(fitter.catalogue, fitter.words, unit, fitter.fit.multipliers[slot]),
+                                     fitter.shape.exponents[slot]);
+    }
     return ratio;
 }
 

@@ -86,13 +86,9 @@ const Sign *findSign(std::string_view text) {
     return nullptr;
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // A digit of the upper line: of two bytes, or of three that begin with E2 81.
 bool isSuperscript(const Sign &sign) {
-    const bool digit = sign.plain.size() == 1 && isDigit(sign.plain[0]);
+    const bool digit = sign.plain.size() == 1 && str_IsDigit(sign.plain[0]);
     return digit && (sign.typed[0] == '\xC2' || sign.typed[1] == '\x81');
 }
 
@@ -148,8 +144,8 @@ bool fold_Text(FoldedText &folded, std::string_view typed) {
             }
             plain = sign->plain;
             // A power of a number: its digits would go on otherwise.
-            if (isSuperscript(*sign) && folded.length > 0 && isDigit(folded.text[folded.length - 1]) && !wasRaised &&
-                !put(folded, "^", i))
+            if (isSuperscript(*sign) && folded.length > 0 && str_IsDigit(folded.text[folded.length - 1]) &&
+                !wasRaised && !put(folded, "^", i))
                 plain = "";
             raised = isSuperscript(*sign) || (!plain.empty() && plain[0] == '^');
             if (plain == "deg " && isDegreeOfTemperature(str_Behind(typed, i + size)))

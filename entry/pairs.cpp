@@ -10,7 +10,6 @@
 #include "support/text.h"
 #include "uomstruct/chain.h"
 #include "uomstruct/class_string.h"
-#include "uomstruct/unit_scan.h"
 #include "uomstruct/unit_string.h"
 
 namespace uom {
@@ -40,19 +39,14 @@ struct Pair {
     Side sides[2];
 };
 
-Wide factorOf(double scale) {
-    return wide_OfConstant(scale);
-}
-
 // --- with a class
 
 // A text under a class, its number in front being a factor. False with the entry's message.
 bool readSide(Pair &pair, int32_t which, const char *classString) {
     Side &side = pair.sides[which];
-    // A number in front is the value of an entry, and a factor here.
     if (uom_ReadEntry(pair.catalogue, classString, pair.texts[which], &side.entry) != UOM_DONE)
         return false;
-    side.scale = factorOf(side.entry.scale);
+    side.scale = wide_OfConstant(side.entry.scale);
     if (std::isnan(side.entry.value))
         return true;
     if (side.entry.value == 0.0 || !std::isfinite(side.entry.value)) {
@@ -61,7 +55,7 @@ bool readSide(Pair &pair, int32_t which, const char *classString) {
         error_Set("%s", side.entry.message);
         return false;
     }
-    side.scale = side.scale * factorOf(side.entry.value);
+    side.scale = side.scale * wide_OfConstant(side.entry.value);
     return true;
 }
 
@@ -224,19 +218,10 @@ Dimension asAmounts(const Words &words, const Product &product, const Measure &m
     return dimension;
 }
 
-Wide exactSize(const Catalogue &catalogue, const Words &words, const Product &product) {
-    Wide size = product.number;
-    for (int32_t i = 0; i < product.count; ++i) {
-        const Term &term = product.terms[i];
-        const Wide unit =
-            wide_OfConstant(unit_Record(catalogue, term.unit)->factor) * wide_OfConstant(words.units[term.unit].base);
-        const Wide power = wide_Power(unit, static_cast<uint64_t>(term.exponent < 0 ? -term.exponent : term.exponent));
-        size = term.exponent < 0 ? size / power : size * power;
-    }
-    const Wide moles = molesOfVolume();
-    for (int32_t power = gasPower(words, product); power != 0; power += power > 0 ? -1 : 1)
-        size = power > 0 ? size * moles : size / moles;
-    return size;
+// The size of a product with its gas volumes as kmol.
+Wide amountOf(const Pair &pair, const Product &product) {
+    return product_ExactSize(pair.catalogue, pair.words, product) *
+           wide_SignedPower(molesOfVolume(), gasPower(pair.words, product));
 }
 
 bool convertAmounts(const Pair &pair, UomConversion **out, int32_t *status) {
@@ -245,8 +230,7 @@ bool convertAmounts(const Pair &pair, UomConversion **out, int32_t *status) {
     if ((!a.gas && !b.gas) || !a.known || !b.known || a.shifted || b.shifted || from.scale || to.scale ||
         asAmounts(pair.words, from, a) != asAmounts(pair.words, to, b))
         return false;
-    *status = prepared_NewProduct(
-        exactSize(pair.catalogue, pair.words, from) / exactSize(pair.catalogue, pair.words, to), out);
+    *status = prepared_NewProduct(amountOf(pair, from) / amountOf(pair, to), out);
     return true;
 }
 
@@ -343,9 +327,8 @@ int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *cla
                                      const char *to, UomConversion **out, UomEntry *entry) {
     if (out)
         *out = nullptr;
-    if (entry) {
+    if (entry)
         entry_Begin(*entry);
-    }
     if (!from || !to || !out) {
         error_Set("Invalid input arguments detected in function uom_NewConversionFromEntries().");
         return PAIR_REFUSED;

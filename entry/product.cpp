@@ -24,19 +24,17 @@ void skipBlanks(TextReader &reader) {
 }
 
 Wide powerOfTen(int32_t power) {
-    const Wide magnitude = wide_Power(wide_Of(10.0), static_cast<uint64_t>(power < 0 ? -power : power));
-    return power < 0 ? wide_Of(1.0) / magnitude : magnitude;
+    return wide_SignedPower(wide_Of(10.0), power);
 }
 
 void multiply(Product &product, const Wide &factor, int32_t exponent) {
-    const Wide power = wide_Power(factor, static_cast<uint64_t>(exponent < 0 ? -exponent : exponent));
-    product.number = exponent < 0 ? product.number / power : product.number * power;
+    product.number = product.number * wide_SignedPower(factor, exponent);
 }
 
 // --- numbers and exponents
 
 bool isNumberStart(const TextReader &reader, int32_t place) {
-    return text_IsDigit(reader.at(place)) || (reader.at(place) == '.' && text_IsDigit(reader.at(place + 1)));
+    return str_IsDigit(reader.at(place)) || (reader.at(place) == '.' && str_IsDigit(reader.at(place + 1)));
 }
 
 // An exponent behind a unit or a parenthesis: "2", "^2", "**2", "^-1", "-1" directly behind a letter.
@@ -48,8 +46,8 @@ bool readExponent(TextReader &reader, int32_t *exponent) {
         marked = true, ++i;
     else if (reader.at(i) == '*' && reader.at(i + 1) == '*')
         marked = true, i += 2;
-    else if (reader.at(i) == '*' || !(text_IsDigit(reader.at(i)) ||
-                                      ((reader.at(i) == '-' || reader.at(i) == '+') && text_IsDigit(reader.at(i + 1)))))
+    else if (reader.at(i) == '*' || !(str_IsDigit(reader.at(i)) ||
+                                      ((reader.at(i) == '-' || reader.at(i) == '+') && str_IsDigit(reader.at(i + 1)))))
         return true;
     const bool open = marked && reader.at(i) == '(';
     i += open ? 1 : 0;
@@ -61,7 +59,7 @@ bool readExponent(TextReader &reader, int32_t *exponent) {
         ++i;
     int32_t value = 0;
     const int32_t first = i;
-    while (text_IsDigit(reader.at(i)) && value <= HIGHEST_POWER)
+    while (str_IsDigit(reader.at(i)) && value <= HIGHEST_POWER)
         value = 10 * value + (reader.at(i++) - '0');
     if (i == first || value > HIGHEST_POWER || reader.at(i) == '.')
         return word_Refuse(reader, reader.place, i + 1, "An exponent is to be a whole number of at most two digits.");
@@ -144,7 +142,7 @@ const KeyWord *findKeyWord(const TextReader &reader, const KeyWord (&words)[N], 
         if (!str_StartsNoCase(text, word.text))
             continue;
         *end = place + static_cast<int32_t>(word.text.size());
-        if (!text_IsLetter(word.text.back()) || !(text_IsLetter(reader.at(*end)) || text_IsDigit(reader.at(*end))))
+        if (!text_IsLetter(word.text.back()) || !(text_IsLetter(reader.at(*end)) || str_IsDigit(reader.at(*end))))
             return &word;
     }
     return nullptr;
@@ -251,7 +249,7 @@ bool mayFollow(const TextReader &reader, const Word &word, int32_t behindName) {
     const char next = reader.at(reader.place);
     if (!str_IsLetter(next) || word.joined)
         return true;
-    const bool power = reader.place > behindName || text_IsDigit(reader.at(reader.place - 1));
+    const bool power = reader.place > behindName || str_IsDigit(reader.at(reader.place - 1));
     return power && std::strchr("KCFRagk", next) && !str_IsLetter(reader.at(reader.place + 1));
 }
 
@@ -273,7 +271,7 @@ bool readWord(TextReader &reader, int32_t sign) {
         exponent *= power->value;
     // An abbreviation's full stop.
     if (reader.at(reader.place) == '.' && !text_IsLetter(reader.at(reader.place + 1)) &&
-        !text_IsDigit(reader.at(reader.place + 1)))
+        !str_IsDigit(reader.at(reader.place + 1)))
         ++reader.place;
     if (!addWord(reader, word, sign * exponent))
         return false;
@@ -367,7 +365,7 @@ bool product_ReadNumber(const FoldedText &text, int32_t *place, Wide *number, do
     int32_t digits = 0, power = 0;
     bool any = false, exact = true;
     for (bool behind = false; i < text.length; ++i) {
-        if (c[i] == '.' && !behind && text_IsDigit(c[i + 1])) {
+        if (c[i] == '.' && !behind && str_IsDigit(c[i + 1])) {
             behind = true;
             continue;
         }
@@ -375,7 +373,7 @@ bool product_ReadNumber(const FoldedText &text, int32_t *place, Wide *number, do
             behind = true; // "5."
             continue;
         }
-        if (!text_IsDigit(c[i]))
+        if (!str_IsDigit(c[i]))
             break;
         any = true;
         if (digits < MOST_DIGITS - 3) {
@@ -394,9 +392,9 @@ bool product_ReadNumber(const FoldedText &text, int32_t *place, Wide *number, do
         int32_t j = i + 1;
         const bool negative = c[j] == '-';
         j += c[j] == '-' || c[j] == '+' ? 1 : 0;
-        if (text_IsDigit(c[j])) {
+        if (str_IsDigit(c[j])) {
             int32_t exponent = 0;
-            for (; text_IsDigit(c[j]); ++j)
+            for (; str_IsDigit(c[j]); ++j)
                 exponent = exponent < 10000 ? 10 * exponent + (c[j] - '0') : exponent;
             power += negative ? -exponent : exponent;
             i = j;
@@ -438,6 +436,20 @@ Measure product_Measure(const Words &words, const Product &product) {
             measure.size *= std::pow(multiplier_Factor(term.multiplier), term.exponent);
     }
     return measure;
+}
+
+Wide unit_ExactSize(const Catalogue &catalogue, const Words &words, int32_t unit, int32_t multiplier) {
+    return wide_OfConstant(unit_Record(catalogue, unit)->factor) * wide_OfConstant(words.units[unit].base) *
+           wide_Of(multiplier_Factor(multiplier));
+}
+
+Wide product_ExactSize(const Catalogue &catalogue, const Words &words, const Product &product) {
+    Wide size = product.number;
+    for (int32_t i = 0; i < product.count; ++i) {
+        const Term &term = product.terms[i];
+        size = size * wide_SignedPower(unit_ExactSize(catalogue, words, term.unit, term.multiplier), term.exponent);
+    }
+    return size;
 }
 
 } // namespace uom

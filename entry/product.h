@@ -63,6 +63,10 @@ struct Measure {
 };
 Measure product_Measure(const Words &words, const Product &product);
 
+// A unit behind a multiplier, and a product, in the base units, without rounding.
+Wide unit_ExactSize(const Catalogue &catalogue, const Words &words, int32_t unit, int32_t multiplier);
+Wide product_ExactSize(const Catalogue &catalogue, const Words &words, const Product &product);
+
 } // namespace uom
 
 #endif

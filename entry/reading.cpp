@@ -47,14 +47,10 @@ bool refuseSigns(UomEntry &entry, const FoldedText &folded, const char *text) {
 
 // --- the number in front
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // "1,000" and "1,5" are read differently in different countries.
 bool refuseComma(UomEntry &entry, const FoldedText &folded, int32_t comma) {
     int32_t digits = 0;
-    while (isDigit(folded.text[comma + 1 + digits]))
+    while (str_IsDigit(folded.text[comma + 1 + digits]))
         ++digits;
     TextWriter writer(entry.suggestion, sizeof entry.suggestion);
     str_Write(writer, std::string_view(folded.text, static_cast<size_t>(comma)));
@@ -103,7 +99,7 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
         entry_Locate(entry, folded, reading.unitBegin, reading.unitBegin + 1);
         return entry_Refuse(entry, "A sign stands in front of a number only.");
     }
-    if (folded.text[place] == ',' && isDigit(folded.text[place + 1]))
+    if (folded.text[place] == ',' && str_IsDigit(folded.text[place + 1]))
         return refuseComma(entry, folded, place);
     const bool power = folded.text[place] == '^' || (folded.text[place] == '*' && folded.text[place + 1] == '*');
     if (power || numberIsFactor) {
@@ -115,9 +111,9 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     entry.value = negative ? -value : value;
     while (folded.text[place] == ' ')
         ++place;
-    if (isDigit(folded.text[place]) || (folded.text[place] == '.' && isDigit(folded.text[place + 1])))
+    if (str_IsDigit(folded.text[place]) || (folded.text[place] == '.' && str_IsDigit(folded.text[place + 1])))
         return refuseSecondNumber(entry, folded, place);
-    if (folded.text[place] == '/' && isDigit(folded.text[place + 1])) {
+    if (folded.text[place] == '/' && str_IsDigit(folded.text[place + 1])) {
         entry_Locate(entry, folded, place, place + 1);
         return entry_Refuse(entry, "A fraction is to be written as a decimal number.");
     }

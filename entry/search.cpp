@@ -31,12 +31,16 @@ enum Nearness : int32_t {
     FAR = 1000
 };
 
+bool isOfWord(char c) {
+    return str_IsLetter(c) || str_IsDigit(c);
+}
+
 bool isWordStart(std::string_view text, size_t place) {
-    return place == 0 || !(str_IsLetter(text[place - 1]) || (text[place - 1] >= '0' && text[place - 1] <= '9'));
+    return place == 0 || !isOfWord(text[place - 1]);
 }
 
 bool isWordEnd(std::string_view text, size_t place) {
-    return place >= text.size() || !(str_IsLetter(text[place]) || (text[place] >= '0' && text[place] <= '9'));
+    return place >= text.size() || !isOfWord(text[place]);
 }
 
 int32_t nearnessOf(std::string_view text, std::string_view word) {

@@ -16,10 +16,6 @@ bool text_IsLetter(char c) {
     return str_IsLetter(c) || c == '%' || c == '$' || c == '\'' || c == '"' || c == '#';
 }
 
-bool text_IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 bool word_Refuse(TextReader &reader, int32_t begin, int32_t end, const char *format, const char *detail) {
     if (*reader.complaint.message)
         return false;
@@ -120,7 +116,7 @@ bool isBoundary(const TextReader &reader, int32_t place) {
     const char before = reader.at(place - 1), behind = reader.at(place);
     if (before == ' ')
         return false;
-    return !((text_IsLetter(before) && text_IsLetter(behind)) || (text_IsDigit(before) && text_IsDigit(behind)));
+    return !((text_IsLetter(before) && text_IsLetter(behind)) || (str_IsDigit(before) && str_IsDigit(behind)));
 }
 
 // One name for exactly this stretch.

@@ -45,7 +45,6 @@ struct Word {
 };
 
 bool text_IsLetter(char c); // and what stands for one in unit texts: "%", "$"
-bool text_IsDigit(char c);
 
 // Notes the first complaint, about these characters; always false.
 bool word_Refuse(TextReader &reader, int32_t begin, int32_t end, const char *format, const char *detail = "");

@@ -99,7 +99,7 @@ inline const std::vector<Definition> unitDefinitions = {
     {"dwt", "24 grain"}, {"troyoz", "20 dwt"}, {"troylb", "12 troyoz"}, {"dram", "oz/16"}, // NIST Handbook 44, app. C
     {"stone", "14 lb"}, {"lcwt", "112 lb"}, // UK Weights and Measures Act, 1985
     {"carat", "200 mg"}, {"quintal", "100 kg"}, // CGPM 1907; NIST SP 811, B.8
-    {"sack", "94 lb"},                // API Spec 10A
+    {"sack", "94 lb"},                // API, cement by the sack
     {"spgr", "water60F"}, {"API", "water60F"}, // API MPMS ch. 11.4; of API only the value at 10 degrees
     // Pressure
     {"Pa", "N/m2"}, {"bar", "10^5 Pa"}, // BIPM SI brochure, table 4; NIST SP 811, B.8
