@@ -148,6 +148,12 @@ bool class_IsInternalBase(int32_t classId) {
     return classId == CLASS_PETRO_MASS || classId == CLASS_POWER_TOP || classId == CLASS_E6_POWER_TOP;
 }
 
+bool class_IsOffered(const Catalogue &catalogue, int32_t classId) {
+    const UomClassRow *row = class_ValidRow(catalogue, classId);
+    return row && classId >= CLASS_DIMENSIONLESS && !class_IsInternalBase(classId) && row->internalFlag == 0 &&
+           !str_IsEmpty(row->token);
+}
+
 bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId) {
     const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row || !class_IsComposite(*row))

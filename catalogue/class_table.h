@@ -61,6 +61,9 @@ bool class_IsComposite(const UomClassRow &row);
 // A base class that only stands in composite ones: it is not listed among the classes.
 bool class_IsInternalBase(int32_t classId);
 
+// Whether people are offered the class: neither one that only stands in others nor one that serves the library alone.
+bool class_IsOffered(const Catalogue &catalogue, int32_t classId);
+
 // Whether a chain of the class holds a Basis node.
 bool uom_ClassHasBasis(const Catalogue &catalogue, int32_t classId);
 

@@ -8,6 +8,7 @@
 #include "catalogue/units.h"
 #include "entry/canonical.h"
 #include "entry/suggest.h"
+#include "support/best.h"
 #include "support/message.h"
 #include "support/table.h"
 #include "support/text.h"
@@ -22,10 +23,6 @@ namespace uom {
 namespace {
 
 // --- messages about what does not fit
-
-const char *nameOfClass(const Catalogue &catalogue, int32_t classId) {
-    return class_Token(catalogue, classId);
-}
 
 struct Candidate {
     int32_t classId;
@@ -53,17 +50,9 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
         const ClassFit fit = entry_Fit(catalogue, words, reading, shape_OfClass(words, c), firstOnly);
         if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))
             continue;
-        int32_t place = count;
-        const int32_t rank = rankOf(reading, c, fit);
-        while (place > 0 && rankOf(reading, candidates[place - 1].classId, candidates[place - 1].fit) > rank)
-            --place;
-        if (place == most)
-            continue;
-        const int32_t kept = std::min(count, most - 1);
-        for (int32_t i = kept; i > place; --i)
-            candidates[i] = candidates[i - 1];
-        candidates[place] = {c, fit};
-        count = kept + 1;
+        best_Insert(candidates, &count, most, {c, fit}, [&](const Candidate &a, const Candidate &b) {
+            return rankOf(reading, a.classId, a.fit) < rankOf(reading, b.classId, b.fit);
+        });
     }
     return count;
 }
@@ -89,7 +78,7 @@ void tellClasses(const Catalogue &catalogue, const Words &words, const char *cla
     TextWriter writer(classes, sizeof classes);
     for (int32_t i = 0; i < count; ++i) {
         str_Write(writer, i == 0 ? "" : i + 1 < count ? ", " : " or ");
-        str_Write(writer, nameOfClass(catalogue, candidates[i].classId));
+        str_Write(writer, class_Token(catalogue, candidates[i].classId));
     }
     if (!classString)
         entry_Refuse(entry, "\"%s\" is a unit of no class.", typed);
@@ -130,7 +119,7 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
         char text[sizeof entry.suggestion];
         TextWriter writer(text, sizeof text);
         str_Write(writer, str_Head(typed, from));
-        str_Write(writer, suggestions.names[i]);
+        str_Write(writer, suggestions.names[i].name);
         str_Write(writer, str_Behind(typed, to));
         UomEntry read;
         entry_Begin(read);
@@ -220,25 +209,30 @@ bool writeInTokens(const Catalogue &catalogue, const Reading &reading, const Pro
         place = term.end;
     }
     str_Write(writer, std::string_view(text + place, static_cast<size_t>(reading.folded.length - place)));
-    return writer.wanted < writer.size;
+    return true;
 }
 
-// Class strings with a basis: the classical reader reads them, and what it has read is to say the whole text.
+// Takes the units as the classical reader reads the text, if what it has read says the whole text.
+bool takeClassical(const Catalogue &catalogue, const char *classString, const TextWriter &text, UomEntry &entry) {
+    ParsedChain chain(catalogue, classString);
+    if (text.wanted >= text.size || !chain.chain ||
+        chain_FillFromText(catalogue, chain.chain, text.out, STYLE_TOKEN) != UOM_DONE)
+        return false;
+    uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
+    if (isSameText(text.out, entry.units))
+        return true;
+    *entry.units = '\0';
+    return false;
+}
+
+// Class strings with a basis, which the classical reader alone reads.
 bool readClassically(const Catalogue &catalogue, const char *classString, const Reading &reading, UomEntry &entry) {
     for (int32_t i = 0; i < reading.count; ++i) {
         char text[sizeof entry.units];
         TextWriter writer(text, sizeof text);
-        if (!writeInTokens(catalogue, reading, reading.products[i], writer))
-            continue;
-        ParsedChain chain(catalogue, classString);
-        char read[sizeof entry.units];
-        if (!chain.chain || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
-            continue;
-        uom_GetDisplayUnits(catalogue, chain.chain, read, sizeof read, STYLE_TOKEN);
-        if (!isSameText(text, read))
-            continue;
-        str_CopyBounded(entry.units, sizeof entry.units, read);
-        return true;
+        if (writeInTokens(catalogue, reading, reading.products[i], writer) &&
+            takeClassical(catalogue, classString, writer, entry))
+            return true;
     }
     return false;
 }
@@ -247,29 +241,6 @@ bool readClassically(const Catalogue &catalogue, const char *classString, const 
 
 // What a basis may count, as the class of the slot behind it.
 constexpr int32_t countedClasses[] = {CLASS_MOLE, CLASS_MASS, CLASS_VAP_VOL, CLASS_LIQ_VOL};
-
-// The units of a fit as a text: those above the line, then those below.
-void writeFit(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer) {
-    for (const int32_t sign : {1, -1}) {
-        bool first = true;
-        for (int32_t slot = 0; slot < shape.count; ++slot) {
-            const int32_t exponent = shape.exponents[slot] * sign;
-            const UomUnit *unit = unit_Record(catalogue, fit.units[slot]);
-            if (exponent < 1 || !unit)
-                continue;
-            char multiplier[16] = "";
-            multiplier_Write(fit.multipliers[slot], unit->multiplierStyle, multiplier, sizeof multiplier);
-            char power[16] = "";
-            if (exponent > 1)
-                str_FormatBounded(power, sizeof power, "%d", static_cast<int>(exponent));
-            str_Write(writer, !first ? "-" : sign < 0 ? "/" : "");
-            str_Write(writer, multiplier);
-            str_Write(writer, unit->token);
-            str_Write(writer, power);
-            first = false;
-        }
-    }
-}
 
 bool readCounted(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
                  UomEntry &entry) {
@@ -281,18 +252,36 @@ bool readCounted(const Catalogue &catalogue, const Words &words, const char *cla
             continue;
         char text[sizeof entry.units];
         TextWriter writer(text, sizeof text);
-        writeFit(catalogue, shape, fit.fit, writer);
-        char read[sizeof entry.units];
-        if (writer.wanted >= sizeof text || chain_FillFromText(catalogue, chain.chain, text, STYLE_TOKEN) != UOM_DONE)
-            continue;
-        uom_GetDisplayUnits(catalogue, chain.chain, read, sizeof read, STYLE_TOKEN);
-        if (!isSameText(text, read))
+        fit_Write(catalogue, shape, fit.fit, writer);
+        if (!takeClassical(catalogue, classString, writer, entry))
             continue;
         entry.scale = wide_Rounded(fit.fit.scale);
-        str_CopyBounded(entry.units, sizeof entry.units, read);
         return true;
     }
     return false;
+}
+
+// Writes the result of a fit. False when the text of the units would not be read as them.
+bool finish(const Catalogue &catalogue, const char *classString, const Reading &reading, const ClassFit &fit,
+            UomEntry &entry) {
+    entry.scale = wide_Rounded(fit.fit.scale);
+    ParsedChain chain(catalogue, classString);
+    int32_t slot = 0;
+    for (UomStruct node = chain.chain; node; node = node->next) {
+        if (isParenthesis(node))
+            continue;
+        chain_SetUnit(catalogue, node, fit.fit.units[slot]);
+        node->multiplier = fit.fit.multipliers[slot++];
+    }
+    uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
+    ParsedChain back(catalogue, classString);
+    bool same = back.chain && chain_FillFromText(catalogue, back.chain, entry.units, STYLE_TOKEN) == UOM_DONE;
+    for (UomStruct a = chain.chain, b = back.chain; same && a && b; a = a->next, b = b->next)
+        same = a->unit == b->unit && a->multiplier == b->multiplier;
+    if (same && std::isfinite(entry.scale) && entry.scale != 0.0)
+        return true;
+    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
+    return entry_Refuse(entry, "The catalogue has no text for these units of %s.", classString);
 }
 
 // --- a text of a given class, and of any
@@ -336,7 +325,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
         return false;
     }
     if (fit.fit.kind != FitKind::NONE)
-        return entry_Finish(catalogue, classString, reading, fit, entry);
+        return finish(catalogue, classString, reading, fit, entry);
     if (fit.fit.refusedGas)
         tellGas(classString, reading, entry);
     else
@@ -361,9 +350,9 @@ bool readAny(const Catalogue &catalogue, const Words &words, const char *text, b
         tellAmbiguous(reading, entry);
         return false;
     }
-    const char *token = nameOfClass(catalogue, best.classId);
+    const char *token = class_Token(catalogue, best.classId);
     str_CopyBounded(entry.classString, sizeof entry.classString, token);
-    return entry_Finish(catalogue, token, reading, best.fit, entry);
+    return finish(catalogue, token, reading, best.fit, entry);
 }
 
 // Of a class, or of any where there is none.
@@ -383,28 +372,6 @@ bool readTyped(const Catalogue &catalogue, const Words &words, const char *class
 }
 
 } // namespace
-
-bool entry_Finish(const Catalogue &catalogue, const char *classString, const Reading &reading, const ClassFit &fit,
-                  UomEntry &entry) {
-    entry.scale = wide_Rounded(fit.fit.scale);
-    ParsedChain chain(catalogue, classString);
-    int32_t slot = 0;
-    for (UomStruct node = chain.chain; node; node = node->next) {
-        if (isParenthesis(node))
-            continue;
-        chain_SetUnit(catalogue, node, fit.fit.units[slot]);
-        node->multiplier = fit.fit.multipliers[slot++];
-    }
-    uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
-    ParsedChain back(catalogue, classString);
-    bool same = back.chain && chain_FillFromText(catalogue, back.chain, entry.units, STYLE_TOKEN) == UOM_DONE;
-    for (UomStruct a = chain.chain, b = back.chain; same && a && b; a = a->next, b = b->next)
-        same = a->unit == b->unit && a->multiplier == b->multiplier;
-    if (same && std::isfinite(entry.scale) && entry.scale != 0.0)
-        return true;
-    entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
-    return entry_Refuse(entry, "The catalogue has no text for these units of %s.", classString);
-}
 
 int32_t uom_ReadEntry(const Catalogue &catalogue, const char *classString, const char *text, UomEntry *entry) {
     const bool any = str_IsEmpty(classString);
@@ -444,7 +411,7 @@ UomTable *uom_GetEntryClasses(const Catalogue &catalogue, const char *text) {
     Candidate candidates[MOST];
     const int32_t count = findClasses(catalogue, *words, reading, candidates, MOST);
     for (int32_t i = 0; i < count; ++i)
-        if (!table_PutText(table, TABLE_APPEND, nameOfClass(catalogue, candidates[i].classId))) {
+        if (!table_PutText(table, TABLE_APPEND, class_Token(catalogue, candidates[i].classId))) {
             table_Free(table);
             return nullptr;
         }

@@ -14,10 +14,6 @@ UomTable *uom_GetEntryClasses(const Catalogue &catalogue, const char *text);
 int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *classString, const char *from,
                                      const char *to, UomConversion **out, UomEntry *entry);
 
-// Writes the result of a fit. False when the text of the units would not be read as them.
-bool entry_Finish(const Catalogue &catalogue, const char *classString, const Reading &reading, const ClassFit &fit,
-                  UomEntry &entry);
-
 } // namespace uom
 
 #endif

@@ -7,6 +7,7 @@
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
 #include "support/numbers.h"
+#include "support/text.h"
 #include "uomstruct/quotients.h"
 #include "uomstruct/unit_scan.h"
 
@@ -273,6 +274,28 @@ Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &p
     }
     fitBySize(fitter, filled);
     return fitter.fit;
+}
+
+void fit_Write(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer) {
+    for (const int32_t sign : {1, -1}) {
+        bool first = true;
+        for (int32_t slot = 0; slot < shape.count; ++slot) {
+            const int32_t exponent = shape.exponents[slot] * sign;
+            const UomUnit *unit = unit_Record(catalogue, fit.units[slot]);
+            if (exponent < 1 || !unit)
+                continue;
+            char multiplier[16] = "";
+            multiplier_Write(fit.multipliers[slot], unit->multiplierStyle, multiplier, sizeof multiplier);
+            char power[16] = "";
+            if (exponent > 1)
+                str_FormatBounded(power, sizeof power, "%d", static_cast<int>(exponent));
+            str_Write(writer, !first ? "-" : sign < 0 ? "/" : "");
+            str_Write(writer, multiplier);
+            str_Write(writer, unit->token);
+            str_Write(writer, power);
+            first = false;
+        }
+    }
 }
 
 } // namespace uom

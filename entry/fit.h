@@ -6,6 +6,7 @@
 
 #include "entry/product.h"
 #include "entry/words.h"
+#include "support/text.h"
 
 namespace uom {
 
@@ -31,6 +32,9 @@ Shape shape_OfClass(const Words &words, int32_t classId);
 
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
                 const Shape &shape);
+
+// The units of a fit as a text, as the catalogue prints them: those above the line, then those below.
+void fit_Write(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer);
 
 } // namespace uom
 

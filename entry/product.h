@@ -1,6 +1,6 @@
 // A typed unit text as a product of catalogue units, each to a power, and a number.
 //
-// A text is read in up to eight ways (Way), since some signs mean two things: a second "/", a "*" behind a "/", and a
+// A text is read in up to four ways (Way), since some signs mean two things: a second "/", a "*" behind a "/", and a
 // name that is itself a quotient ("kg/cm2", a pressure, or a kilogram by the square centimeter). Whoever knows the
 // quantity tries them and takes the one that fits.
 #ifndef UOM_ENTRY_PRODUCT_H
@@ -36,7 +36,7 @@ struct Product {
     Wide number; // of the product; 1 without one
     bool hasNumber = false;
     int32_t boundTo = 0; // the class that an alias in it belongs to, when none was given
-    char scale = '\0';   // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, when a mark behind the unit says so
+    char scale = '\0';   // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, 'd' difference, when a mark says so
     // What the text held that another Way would read in another way.
     bool hasSecondSlash = false, hasLateStar = false, hasCompound = false;
 };

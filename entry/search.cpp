@@ -11,6 +11,7 @@
 #include "entry/words.h"
 #include "slates/lists.h"
 #include "slates/slate_display.h"
+#include "support/best.h"
 #include "support/memory.h"
 #include "support/table.h"
 #include "support/text.h"
@@ -116,26 +117,13 @@ void offer(Search &search, Row row) {
     row.nearness = nearnessOfRow(search, row);
     if (row.nearness >= FAR)
         return;
-    int32_t place = search.count;
-    while (place > 0 && search.rows[place - 1].nearness > row.nearness)
-        --place;
-    if (place == search.most)
-        return;
-    const int32_t kept = std::min(search.count, search.most - 1);
-    for (int32_t i = kept; i > place; --i)
-        search.rows[i] = search.rows[i - 1];
-    search.rows[place] = row;
-    search.count = kept + 1;
-}
-
-bool isOffered(const Catalogue &catalogue, int32_t classId) {
-    const UomClassRow *row = class_Row(catalogue, classId);
-    return row && !class_IsInternalBase(classId) && row->internalFlag == 0 && !str_IsEmpty(row->token);
+    best_Insert(search.rows, &search.count, search.most, row,
+                [](const Row &a, const Row &b) { return a.nearness < b.nearness; });
 }
 
 void offerClasses(Search &search) {
     for (int32_t c = CLASS_DIMENSIONLESS; c < search.catalogue.classes.count; ++c) {
-        if (!isOffered(search.catalogue, c))
+        if (!class_IsOffered(search.catalogue, c))
             continue;
         const UomClassRow &row = *class_Row(search.catalogue, c);
         offer(search, {"class", row.token, row.token, row.name, row.keyword, 0});
@@ -187,11 +175,7 @@ UomTable *uom_Search(const Catalogue &catalogue, const char *words, int32_t most
     const Words *known = words ? words_Of(catalogue) : nullptr;
     if (!known)
         return nullptr;
-    std::string_view wanted(words);
-    while (!wanted.empty() && wanted.front() == ' ')
-        wanted.remove_prefix(1);
-    while (!wanted.empty() && wanted.back() == ' ')
-        wanted.remove_suffix(1);
+    const std::string_view wanted = str_Trimmed(words);
     most = std::clamp(most, 0, LARGEST);
     if (wanted.empty() || most == 0)
         return table_Create(0, TABLE_TEXT);

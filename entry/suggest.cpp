@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "catalogue/class_table.h"
+#include "support/best.h"
 #include "support/text.h"
 
 namespace uom {
@@ -11,22 +12,6 @@ namespace uom {
 namespace {
 
 constexpr size_t LONGEST = 63;
-
-void offer(Suggestions &suggestions, const char *name, int32_t edits) {
-    int32_t place = suggestions.count;
-    while (place > 0 && suggestions.edits[place - 1] > edits)
-        --place;
-    if (place == Suggestions::LIMIT)
-        return;
-    const int32_t kept = std::min(suggestions.count, Suggestions::LIMIT - 1);
-    for (int32_t i = kept; i > place; --i) {
-        suggestions.names[i] = suggestions.names[i - 1];
-        suggestions.edits[i] = suggestions.edits[i - 1];
-    }
-    suggestions.names[place] = name;
-    suggestions.edits[place] = edits;
-    suggestions.count = kept + 1;
-}
 
 size_t difference(size_t a, size_t b) {
     return a > b ? a - b : b - a;
@@ -72,7 +57,8 @@ void suggest_Names(const Words &words, std::string_view typed, Suggestions &sugg
             continue;
         const int32_t edits = suggest_Edits(typed, {name.text, name.length}, most);
         if (edits <= most)
-            offer(suggestions, name.text, edits);
+            best_Insert(suggestions.names, &suggestions.count, Suggestions::LIMIT, {name.text, edits},
+                        [](const Suggestion &a, const Suggestion &b) { return a.edits < b.edits; });
     }
 }
 
@@ -80,14 +66,14 @@ const char *suggest_Class(const Catalogue &catalogue, std::string_view typed) {
     const char *nearest = nullptr;
     int32_t most = suggest_MostEdits(typed.size());
     for (int32_t c = CLASS_DIMENSIONLESS; c < catalogue.classes.count; ++c) {
-        const UomClassRow *row = class_Row(catalogue, c);
-        if (!row || class_IsInternalBase(c) || row->internalFlag)
+        if (!class_IsOffered(catalogue, c))
             continue;
-        for (const char *text : {row->token, row->altToken, row->name}) {
+        const UomClassRow &row = *class_Row(catalogue, c);
+        for (const char *text : {row.token, row.altToken, row.name}) {
             const int32_t edits = text ? suggest_Edits(typed, text, most) : most + 1;
             if (edits > most || (nearest && edits == most))
                 continue;
-            nearest = row->token;
+            nearest = row.token;
             most = edits;
         }
     }

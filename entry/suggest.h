@@ -15,10 +15,13 @@ int32_t suggest_Edits(std::string_view a, std::string_view b, int32_t most);
 int32_t suggest_MostEdits(size_t length);
 
 // The nearest names of units and aliases, nearest first.
+struct Suggestion {
+    const char *name;
+    int32_t edits;
+};
 struct Suggestions {
     static constexpr int32_t LIMIT = 6;
-    const char *names[LIMIT];
-    int32_t edits[LIMIT];
+    Suggestion names[LIMIT];
     int32_t count = 0;
 };
 void suggest_Names(const Words &words, std::string_view typed, Suggestions &suggestions);

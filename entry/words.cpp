@@ -20,14 +20,6 @@ constexpr const char *aliasFileName = "aliases.txt";
 
 // --- lines of aliases
 
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
-        text.remove_suffix(1);
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    return text;
-}
-
 std::string_view takeLine(std::string_view &text) {
     const size_t end = std::min(text.find('\n'), text.size());
     const std::string_view line = str_Head(text, end);
@@ -153,7 +145,7 @@ ClassShape shapeOf(const Catalogue &catalogue, int32_t classId) {
     const UomClassRow *row = class_ValidRow(catalogue, classId);
     if (!row || classId < CLASS_DIMENSIONLESS)
         return shape;
-    shape.shown = !class_IsInternalBase(classId) && row->internalFlag == 0 && !str_IsEmpty(row->token);
+    shape.shown = class_IsOffered(catalogue, classId);
     shape.known = true;
     const bool single = row->baseClass[0] == 0;
     for (int32_t slot = 0; slot < (single ? 1 : CLASS_SLOTS); ++slot) {
@@ -240,21 +232,21 @@ const char *singular(Builder &builder, const char *token) {
                : nullptr;
 }
 
+// One name for each unit, what `nameOf` answers; null is passed over.
+template <class NameOf> void addUnitNames(Builder &builder, NameKind kind, NameOf nameOf) {
+    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
+        if (const UomUnit *found = record(builder.catalogue, unit))
+            addName(builder, nameOf(*found), kind, unit);
+}
+
 void addNames(Builder &builder) {
-    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
-        if (const UomUnit *found = record(builder.catalogue, unit))
-            addName(builder, found->token, NameKind::TOKEN, unit);
-    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
-        if (const UomUnit *found = record(builder.catalogue, unit))
-            addName(builder, singular(builder, found->token), NameKind::TOKEN, unit);
+    addUnitNames(builder, NameKind::TOKEN, [](const UomUnit &unit) { return unit.token; });
+    addUnitNames(builder, NameKind::TOKEN, [&](const UomUnit &unit) { return singular(builder, unit.token); });
     for (int32_t i = builder.words.aliasCount - 1; i >= 0; --i)
         addName(builder, builder.pieces.aliases[i].name, NameKind::ALIAS, i);
-    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
-        if (const UomUnit *found = record(builder.catalogue, unit))
-            addName(builder, found->description, NameKind::DESCRIPTION, unit);
-    for (int32_t unit = 1; unit < builder.words.unitCount; ++unit)
-        if (const UomUnit *found = record(builder.catalogue, unit))
-            addName(builder, shortDescription(builder, found->description), NameKind::DESCRIPTION, unit);
+    addUnitNames(builder, NameKind::DESCRIPTION, [](const UomUnit &unit) { return unit.description; });
+    addUnitNames(builder, NameKind::DESCRIPTION,
+                 [&](const UomUnit &unit) { return shortDescription(builder, unit.description); });
 }
 
 // --- the file of aliases, beside the data file
@@ -352,10 +344,10 @@ bool alias_NextLine(std::string_view &text, AliasLine &line) {
     line = {};
     if (text.empty())
         return false;
-    const std::string_view content = trimmed(withoutComment(trimmed(takeLine(text))));
+    const std::string_view content = str_Trimmed(withoutComment(str_Trimmed(takeLine(text))));
     if (!content.empty() && content.front() == '[') {
         line.binds = true;
-        line.binding = trimmed(str_Behind(str_Head(content, content.find(']')), 1));
+        line.binding = str_Trimmed(str_Behind(str_Head(content, content.find(']')), 1));
         return true;
     }
     const size_t equals = content.find('=');
@@ -363,8 +355,8 @@ bool alias_NextLine(std::string_view &text, AliasLine &line) {
         line.name = content;
         return true;
     }
-    line.name = trimmed(str_Head(content, equals));
-    line.unitText = trimmed(str_Behind(content, equals + 1));
+    line.name = str_Trimmed(str_Head(content, equals));
+    line.unitText = str_Trimmed(str_Behind(content, equals + 1));
     return true;
 }
 

@@ -7,8 +7,8 @@
 //   Reading threads may ask for the index at once: each makes one where none stands, and the first to hang it up wins.
 //
 // Invariants
-//   1. names[0 .. nameCount) are in the order tokens, aliases (the last first), descriptions: the first of two equal
-//      names counts.
+//   1. names[0 .. nameCount) are in the order tokens, their singulars, aliases (the last first), descriptions, short
+//      descriptions: the first of two equal names counts.
 //   2. Each place of `places` is a name or -1, and at least half of them are -1.
 #ifndef UOM_ENTRY_WORDS_H
 #define UOM_ENTRY_WORDS_H
@@ -91,11 +91,13 @@ template <class Visit> void words_Find(const Words &words, uint32_t hash, Visit 
 // As catalogue.h and entry.h say of these names; here the catalogue stands in front.
 int32_t uom_ReadAliasText(Catalogue &catalogue, const char *text, size_t length);
 
-// Checks a text of aliases line by line: calls `find` with the line's number and what is wrong with it.
+// A line of aliases: "name = unit text", or "[binding]" when it binds. All empty: a comment or a blank line.
 struct AliasLine {
     std::string_view name, unitText, binding;
     bool binds;
 };
+
+// Takes the next line off a text of aliases. False at its end.
 bool alias_NextLine(std::string_view &text, AliasLine &line);
 
 } // namespace uom

@@ -124,6 +124,15 @@ char *str_NextToken(char *text, const char *delimiters) {
     return str_CutToken(text, delimiters, &rest);
 }
 
+std::string_view str_Trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    while (!text.empty() && blanks.find(text.back()) != std::string_view::npos)
+        text.remove_suffix(1);
+    while (!text.empty() && blanks.find(text.front()) != std::string_view::npos)
+        text.remove_prefix(1);
+    return text;
+}
+
 bool str_EqualNoCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && str_StartsNoCase(a, b);
 }

@@ -107,6 +107,9 @@ inline bool str_IsEmpty(const char *text) {
 // Copies the text without its blanks; returns the length of the result.
 size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
 
+// Without blanks, tabs and carriage returns at the ends.
+std::string_view str_Trimmed(std::string_view text);
+
 // What stands behind the first `count` characters.
 inline std::string_view str_Behind(std::string_view text, size_t count) {
     text.remove_prefix(count < text.size() ? count : text.size());

@@ -28,13 +28,7 @@ bool isLink(const std::string &word) {
     return word == "to" || word == "as" || word == "->" || word == "=";
 }
 
-// A number in front of a text, taken off it; 1 without one. The library reads the number in front of a unit itself, but
-// there it is a factor of the unit, which is another thing for 212 F.
-double takeNumber(const uom::Entry &entry) {
-    return entry.value.value_or(1.0);
-}
-
-// What stands behind the number of a typed text.
+// What stands behind the number of a typed text, which would be a factor of the unit: another thing for 212 F.
 std::string unitOf(const std::string &text) {
     size_t end = 0;
     for (size_t i = 1; i <= text.size(); ++i)
@@ -56,7 +50,7 @@ double convertTyped(const TypedArguments &arguments, const std::string &from, co
         return *converted;
     }
     auto entry = uom::tryReadEntry(arguments.classString, from);
-    *value = entry ? takeNumber(*entry) : 1.0;
+    *value = entry ? entry->value.value_or(1.0) : 1.0;
     auto conversion =
         uom::Conversion::tryFromEntries(arguments.classString, entry && entry->value ? unit : from, to, note);
     if (!conversion)
