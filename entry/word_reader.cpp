@@ -63,16 +63,18 @@ bool stands(const WordName &name, const char *text, int32_t length, bool *exactC
     return i == length;
 }
 
-bool isBoundToOthers(const TextReader &reader, const WordName &name) {
+enum class Binding { NONE, OWN, OTHERS }; // of an alias: to the class that is read, or to others
+
+Binding bindingOf(const TextReader &reader, const WordName &name) {
     if (name.kind != NameKind::ALIAS)
-        return false;
+        return Binding::NONE;
     const int32_t *classes = reader.words.aliases[name.target].classes;
     if (*classes == 0)
-        return false;
+        return Binding::NONE;
     for (; *classes != 0; ++classes)
         if (*classes == reader.classId)
-            return false;
-    return true;
+            return Binding::OWN;
+    return Binding::OTHERS;
 }
 
 // Names of amounts ("kg-mol") stay whole, since their parts mean something else.
@@ -86,27 +88,32 @@ bool isCompound(const TextReader &reader, const WordName &name) {
     return !unit.known || unit.dimension[AXIS_AMOUNT] == 0;
 }
 
-// What the hash finds between two places, the name in its exact case before one in another.
+// What the hash finds between two places. A name in its exact case goes before one in another, and then what the class
+// calls so itself ("C" of a charge); where no class is given, a name that is bound to classes is the last choice.
 Match findName(TextReader &reader, int32_t begin, int32_t end, uint32_t hash, bool exactOnly = false) {
     Match match;
+    int32_t best = -1;
     words_Find(reader.words, hash, [&](const WordName &name) {
         bool exactCase;
         if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
             return false;
         if (exactOnly && !exactCase)
             return false;
-        const bool bound = isBoundToOthers(reader, name);
-        if (bound && reader.classId != CLASS_NONE)
+        const Binding binding = bindingOf(reader, name);
+        if (binding == Binding::OTHERS && reader.classId != CLASS_NONE)
             return false;
         if (isCompound(reader, name)) {
             reader.product.hasCompound = true;
             if (reader.way.splitNames)
                 return false;
         }
-        // Where no class is given, a name that is bound to classes is the last choice.
-        if (!match.name || (exactCase && !match.exactCase && !bound) || (match.bound && !bound))
-            match = {end, &name, exactCase, bound};
-        return match.exactCase && !match.bound;
+        const int32_t claim =
+            (binding == Binding::OTHERS ? 0 : 4) + (exactCase ? 2 : 0) + (binding == Binding::OWN ? 1 : 0);
+        if (claim > best) {
+            match = {end, &name, exactCase, binding == Binding::OTHERS};
+            best = claim;
+        }
+        return false;
     });
     return match;
 }

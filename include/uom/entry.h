@@ -83,6 +83,11 @@ UOM_API UomTable *uom_Search(const char *words, int32_t most);
  * memory is exhausted. [reads] */
 UOM_API UomTable *uom_GetChoices(const char *classString);
 
+/* All aliases, those that go before others of the name in front of them. Rows of text: alias, unit text, the tokens of the
+ * classes that it is bound to with blanks between; with tabs between the three. The caller frees the table with tbl_Free;
+ * null when memory is exhausted. [reads] */
+UOM_API UomTable *uom_GetAliases(void);
+
 /* Adds aliases to those of aliases.txt, in the same form, for as long as the catalogue stands; later ones go before
  * earlier ones. A line is "alias = unit text", "[Class Class]" binds those behind it to classes ("[]" ends that), and
  * "//" begins a comment.

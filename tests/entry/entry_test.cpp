@@ -4,23 +4,13 @@
 #include <thread>
 
 #include "catalogue/units.h"
+#include "tests/entry/fields.h"
 #include "tests/library_fixture.h"
 #include "uom/entry.h"
 
 namespace {
 
 struct Entries : ShippedTest {};
-
-std::vector<std::string> fieldsOf(const std::string &line, char separator) {
-    std::vector<std::string> fields;
-    std::istringstream stream(line);
-    for (std::string field; std::getline(stream, field, separator);) {
-        const size_t first = field.find_first_not_of(' ');
-        fields.push_back(first == std::string::npos ? ""
-                                                    : field.substr(first, field.find_last_not_of(' ') + 1 - first));
-    }
-    return fields;
-}
 
 // The number in front of a text, which is taken off.
 double takeNumber(std::string &text) {
@@ -306,6 +296,7 @@ TEST_F(Entries, TakeAliasesOfTheHost) {
     EXPECT_EQ("kg/hr x 3", read("MassRate", "bucket"));
     EXPECT_EQ("1 The alias \"round\" stands for no unit text.", read("ActVol", "round"));
     EXPECT_EQ(1, uom_ReadAliasText(nullptr, 3));
+    EXPECT_EQ("round\tround\t; bucket\t3 kg/hr\tMassRate; bucket\t10 liter\t", rows(uom_GetAliases(), 3));
 }
 
 TEST_F(Entries, WithstandAnyText) {
