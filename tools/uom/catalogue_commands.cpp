@@ -164,7 +164,8 @@ Action addClasses(CLI::App &command) {
 Action addUnits(CLI::App &command) {
     const auto arguments = std::make_shared<UnitsArguments>();
     command.add_option("CLASS", arguments->classString, "Class, or class string")->required();
-    command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *");
+    command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *")
+        ->option_text("SLATE");
     addOutput(command, arguments->output);
     command.footer("Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
                    "For a composite class, the units of its components.");

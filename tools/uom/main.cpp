@@ -87,7 +87,7 @@ StartOptions startOptions(const GlobalOptions &options) {
     return start;
 }
 
-// For the build of the tool, which installs what they write. They do without a command.
+// For the build of the tool, which installs what they write, and for shells. They do without a command.
 void addGenerators(CLI::App &app) {
     const auto write = [](const std::string &text) {
         std::cout << text;
@@ -97,6 +97,15 @@ void addGenerators(CLI::App &app) {
            "--generate-completion",
            [&app, write](const std::string &shell) { write(completionScript(describeTool(app), shell)); })
         ->check(CLI::IsMember({"bash", "zsh", "fish"}))
+        ->group("");
+    app.add_option_function<std::string>("--complete",
+                                         [write](const std::string &word) {
+                                             uom::start();
+                                             std::string lines;
+                                             for (const std::string &name : namesThatComplete(word))
+                                                 lines += name + '\n';
+                                             write(lines);
+                                         })
         ->group("");
     app.add_flag_callback("--generate-man", [&app, write] { write(manPage(describeTool(app))); })->group("");
 }
