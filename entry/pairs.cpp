@@ -136,28 +136,53 @@ double shiftOf(const Pair &pair, int32_t classId, const Fit &fit) {
     return unit && class_Row(pair.catalogue, classId)->hasOffset ? unit->offset * unit->factor : 0.0;
 }
 
+bool areNear(double a, double b, double size) {
+    return std::fabs(a - b) <= 1e-9 * size;
+}
+
+// One of the first unit in the second one under a class.
+bool convertOne(const Pair &pair, int32_t classId, double *result) {
+    Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
+    const char *token = class_Token(pair.catalogue, classId);
+    UomConversion *conversion = nullptr;
+    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, &conversion) != UOM_DONE)
+        return false;
+    *result = prepared_One(*conversion, 1.0);
+    mem_Free(conversion);
+    return true;
+}
+
+// Gravities of oils and of gases are two formulas for one name.
+bool hasFormula(const Pair &pair, int32_t classId) {
+    return class_Row(pair.catalogue, classId)->baseClass[0] == CLASS_PETRO_MASS;
+}
+
 bool convertsAlike(const Pair &pair, int32_t a, const ClassFit *ofA, int32_t b, const ClassFit *ofB) {
+    if (hasFormula(pair, a) || hasFormula(pair, b)) {
+        double first, second;
+        return !convertOne(pair, a, &first) || !convertOne(pair, b, &second) || areNear(first, second, first);
+    }
     if (pair.words.classes[a].slots > 1 || pair.words.classes[b].slots > 1)
         return true;
-    const double first = shiftOf(pair, a, ofA[0].fit) - shiftOf(pair, a, ofA[1].fit);
-    const double second = shiftOf(pair, b, ofB[0].fit) - shiftOf(pair, b, ofB[1].fit);
-    return std::fabs(first - second) <= 1e-9 * (std::fabs(first) + std::fabs(second));
+    const double shifts[] = {shiftOf(pair, a, ofA[0].fit), shiftOf(pair, a, ofA[1].fit), shiftOf(pair, b, ofB[0].fit),
+                             shiftOf(pair, b, ofB[1].fit)};
+    double size = 0.0;
+    for (const double shift : shifts)
+        size += std::fabs(shift);
+    return areNear(shifts[0] - shifts[1], shifts[2] - shifts[3], size);
 }
 
 // What one would be under the other class: "Read as Temp; as TempDiff, 1 F is 0.555556 C."
 void noteOther(Pair &pair, int32_t classId, int32_t other, UomEntry &entry) {
-    Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
-    const char *token = class_Token(pair.catalogue, other);
-    UomConversion *conversion = nullptr;
-    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, &conversion) != UOM_DONE)
+    double result;
+    if (!convertOne(pair, other, &result))
         return;
     char number[32];
-    num_FormatDouble(number, sizeof number, "%.6g", prepared_One(*conversion, 1.0));
-    mem_Free(conversion);
-    const bool numbered = !std::isnan(under.sides[0].entry.value);
+    num_FormatDouble(number, sizeof number, "%.6g", result);
+    const bool numbered = !std::isnan(pair.sides[0].entry.value);
     str_FormatBounded(entry.message, sizeof entry.message, "Read as %s; as %s, %s%.60s is %s %.60s.",
-                      class_Token(pair.catalogue, classId), token, numbered ? "" : "1 ", pair.texts[0], number,
-                      pair.texts[1]);
+                      class_Token(pair.catalogue, classId), class_Token(pair.catalogue, other), numbered ? "" : "1 ",
+                      pair.texts[0], number, pair.texts[1]);
 }
 
 struct Choice {
@@ -274,6 +299,29 @@ bool readAlone(Pair &pair, int32_t which) {
     return false;
 }
 
+// The entry of the first text by itself.
+void takeFirst(const Pair &pair, UomEntry *entry) {
+    UomEntry first;
+    if (entry && uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], &first) == UOM_DONE)
+        *entry = first;
+}
+
+// Of a class that counts gas by volume or in moles, where the other text counts it the other way.
+int32_t readGivenAmount(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
+    int32_t status = readGiven(pair, classString, out, entry);
+    if (status != PAIR_BAD_FROM && status != PAIR_BAD_TO)
+        return status;
+    Pair other = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
+    const bool fits = readSide(other, status == PAIR_BAD_FROM ? 1 : 0, classString);
+    const char *complaint = pair.sides[status == PAIR_BAD_FROM ? 0 : 1].entry.message;
+    if (fits && readAlone(other, 0) && readAlone(other, 1) && convertAmounts(other, out, &status)) {
+        takeFirst(other, entry);
+        return status;
+    }
+    error_Set("%s", complaint);
+    return status;
+}
+
 int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readAlone(pair, which))
@@ -296,9 +344,7 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     }
     int32_t status;
     if (convertAmounts(pair, out, &status)) {
-        UomEntry first;
-        if (entry && uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], &first) == UOM_DONE)
-            *entry = first;
+        takeFirst(pair, entry);
         return status;
     }
     // Each by itself tells its own fault; two that are well belong to different quantities.
@@ -339,7 +385,7 @@ int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *cla
         return PAIR_NO_MEMORY;
     }
     Pair pair = {catalogue, *words, {from, to}, {}, {}};
-    return str_IsEmpty(classString) ? readAny(pair, out, entry) : readGiven(pair, classString, out, entry);
+    return str_IsEmpty(classString) ? readAny(pair, out, entry) : readGivenAmount(pair, classString, out, entry);
 }
 
 } // namespace uom

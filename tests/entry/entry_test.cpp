@@ -185,27 +185,36 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
 
 TEST_F(Entries, ConvertTwoTexts) {
     const struct {
-        const char *from, *to;
+        const char *classString, *from, *to;
         int32_t status;
         const char *message;
     } cases[] = {
-        {"psi", "kPa", 0, ""},
-        {"F", "C", 0, "Read as Temp; as TempDiff, 1 F is 0.555556 C."},
-        {"xyz", "kPa", 3, "\"xyz\" is no unit that is known here."},
-        {"kPa", "xyz", 4, "\"xyz\" is no unit that is known here."},
-        {"kPa", "ft", 1, "\"kPa\" is a unit of Pres and \"ft\" of Leng: they do not convert into each other."},
-        {"SCFM", "m3/h", 1,
+        {nullptr, "psi", "kPa", 0, ""},
+        {nullptr, "F", "C", 0, "Read as Temp; as TempDiff, 1 F is 0.555556 C."},
+        {nullptr, "kg/cm2(g)", "bar(g)", 0, ""},
+        {nullptr, "SG", "kg/m3", 0, "Read as PetroDensity; as VaporDensity, 1 SG is 1.223 kg/m3."},
+        {nullptr, "xyz", "kPa", 3, "\"xyz\" is no unit that is known here."},
+        {nullptr, "kPa", "xyz", 4, "\"xyz\" is no unit that is known here."},
+        {nullptr, "kPa", "ft", 1, "\"kPa\" is a unit of Pres and \"ft\" of Leng: they do not convert into each other."},
+        {nullptr, "SCFM", "m3/h", 1,
          "\"m3/h\" tells no standard conditions, which \"SCFM\" has: write it with SCF, Sm3 or Nm3, or name the "
          "class."},
-        {"SCFM", "lb/hr", 1,
+        {nullptr, "SCFM", "lb/hr", 1,
          "\"SCFM\" is a unit of VapVolRate and \"lb/hr\" of MassRate: they do not convert into each other."},
+        {"MoleRate", "SCFM", "lbmol/h", 0, ""},
+        {"VapVolRate", "SCFM", "lbmol/h", 0, ""},
+        {"MassRate", "SCFM", "lb/h", 3, "\"SCFM\" is no unit of MassRate; it is one of VapVolRate."},
+        {"MassRate", "SCFM", "lbmol/h", 3, "\"SCFM\" is no unit of MassRate; it is one of VapVolRate."},
     };
     for (const auto &c : cases) {
         UomConversion *conversion;
         UomEntry entry;
-        EXPECT_EQ(c.status, uom_NewConversionFromEntries(nullptr, c.from, c.to, &conversion, &entry)) << c.from;
+        EXPECT_EQ(c.status, uom_NewConversionFromEntries(c.classString, c.from, c.to, &conversion, &entry)) << c.from;
         EXPECT_STREQ(c.message, entry.message);
         EXPECT_EQ(c.status == 0, conversion != nullptr);
+        if (c.status != 0) {
+            EXPECT_EQ(std::string(c.message), lastError());
+        }
         uom_FreeConversion(conversion);
     }
     UomConversion *conversion;
