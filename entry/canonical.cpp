@@ -80,8 +80,7 @@ bool isPrinted(const Catalogue &catalogue, const UomStructNode *chain, std::stri
     for (const bool above : {true, false}) {
         bool first = true;
         for (const UomStructNode *node = chain; node; node = node->next) {
-            if (node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE || node->baseClass == CLASS_BASIS ||
-                node->baseExponent == 0)
+            if (node_IsParenthesis(*node) || node->baseClass == CLASS_BASIS || node->baseExponent == 0)
                 return false;
             if ((node->baseExponent > 0) != above || node->unit == NO_UNIT) // none behind a whole quotient
                 continue;

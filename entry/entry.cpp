@@ -7,6 +7,7 @@
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
 #include "entry/canonical.h"
+#include "entry/parts.h"
 #include "entry/suggest.h"
 #include "support/best.h"
 #include "support/message.h"
@@ -66,9 +67,9 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
 
 constexpr int32_t TOLD_CLASSES = 3;
 
-// "SCFM is no Pres; it is a VapVolRate."
-void tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
-                 UomEntry &entry) {
+// "SCFM is no Pres; it is a VapVolRate." The number of classes that are told.
+int32_t tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+                    UomEntry &entry) {
     Candidate candidates[TOLD_CLASSES];
     const int32_t count = findClasses(catalogue, words, reading, candidates, TOLD_CLASSES);
     char typed[64];
@@ -86,6 +87,7 @@ void tellClasses(const Catalogue &catalogue, const Words &words, const char *cla
         entry_Refuse(entry, "\"%s\" is no unit of %s; it is one of %s.", typed, classString, classes);
     else
         entry_Refuse(entry, "\"%s\" is no unit of %s.", typed, classString);
+    return count;
 }
 
 void tellGas(const char *classString, const Reading &reading, UomEntry &entry) {
@@ -130,6 +132,32 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
     }
 }
 
+// What is wrong with a text whose units are those of the class: its powers, or that some are missing.
+void tellParts(const Catalogue &catalogue, const Words &words, const char *classString, const Shape &shape,
+               const Reading &reading, bool isKnown, bool suggests, UomEntry &entry) {
+    const Parts parts = parts_Of(catalogue, reading, shape);
+    if (!parts.whole)
+        return;
+    if (parts.wrongPower >= 0 && !isKnown) {
+        const Term &term = reading.products[0].terms[parts.terms[parts.wrongPower]];
+        entry_Locate(entry, reading.folded, term.place, term.end);
+        entry_Refuse(entry, "The power of \"%.*s\" is %d here, and %d in %s.", static_cast<int>(term.end - term.place),
+                     reading.folded.text + term.place, static_cast<int>(term.exponent),
+                     static_cast<int>(shape.exponents[parts.wrongPower]), classString);
+    }
+    if (!suggests)
+        return;
+    char units[sizeof entry.units], text[sizeof entry.suggestion];
+    parts_Suggest(catalogue, classString, reading, parts, units, sizeof units);
+    TextWriter writer(text, sizeof text);
+    str_Write(writer, std::string_view(reading.folded.text, static_cast<size_t>(reading.unitBegin)));
+    str_Write(writer, units);
+    UomEntry read;
+    entry_Begin(read);
+    if (*units && writer.wanted < sizeof text && readTyped(catalogue, words, classString, text, false, read))
+        str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
+}
+
 void complain(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
               bool suggests, UomEntry &entry) {
     entry_Locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
@@ -139,10 +167,6 @@ void complain(const Catalogue &catalogue, const Words &words, const char *classS
 }
 
 // --- the text of a fit
-
-bool isParenthesis(const UomStructNode *node) {
-    return node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE;
-}
 
 // The exponents of a group that closes with a power.
 void raiseGroup(Shape &shape, int32_t first, int32_t exponent) {
@@ -163,7 +187,7 @@ Shape shapeOfChain(const Catalogue &catalogue, const UomStructNode *chain, int32
             groups[depth++] = shape.count;
         else if (node->baseClass == CLASS_CLOSE && depth > 0)
             raiseGroup(shape, groups[--depth], node->baseExponent == 0 ? 1 : node->baseExponent);
-        else if (isParenthesis(node))
+        else if (node_IsParenthesis(*node))
             return {};
         else if (node->baseClass != CLASS_BASIS) {
             shape.classes[shape.count] = behindBasis ? counted : node->baseClass;
@@ -268,7 +292,7 @@ bool finish(const Catalogue &catalogue, const char *classString, const Reading &
     ParsedChain chain(catalogue, classString);
     int32_t slot = 0;
     for (UomStruct node = chain.chain; node; node = node->next) {
-        if (isParenthesis(node))
+        if (node_IsParenthesis(*node))
             continue;
         chain_SetUnit(catalogue, node, fit.fit.units[slot]);
         node->multiplier = fit.fit.multipliers[slot++];
@@ -326,10 +350,12 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     }
     if (fit.fit.kind != FitKind::NONE)
         return finish(catalogue, classString, reading, fit, entry);
-    if (fit.fit.refusedGas)
+    if (fit.fit.refusedGas) {
         tellGas(classString, reading, entry);
-    else
-        tellClasses(catalogue, words, classString, reading, entry);
+        return false;
+    }
+    const bool isKnown = tellClasses(catalogue, words, classString, reading, entry) > 0;
+    tellParts(catalogue, words, classString, shape, reading, isKnown, suggests, entry);
     return false;
 }
 

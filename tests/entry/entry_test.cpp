@@ -159,7 +159,7 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
          4},
         {"Power", "mw", "This can mean MW, or m as the prefix of W: write it in the case of its symbol.", "", 0, 2},
         {"Leng", "MM", "This can mean mm, or M as the prefix of m: write it in the case of its symbol.", "", 0, 2},
-        {"Velocity", "m/s2", "\"m/s2\" is no unit of Velocity; it is one of Accel.", "", 0, 4},
+        {"Velocity", "m/s2", "\"m/s2\" is no unit of Velocity; it is one of Accel.", "m/sec", 0, 4},
         {"Pres", "1,000 kPa",
          "A comma in a number can mean two things: write it without, or with a point for decimals.", "1000 kPa", 1, 1},
         {"Pres", "1,5 bar", "A comma in a number can mean two things: write it without, or with a point for decimals.",
@@ -170,7 +170,11 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
         {"MassRate", "kg/", "The text ends where a unit is expected.", "", 3, 0},
         {"MassRate", "kg/0hr", "A number in a unit text is to be a factor other than 0.", "", 3, 1},
         {"Area", "ft^2.5", "An exponent is to be a whole number of at most two digits.", "", 2, 3},
-        {"Pres/VolRate 2", "kpa/(m3/sec)3", "\"kpa/(m3/sec)3\" is no unit of Pres/VolRate 2.", "", 0, 13},
+        {"Pres/VolRate 2", "kpa/(m3/sec)3", "The power of \"m3\" is -3 here, and -2 in Pres/VolRate 2.",
+         "kPa/(m3/sec)2", 5, 2},
+        {"MassRate", "5 lb*hr", "The power of \"hr\" is 1 here, and -1 in MassRate.", "5 lb/hr", 5, 2},
+        {"MassRate", "lb", "\"lb\" is no unit of MassRate; it is one of Mass.", "lb/hr", 0, 2},
+        {"Leng 2", "kPa-s", "\"kPa-s\" is no unit of Leng 2; it is one of Visc.", "", 0, 5},
         {"Pres", "k\xFFPa", "The text holds a byte that is no sign of a unit text.", "", 1, 1},
     };
     for (const auto &c : cases) {
