@@ -249,11 +249,24 @@ Wide amountOf(const Pair &pair, const Product &product) {
            wide_SignedPower(molesOfVolume(), gasPower(pair.words, product));
 }
 
-bool convertAmounts(const Pair &pair, UomConversion **out, int32_t *status) {
+bool isPlain(const Reading &reading) {
+    const Measure &measure = reading.measures[0];
+    return measure.known && !measure.shifted && !measure.formula && !reading.products[0].scale;
+}
+
+bool isOfNoClass(const Pair &pair, int32_t which) {
+    UomEntry entry;
+    return uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &entry) != UOM_DONE;
+}
+
+// Gas by its volume and in moles, and products that no class knows: by what they measure.
+bool convertProducts(const Pair &pair, UomConversion **out, int32_t *status) {
     const Product &from = pair.readings[0].products[0], &to = pair.readings[1].products[0];
     const Measure &a = pair.readings[0].measures[0], &b = pair.readings[1].measures[0];
-    if ((!a.gas && !b.gas) || !a.known || !b.known || a.shifted || b.shifted || from.scale || to.scale ||
+    if (!isPlain(pair.readings[0]) || !isPlain(pair.readings[1]) ||
         asAmounts(pair.words, from, a) != asAmounts(pair.words, to, b))
+        return false;
+    if (!a.gas && !b.gas && !(isOfNoClass(pair, 0) && isOfNoClass(pair, 1)))
         return false;
     *status = prepared_NewProduct(amountOf(pair, from) / amountOf(pair, to), out);
     return true;
@@ -314,7 +327,7 @@ int32_t readGivenAmount(Pair &pair, const char *classString, UomConversion **out
     Pair other = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
     const bool fits = readSide(other, status == PAIR_BAD_FROM ? 1 : 0, classString);
     const char *complaint = pair.sides[status == PAIR_BAD_FROM ? 0 : 1].entry.message;
-    if (fits && readAlone(other, 0) && readAlone(other, 1) && convertAmounts(other, out, &status)) {
+    if (fits && readAlone(other, 0) && readAlone(other, 1) && convertProducts(other, out, &status)) {
         takeFirst(other, entry);
         return status;
     }
@@ -343,7 +356,7 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
         return status;
     }
     int32_t status;
-    if (convertAmounts(pair, out, &status)) {
+    if (convertProducts(pair, out, &status)) {
         takeFirst(pair, entry);
         return status;
     }

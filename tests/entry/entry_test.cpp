@@ -205,6 +205,8 @@ TEST_F(Entries, ConvertTwoTexts) {
          "class."},
         {nullptr, "SCFM", "lb/hr", 1,
          "\"SCFM\" is a unit of VapVolRate and \"lb/hr\" of MassRate: they do not convert into each other."},
+        {nullptr, "psig2-ft", "kPa2-m", 3, "\"psig2-ft\" is a unit of no class."},
+        {nullptr, "kPa2-m", "kPa2-s", 3, "\"kPa2-m\" is a unit of no class."},
         {"MoleRate", "SCFM", "lbmol/h", 0, ""},
         {"VapVolRate", "SCFM", "lbmol/h", 0, ""},
         {"MassRate", "SCFM", "lb/h", 3, "\"SCFM\" is no unit of MassRate; it is one of VapVolRate."},
