@@ -125,6 +125,8 @@ bool isCanonical(const Catalogue &catalogue, const char *classString, const char
 } // namespace
 
 bool canonical_Read(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
+    if (class_Find(catalogue, classString, STYLE_TOKEN) == CLASS_DIMENSIONLESS)
+        return false;
     return isToken(catalogue, classString, text, entry) || isCanonical(catalogue, classString, text, entry);
 }
 

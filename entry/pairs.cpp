@@ -1,4 +1,5 @@
 // Two typed texts to a conversion.
+#include <algorithm>
 #include <cmath>
 
 #include "catalogue/class_table.h"
@@ -335,6 +336,21 @@ int32_t readGivenAmount(Pair &pair, const char *classString, UomConversion **out
     return status;
 }
 
+// A class in which both texts are something by aliases of its own: "g" and "m/s2" as accelerations.
+int32_t classOfAliases(Pair &pair) {
+    int32_t tried[64], count = 0;
+    for (int32_t i = 0; i < pair.words.aliasCount; ++i)
+        for (const int32_t *classId = pair.words.aliases[i].classes; *classId != CLASS_NONE; ++classId) {
+            if (count == 64 || std::find(tried, tried + count, *classId) != tried + count)
+                continue;
+            tried[count++] = *classId;
+            const char *token = class_Token(pair.catalogue, *classId);
+            if (readSide(pair, 0, token) && readSide(pair, 1, token))
+                return *classId;
+        }
+    return CLASS_NONE;
+}
+
 int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readAlone(pair, which))
@@ -360,6 +376,8 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
         takeFirst(pair, entry);
         return status;
     }
+    if (const int32_t classId = classOfAliases(pair); classId != CLASS_NONE)
+        return readGiven(pair, class_Token(pair.catalogue, classId), out, entry);
     // Each by itself tells its own fault; two that are well belong to different quantities.
     for (int32_t which = 0; which < 2; ++which)
         if (uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &pair.sides[which].entry) != UOM_DONE) {

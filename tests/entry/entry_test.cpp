@@ -169,9 +169,23 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
         {"MassRate", "kg/(hr", "The parenthesis is not closed.", "", 3, 1},
         {"MassRate", "kg/", "The text ends where a unit is expected.", "", 3, 0},
         {"MassRate", "kg/0hr", "A number in a unit text is to be a factor other than 0.", "", 3, 1},
-        {"Area", "ft^2.5", "An exponent is to be a whole number of at most two digits.", "", 2, 3},
+        {"Area", "ft^2.5", "An exponent is to be a whole number of at most two digits, and not 0.", "", 2, 3},
         {"Pres/VolRate 2", "kpa/(m3/sec)3", "The power of \"m3\" is -3 here, and -2 in Pres/VolRate 2.",
          "kPa/(m3/sec)2", 5, 2},
+        {"Area", "m0", "An exponent is to be a whole number of at most two digits, and not 0.", "", 1, 1},
+        {"Pres", "5.10^3 Pa", "Of numbers, 10 alone may have a power: write 5e3 or 5*10^3.", "", 0, 4},
+        {"Temp", "5 % C", "A fraction of a unit is no unit: \"percent\" stands by itself.", "", 2, 1},
+        {"Visc", "20 MPA-S", "This can mean mPa-s, or M as the prefix of Pa-s: write it in the case of its symbol.", "",
+         3, 5},
+        {"ActVolRate", "300 ML/MIN",
+         "In capitals M can mean mega or milli: write the units in the case of their symbols.", "", 4, 2},
+        {"Energy", "30 mwh", "This can mean a mega or a milli of Wh: write it in the case of its symbol.", "", 3, 3},
+        {"Pres", "psia (g)", "The pressure in front has another scale.", "", 5, 3},
+        {"Pres", "bara g", "The pressure in front has another scale.", "", 5, 1},
+        {"MassRate", "MT/d", "This can mean tonne, or Mt (a million tonnes): write which.", "", 0, 2},
+        {"VolRate", "3 Mgal/d", "This can mean 1000 gal, or 1000000 gal: write which.", "", 2, 4},
+        {"Pres", "10 kpsi", "\"kpsi\" is no unit that is known here.", "10 ksi", 3, 4},
+        {"Mass", "10 20 kg", "A second number stands behind the first: write a number without blanks.", "", 3, 1},
         {"MassRate", "5 lb*hr", "The power of \"hr\" is 1 here, and -1 in MassRate.", "5 lb/hr", 5, 2},
         {"MassRate", "lb", "\"lb\" is no unit of MassRate; it is one of Mass.", "lb/hr", 0, 2},
         {"Leng 2", "kPa-s", "\"kPa-s\" is no unit of Leng 2; it is one of Visc.", "", 0, 5},
@@ -207,6 +221,10 @@ TEST_F(Entries, ConvertTwoTexts) {
          "\"SCFM\" is a unit of VapVolRate and \"lb/hr\" of MassRate: they do not convert into each other."},
         {nullptr, "psig2-ft", "kPa2-m", 3, "\"psig2-ft\" is a unit of no class."},
         {nullptr, "kPa2-m", "kPa2-s", 3, "\"kPa2-m\" is a unit of no class."},
+        {nullptr, "ACFM", "m3/h", 0, ""},
+        {nullptr, "g", "m/s2", 0, ""},
+        {nullptr, "wt%", "mol%", 1,
+         "\"wt%\" is a unit of MassFrac and \"mol%\" of MoleFrac: they do not convert into each other."},
         {"MoleRate", "SCFM", "lbmol/h", 0, ""},
         {"VapVolRate", "SCFM", "lbmol/h", 0, ""},
         {"MassRate", "SCFM", "lb/h", 3, "\"SCFM\" is no unit of MassRate; it is one of VapVolRate."},
@@ -237,6 +255,8 @@ TEST_F(Entries, ReadEveryUnitOfEveryList) {
             UomEntry entry;
             const int32_t status = uom_ReadEntry(row->token, token, &entry);
             const bool gas = status != 0 && std::strstr(entry.message, "amount of gas");
+            if (c == CLASS_DIMENSIONLESS) // without a text of its own
+                token = "";
             if (c != CLASS_BASIS && !gas) {
                 EXPECT_EQ(joined(0, token, 1), joined(status, entry.units, entry.scale))
                     << row->token << ' ' << entry.message;
@@ -256,6 +276,8 @@ std::string rows(UomTable *table, size_t most) {
 TEST_F(Entries, FindClassesAndWords) {
     EXPECT_EQ("Pres; PresAbs; PresDiff", rows(uom_GetEntryClasses("250 kPa"), 3));
     EXPECT_EQ("", rows(uom_GetEntryClasses("xyz"), 3));
+    EXPECT_EQ("ActVolRate", rows(uom_GetEntryClasses("ACFM"), 3)) << "an alias of that class alone";
+    EXPECT_EQ("Mass; Accel", rows(uom_GetEntryClasses("g"), 5)) << "and what others call so";
     EXPECT_EQ(nullptr, uom_GetEntryClasses(nullptr));
     EXPECT_EQ("alias\tVapVolRate\tSCFM\tSCF/min", rows(uom_Search("SCFM", 1), 1));
     EXPECT_EQ("class\tHtco\tHtco\tHeat Transfer Coefficient", rows(uom_Search("heat transfer", 1), 1));
