@@ -23,6 +23,11 @@ foreach(keyword relro now noexecstack)
     endif()
 endforeach()
 
+# With MinGW the checks stand in a library of the compiler's, which it links when it hears of the protector.
+if(MINGW AND UOM_HAVE_STACK_PROTECTOR)
+    target_link_options(uom_hardening INTERFACE -fstack-protector-strong)
+endif()
+
 # Programs whose POSITION_INDEPENDENT_CODE is on are then linked as such, too.
 include(CheckPIESupported)
 check_pie_supported()

@@ -88,6 +88,39 @@ Symbol symbolOf(char c) {
 }
 
 // The "C" locale for the life of a block, so that a host with a decimal comma reads and prints the same.
+#if defined(__MINGW32__)
+
+// MinGW's own functions: they know what others know (two digits of an exponent, hexadecimal numbers) and round as they
+// do, and those of the system's old C library don't. They have the decimal point of the host.
+struct ScopedCLocale {
+    std::string_view point = std::localeconv()->decimal_point;
+
+    // A copy, with the host's point for the one of the text, up to where the text has the host's: no number goes on
+    // there. Texts end somewhere before that of the copy does, but for those of a thousand digits.
+    double read(const char *text, char **end) const {
+        if (point == ".")
+            return std::strtod(text, end);
+        const std::string_view whole(text);
+        char copy[1024];
+        TextWriter writer(copy, sizeof copy);
+        for (const char c : str_Head(whole, whole.find(point)))
+            str_Write(writer, c == '.' ? point : std::string_view(&c, 1));
+        return std::strtod(copy, end);
+    }
+
+    void print(char *out, size_t size, const char *format, double value) const {
+        std::snprintf(out, size, format, value);
+        const std::string_view text(out);
+        const size_t at = text.find(point);
+        if (point == "." || at == std::string_view::npos)
+            return;
+        out[at] = '.';
+        std::memmove(out + at + 1, out + at + point.size(), text.size() - at - point.size() + 1);
+    }
+};
+
+#else
+
 struct ScopedCLocale {
     ScopedCLocale(const ScopedCLocale &) = delete;
     ScopedCLocale &operator=(const ScopedCLocale &) = delete;
@@ -120,6 +153,8 @@ struct ScopedCLocale {
     }
 #endif
 };
+
+#endif
 
 } // namespace
 

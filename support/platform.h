@@ -1,9 +1,12 @@
-// What differs between operating systems: the diagnostic channel and the places of the data file.
+// What differs between operating systems: the diagnostic channel, files by their paths, and the places of the data file.
+//
+// Paths are UTF-8 on Windows, and of any length; elsewhere they are bytes.
 #ifndef UOM_SUPPORT_PLATFORM_H
 #define UOM_SUPPORT_PLATFORM_H
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 #include "support/memory.h"
 
@@ -32,6 +35,9 @@ enum ReadStatus { READ_DONE, READ_REFUSED, READ_NO_MEMORY };
 
 // Reads a regular file, or a link to one, as a whole. Anything else is refused, without waiting for it.
 ReadStatus platform_ReadFile(const char *path, FileText &file);
+
+// Opens a text file that is made, or made anew; null with errno when it cannot be.
+FILE *platform_OpenToWrite(const char *path);
 
 // Notes where the file is that this code is in, while the directory at work is still that of the load.
 void platform_NoteLibraryPath();
