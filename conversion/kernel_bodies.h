@@ -13,6 +13,7 @@
 #include <cstring>
 
 #include "conversion/kernels.h"
+#include "support/fma.h"
 
 namespace uom {
 
@@ -55,7 +56,7 @@ struct Product {
 struct WideProduct {
     static constexpr bool USUAL = false;
     static double one(const Line &line, double x) {
-        return x >= line.limit ? __builtin_fma(x, line.factor, x * line.factorRest) : x;
+        return x >= line.limit ? fma_Once(x, line.factor, x * line.factorRest) : x;
     }
 
     template <class M> struct Constants {
@@ -78,8 +79,8 @@ struct Shifted {
         const double d = x + line.offset;
         const double ofOffset = d - x;
         const double t = (x - (d - ofOffset)) + (line.offset - ofOffset);
-        const double small = __builtin_fma(t, line.factor, __builtin_fma(d, line.factorRest, line.rest));
-        return __builtin_fma(d, line.factor, small);
+        const double small = fma_Once(t, line.factor, fma_Once(d, line.factorRest, line.rest));
+        return fma_Once(d, line.factor, small);
     }
 
     template <class M> struct Constants {

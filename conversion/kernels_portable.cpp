@@ -2,6 +2,7 @@
 #include "conversion/kernel_bodies.h"
 #include "conversion/kernels.h"
 #include "conversion/prepared.h"
+#include "support/fma.h"
 
 namespace uom {
 
@@ -62,7 +63,7 @@ struct Portable {
         return a / b;
     }
     static double fma(double a, double b, double c) {
-        return __builtin_fma(a, b, c);
+        return fma_Once(a, b, c);
     }
     static double absolute(double a) {
         return __builtin_fabs(a);

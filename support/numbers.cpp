@@ -1,6 +1,7 @@
 
 #include "support/numbers.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <clocale>
@@ -93,29 +94,26 @@ Symbol symbolOf(char c) {
 // MinGW's own functions: they know what others know (two digits of an exponent, hexadecimal numbers) and round as they
 // do, and those of the system's old C library don't. They have the decimal point of the host.
 struct ScopedCLocale {
-    std::string_view point = std::localeconv()->decimal_point;
+    char point = *std::localeconv()->decimal_point;
 
-    // A copy, with the host's point for the one of the text, up to where the text has the host's: no number goes on
-    // there. Texts end somewhere before that of the copy does, but for those of a thousand digits.
+    // A copy with the host's point for the one of the text, up to where the text has the host's: no number goes on there.
+    // Numbers of a thousand digits and more are cut.
     double read(const char *text, char **end) const {
-        if (point == ".")
+        if (point == '.')
             return std::strtod(text, end);
-        const std::string_view whole(text);
         char copy[1024];
-        TextWriter writer(copy, sizeof copy);
-        for (const char c : str_Head(whole, whole.find(point)))
-            str_Write(writer, c == '.' ? point : std::string_view(&c, 1));
-        return std::strtod(copy, end);
+        const std::string_view whole(text);
+        str_CopyBounded(copy, sizeof copy, str_Head(whole, whole.find(point)));
+        std::replace(copy, copy + std::strlen(copy), '.', point);
+        const double value = std::strtod(copy, end);
+        *end = const_cast<char *>(text) + (*end - copy);
+        return value;
     }
 
     void print(char *out, size_t size, const char *format, double value) const {
         std::snprintf(out, size, format, value);
-        const std::string_view text(out);
-        const size_t at = text.find(point);
-        if (point == "." || at == std::string_view::npos)
-            return;
-        out[at] = '.';
-        std::memmove(out + at + 1, out + at + point.size(), text.size() - at - point.size() + 1);
+        if (char *mark = point == '.' ? nullptr : std::strchr(out, point))
+            *mark = '.';
     }
 };
 

@@ -18,9 +18,8 @@ struct Line {
 std::vector<Line> readLines(const std::string &path) {
     std::ifstream file(path);
     std::vector<Line> lines;
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
+    std::string line;
+    for (int number = 1; readLine(file, line, number); ++number) {
         const std::string text(trimmed(line.substr(0, line.find(" //"))));
         if (!text.empty() && text.substr(0, 2) != "//")
             lines.push_back({number, text});

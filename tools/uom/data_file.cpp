@@ -67,7 +67,10 @@ std::vector<Piece> readPieces(const std::string &path) {
     char buffer[LINE_SIZE];
     int number = 1;
     while (file && std::fgets(buffer, sizeof buffer, file.get())) {
-        pieces.push_back({number, buffer});
+        std::string_view piece(buffer);
+        if (pieces.empty() && piece.starts_with(BYTE_ORDER_MARK))
+            piece.remove_prefix(BYTE_ORDER_MARK.size());
+        pieces.push_back({number, std::string(piece)});
         if (pieces.back().text.ends_with('\n'))
             ++number;
     }

@@ -6,6 +6,7 @@
 #include "interface.h"
 #include "library.h"
 #include "start.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -164,6 +165,7 @@ int run(int count, char **words) {
     app.footer(EXAMPLES);
     app.require_subcommand(1);
     app.fallthrough();
+    app.allow_windows_style_options(false); // "/sec" is a unit, on all systems
 
     int status = 0;
     for (const Command &command : commands) {
@@ -188,6 +190,7 @@ int run(int count, char **words) {
 } // namespace
 
 int main(int count, char **words) {
+    const Console console;
     int status = FAILED;
     try {
         status = run(count, words);
