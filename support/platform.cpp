@@ -70,7 +70,7 @@ static bool isRegular(HANDLE file) {
     return file != INVALID_HANDLE_VALUE && GetFileType(file) == FILE_TYPE_DISK;
 }
 
-// Opens a regular file, or a link to one, as text; null for anything else.
+// Opens a regular file, or a link to one; null for anything else.
 static FILE *openRegular(const char *path, size_t *size) {
     const WidePath wide(path);
     const HANDLE file =
@@ -84,12 +84,12 @@ static FILE *openRegular(const char *path, size_t *size) {
         return nullptr;
     }
     *size = static_cast<size_t>(bytes.QuadPart);
-    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(file), _O_RDONLY | _O_TEXT);
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(file), _O_RDONLY | _O_BINARY);
     if (descriptor < 0) {
         CloseHandle(file);
         return nullptr;
     }
-    FILE *stream = _fdopen(descriptor, "r");
+    FILE *stream = _fdopen(descriptor, "rb");
     if (!stream)
         _close(descriptor);
     return stream;

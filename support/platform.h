@@ -12,6 +12,13 @@
 
 namespace uom {
 
+// Whether a carriage return in front of a line feed belongs to the end of a line.
+#if defined(_WIN32)
+constexpr bool RETURNS_END_LINES = true;
+#else
+constexpr bool RETURNS_END_LINES = false;
+#endif
+
 constexpr size_t DATA_FILE_SIZE = 520; // of a path of a data file
 
 // Writes to the diagnostic channel: the debugger output on Windows, elsewhere a buffer of the process that

@@ -163,6 +163,20 @@ TEST_F(CatalogueStartup, PassesAByteOrderMarkOver) {
     EXPECT_EQ(0, uom_ReadEntry("Leng", "metre", &entry)) << entry.message;
 }
 
+// The longest line that is one, with a return more.
+TEST_F(CatalogueStartup, TakesReturnsAsTheSystemDoes) {
+    const std::string longest = "m M Meter 0 0 1" + std::string(115, ' ');
+    const std::string text =
+        "BEGINUOMLIST\r\nnone N N 0 0 1\r\n" + longest + "\r\nENDUOMLIST\r\nBEGINLIST\r\nLeng\r\nENDLST\r\n";
+    const std::string wrong = text + "BEGINLIST\r\n";
+    EXPECT_EQ(0, startWith(text));
+    EXPECT_EQ(RETURNS_END_LINES ? 2 : 0, catalogue().units.count);
+    stop();
+    EXPECT_EQ(RETURNS_END_LINES ? 2 : 0, uom_InitText(wrong.data(), wrong.size(), 0, nullptr));
+    EXPECT_EQ(RETURNS_END_LINES ? "UOM File \"(text)\", Error on line 8, \"BEGINLIST\" not expected." : "",
+              lastError());
+}
+
 TEST_F(CatalogueStartup, DebugTextKeepsTheNewest) {
 #ifdef _WIN32
     GTEST_SKIP() << "the debugger has it";

@@ -75,6 +75,11 @@ for usage in "convert Leng ft" "convert Leng --from-slate SI 1" "constants Leng 
     refused $usage
 done
 
+# A byte-order mark, and returns; words that other programs take for options or for patterns of file names.
+is "marked input" "0.3048 0.6096" "$(printf '\xEF\xBB\xBF1\r\n2\r\n' | "$uom" convert Leng ft m | xargs)"
+is "words with a slash in front" "3600" "$(run convert /Time /sec /hr 1 | head -1)"
+is "words with a star" "1000" "$(cd "$(mktemp -d)" && touch kam && "$uom" convert Leng 'k*m' m 1; rm kam; rmdir "$PWD" 2>&1)"
+
 constants=$("$uom" constants Temp C F)
 is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { printf "%.3f", (100 + o) * f }' <<<"$constants")"
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"

@@ -1,11 +1,11 @@
 // uom check of files of aliases and of slate definitions: what the strict reader makes of each line.
-#include <filesystem>
 #include <fstream>
 #include <map>
 
 #include "commands.h"
 #include "data_file.h"
 #include "library.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -108,9 +108,8 @@ void checkSlateLine(const Line &line, Findings &findings) {
 } // namespace
 
 FileKind kindOf(const std::string &path) {
-    std::error_code error;
     FileKind kind = FileKind::DATA;
-    if (!std::filesystem::is_regular_file(path, error)) // a pipe is not waited for
+    if (!isRegularFile(path)) // a pipe is not waited for
         return kind;
     for (const Line &line : readLines(path)) {
         if (line.text == "BEGINUOMLIST")

@@ -26,6 +26,10 @@ unsigned atOnce(size_t size) {
     return static_cast<unsigned>(std::min<size_t>(size, INT32_MAX));
 }
 
+HANDLE handleOf(int descriptor) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor));
+}
+
 } // namespace
 
 Console::Console() : inputPage_(GetConsoleCP()), outputPage_(GetConsoleOutputCP()) {
@@ -56,11 +60,20 @@ std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size) {
     return ::write(descriptor, from, atOnce(size));
 }
 
+// By the open file, which is no pipe that waits here: the C library's stat() takes short paths alone.
+bool isRegularFile(const std::string &path) {
+    const int descriptor = openToRead(path);
+    if (descriptor < 0)
+        return false;
+    const bool regular = GetFileType(handleOf(descriptor)) == FILE_TYPE_DISK;
+    close(descriptor);
+    return regular;
+}
+
 bool isSameFile(int a, int b) {
     BY_HANDLE_FILE_INFORMATION first, second;
-    const auto handle = [](int descriptor) { return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor)); };
-    return GetFileType(handle(a)) == FILE_TYPE_DISK && GetFileInformationByHandle(handle(a), &first) &&
-           GetFileInformationByHandle(handle(b), &second) &&
+    return GetFileType(handleOf(a)) == FILE_TYPE_DISK && GetFileInformationByHandle(handleOf(a), &first) &&
+           GetFileInformationByHandle(handleOf(b), &second) &&
            first.dwVolumeSerialNumber == second.dwVolumeSerialNumber && first.nFileIndexHigh == second.nFileIndexHigh &&
            first.nFileIndexLow == second.nFileIndexLow;
 }
@@ -84,6 +97,11 @@ std::ptrdiff_t readBytes(int descriptor, char *to, size_t size) {
 
 std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size) {
     return ::write(descriptor, from, size);
+}
+
+bool isRegularFile(const std::string &path) {
+    struct stat file;
+    return stat(path.c_str(), &file) == 0 && S_ISREG(file.st_mode);
 }
 
 bool isSameFile(int a, int b) {

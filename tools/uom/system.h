@@ -29,6 +29,8 @@ int openToWrite(const std::string &path); // made when it is not there; not empt
 std::ptrdiff_t readBytes(int descriptor, char *to, size_t size);
 std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size);
 
+bool isRegularFile(const std::string &path);
+
 // Whether two descriptors are of one regular file.
 bool isSameFile(int a, int b);
 
