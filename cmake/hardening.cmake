@@ -5,6 +5,10 @@ include(CheckCompilerFlag)
 include(CheckLinkerFlag)
 
 add_library(uom_hardening INTERFACE)
+if(MSVC)
+    target_compile_options(uom_hardening INTERFACE /guard:cf)
+    return()
+endif()
 
 check_compiler_flag(CXX -fstack-protector-strong UOM_HAVE_STACK_PROTECTOR)
 if(UOM_HAVE_STACK_PROTECTOR)

@@ -8,6 +8,7 @@
 // is above the bound and perhaps where one is NaN, for which the usual way is as good. Then Apart, the machine's vectors for
 // values that lie apart, with loadApart and storeApart; FUSED, an instruction makes fma; and STREAMS with stream and fence, whole lines can be
 // written past the caches.
+#include <cfloat>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -74,7 +75,7 @@ struct WideProduct {
 struct Shifted {
     static constexpr bool USUAL = true; // the vectors take usual values alone
     static double one(const Line &line, double x) {
-        if (!(x >= line.limit && x <= __DBL_MAX__))
+        if (!(x >= line.limit && x <= DBL_MAX))
             return x < line.limit ? x : x * line.factor;
         const double d = x + line.offset;
         const double ofOffset = d - x;

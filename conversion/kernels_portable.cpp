@@ -1,4 +1,6 @@
 // The kernels for every machine, and the choice of the widest.
+#include <cmath>
+
 #include "conversion/kernel_bodies.h"
 #include "conversion/kernels.h"
 #include "conversion/prepared.h"
@@ -66,7 +68,7 @@ struct Portable {
         return fma_Once(a, b, c);
     }
     static double absolute(double a) {
-        return __builtin_fabs(a);
+        return std::fabs(a);
     }
     static bool atLeast(double a, double b) {
         return a >= b;
