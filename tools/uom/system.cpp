@@ -32,7 +32,7 @@ HANDLE handleOf(int descriptor) {
 
 } // namespace
 
-Console::Console() : inputPage_(GetConsoleCP()), outputPage_(GetConsoleOutputCP()) {
+Console::Console() : inputPage(GetConsoleCP()), outputPage(GetConsoleOutputCP()) {
     SetConsoleCP(CP_UTF8);
     SetConsoleOutputCP(CP_UTF8);
     const HANDLE messages = GetStdHandle(STD_ERROR_HANDLE);
@@ -42,10 +42,10 @@ Console::Console() : inputPage_(GetConsoleCP()), outputPage_(GetConsoleOutputCP(
 }
 
 Console::~Console() {
-    if (inputPage_ != 0)
-        SetConsoleCP(inputPage_);
-    if (outputPage_ != 0)
-        SetConsoleOutputCP(outputPage_);
+    if (inputPage != 0)
+        SetConsoleCP(inputPage);
+    if (outputPage != 0)
+        SetConsoleOutputCP(outputPage);
 }
 
 void keepBytes(int descriptor) {

@@ -9,15 +9,12 @@
 #include <string>
 
 // For the life of the tool: a console of Windows takes and shows UTF-8, and knows the sequences that Progress writes.
-class Console {
-public:
+struct Console {
+    unsigned inputPage = 0, outputPage = 0; // as they were; 0 for none
     Console();
     ~Console();
     Console(const Console &) = delete;
     Console &operator=(const Console &) = delete;
-
-private:
-    unsigned inputPage_ = 0, outputPage_ = 0; // as they were
 };
 
 // From here on a standard stream is read or written byte for byte, ends of lines included.
