@@ -5,6 +5,10 @@ include(CheckCompilerFlag)
 include(CheckLinkerFlag)
 
 add_library(uom_hardening INTERFACE)
+if(MSVC)
+    target_compile_options(uom_hardening INTERFACE /guard:cf)
+    return()
+endif()
 
 check_compiler_flag(CXX -fstack-protector-strong UOM_HAVE_STACK_PROTECTOR)
 if(UOM_HAVE_STACK_PROTECTOR)
@@ -22,6 +26,11 @@ foreach(keyword relro now noexecstack)
         target_link_options(uom_hardening INTERFACE LINKER:-z,${keyword})
     endif()
 endforeach()
+
+# With MinGW the checks stand in a library of the compiler's, which it links when it hears of the protector.
+if(MINGW AND UOM_HAVE_STACK_PROTECTOR)
+    target_link_options(uom_hardening INTERFACE -fstack-protector-strong)
+endif()
 
 # Programs whose POSITION_INDEPENDENT_CODE is on are then linked as such, too.
 include(CheckPIESupported)

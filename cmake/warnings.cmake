@@ -1,6 +1,10 @@
 # One set of warnings for all that is compiled here, C and C++.
 
 add_library(uom_warnings INTERFACE)
+if(MSVC)
+    target_compile_options(uom_warnings INTERFACE /W4 $<$<BOOL:${UOM_WARNINGS_AS_ERRORS}>:/WX>)
+    return()
+endif()
 target_compile_options(uom_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
     $<$<BOOL:${UOM_WARNINGS_AS_ERRORS}>:-Werror>)

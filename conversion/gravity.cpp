@@ -3,6 +3,7 @@
 #include <cmath>
 #include "catalogue/class_rows.h"
 #include "conversion/walk.h"
+#include "support/fma.h"
 #include "support/numbers.h"
 
 namespace uom {
@@ -45,7 +46,7 @@ bool addStep(GravityLine &line, const ResolvedNode &node, double *product, const
     if (factor == 0.0 || divisor == 0.0)
         return false;
     const double inverse = 1.0 / divisor;
-    line.step[line.steps++] = {factor, divisor, inverse, std::fma(-inverse, divisor, 1.0) / divisor};
+    line.step[line.steps++] = {factor, divisor, inverse, fma_Once(-inverse, divisor, 1.0) / divisor};
     const double most = -numbers.nullDoubleLimit / 2;
     *product *= factor;
     // A gravity is made of what is not nearly 0.

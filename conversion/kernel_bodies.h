@@ -8,11 +8,13 @@
 // is above the bound and perhaps where one is NaN, for which the usual way is as good. Then Apart, the machine's vectors for
 // values that lie apart, with loadApart and storeApart; FUSED, an instruction makes fma; and STREAMS with stream and fence, whole lines can be
 // written past the caches.
+#include <cfloat>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 #include "conversion/kernels.h"
+#include "support/fma.h"
 
 namespace uom {
 
@@ -55,7 +57,7 @@ struct Product {
 struct WideProduct {
     static constexpr bool USUAL = false;
     static double one(const Line &line, double x) {
-        return x >= line.limit ? __builtin_fma(x, line.factor, x * line.factorRest) : x;
+        return x >= line.limit ? fma_Once(x, line.factor, x * line.factorRest) : x;
     }
 
     template <class M> struct Constants {
@@ -73,13 +75,13 @@ struct WideProduct {
 struct Shifted {
     static constexpr bool USUAL = true; // the vectors take usual values alone
     static double one(const Line &line, double x) {
-        if (!(x >= line.limit && x <= __DBL_MAX__))
+        if (!(x >= line.limit && x <= DBL_MAX))
             return x < line.limit ? x : x * line.factor;
         const double d = x + line.offset;
         const double ofOffset = d - x;
         const double t = (x - (d - ofOffset)) + (line.offset - ofOffset);
-        const double small = __builtin_fma(t, line.factor, __builtin_fma(d, line.factorRest, line.rest));
-        return __builtin_fma(d, line.factor, small);
+        const double small = fma_Once(t, line.factor, fma_Once(d, line.factorRest, line.rest));
+        return fma_Once(d, line.factor, small);
     }
 
     template <class M> struct Constants {

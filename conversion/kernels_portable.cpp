@@ -1,7 +1,10 @@
 // The kernels for every machine, and the choice of the widest.
+#include <cmath>
+
 #include "conversion/kernel_bodies.h"
 #include "conversion/kernels.h"
 #include "conversion/prepared.h"
+#include "support/fma.h"
 
 namespace uom {
 
@@ -62,10 +65,10 @@ struct Portable {
         return a / b;
     }
     static double fma(double a, double b, double c) {
-        return __builtin_fma(a, b, c);
+        return fma_Once(a, b, c);
     }
     static double absolute(double a) {
-        return __builtin_fabs(a);
+        return std::fabs(a);
     }
     static bool atLeast(double a, double b) {
         return a >= b;

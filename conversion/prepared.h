@@ -18,6 +18,7 @@
 #include "conversion/gravity.h"
 #include "conversion/linear.h"
 #include "conversion/resolved.h"
+#include "support/fma.h"
 #include "support/numbers.h"
 #include "uom/conversion.h"
 
@@ -85,7 +86,7 @@ inline double prepared_Fused(double a, double b, double c) {
     __asm__("vfmadd213sd %2, %1, %0" : "+x"(a) : "x"(b), "x"(c));
     return a;
 #else
-    return std::fma(a, b, c);
+    return fma_Once(a, b, c);
 #endif
 }
 

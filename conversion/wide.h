@@ -14,6 +14,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "support/fma.h"
+
 namespace uom {
 
 struct Wide {
@@ -41,7 +43,7 @@ inline ExactPair exact_Sum(double a, double b) {
 
 inline ExactPair exact_Product(double a, double b) {
     const double product = a * b;
-    return {product, std::fma(a, b, -product)};
+    return {product, fma_Once(a, b, -product)};
 }
 
 constexpr int EXPONENT_BIAS = 1023;

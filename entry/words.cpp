@@ -295,7 +295,7 @@ Sizes sizesOf(const Catalogue &catalogue, std::string_view file, std::string_vie
 Words *build(const Catalogue &catalogue) {
     FileText file;
     readAliasFile(catalogue, file);
-    const std::string_view fileText(file.text ? file.text : "", file.length);
+    const std::string_view fileText = str_WithoutMark({file.text ? file.text : "", file.length});
     const std::string_view own(catalogue.aliasText ? catalogue.aliasText : "");
     const Sizes sizes = sizesOf(catalogue, fileText, own);
     Arena arena;
@@ -385,7 +385,7 @@ int32_t uom_ReadAliasText(Catalogue &catalogue, const char *text, size_t length)
         return UOM_REFUSED;
     }
     const size_t before = catalogue.aliasText ? std::strlen(catalogue.aliasText) : 0;
-    const std::string_view added(text ? text : "", length);
+    const std::string_view added = str_WithoutMark({text ? text : "", length});
     void *block = catalogue.aliasText;
     if (mem_Realloc(&block, before + added.size() + 2) != 0) {
         error_Set("The aliases were not read: memory is exhausted.");

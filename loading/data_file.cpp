@@ -352,7 +352,7 @@ int32_t uom_ReadDataFile(Catalogue &catalogue, Running &running, const char *pat
 }
 
 int32_t data_ReadText(Catalogue &catalogue, Running &running, const char *name, std::string_view text) {
-    Reader reader(catalogue, running, name, text);
+    Reader reader(catalogue, running, name, str_WithoutMark(text));
     return readStages(reader);
 }
 

@@ -15,7 +15,7 @@ namespace uom {
 // memory is exhausted, each with a message. What was read before a failure stays.
 int32_t uom_ReadDataFile(Catalogue &catalogue, Running &running, const char *path);
 
-// The same from the bytes of a data file; messages call it by the name.
+// The same from the bytes of a data file, a byte-order mark passed over; messages call it by the name.
 int32_t data_ReadText(Catalogue &catalogue, Running &running, const char *name, std::string_view text);
 
 // Writes the message of a data file that cannot be opened; 1.

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "support/platform.h"
 #include "support/text.h"
 
 namespace uom {
@@ -12,8 +13,12 @@ static std::string_view takeLine(DataLines &lines) {
     const void *end = std::memchr(piece.data(), '\n', piece.size());
     if (end)
         piece = str_Head(piece, static_cast<size_t>(static_cast<const char *>(end) - piece.data()) + 1);
+    else if (RETURNS_END_LINES && piece.ends_with('\r') && str_Behind(lines.ahead, piece.size()).starts_with('\n'))
+        piece = str_Head(lines.ahead, piece.size() + 1); // with its return the end has one character more
     lines.ahead.remove_prefix(piece.size());
     ++lines.number;
+    if (RETURNS_END_LINES && piece.ends_with("\r\n"))
+        piece.remove_suffix(2);
     return str_Head(piece, piece.find('\0'));
 }
 

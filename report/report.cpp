@@ -8,6 +8,7 @@
 #include "conversion/prepared.h"
 #include "slates/definition_text.h"
 #include "support/memory.h"
+#include "support/platform.h"
 #include "support/scoped.h"
 #include "support/table.h"
 #include "support/text.h"
@@ -35,7 +36,7 @@ FILE *openOutput(const char *path, int32_t *failure) {
     if (str_IsEmpty(path))
         return stdout;
     errno = 0;
-    FILE *out = std::fopen(path, "w");
+    FILE *out = platform_OpenToWrite(path);
     if (!out)
         *failure = errno != 0 ? errno : 1;
     return out;

@@ -80,6 +80,17 @@ build() {
         fail "could not build $preset; the reason stands above"
 }
 
+# Windows ------------------------------------------------------------------------------------------------------
+
+# dll_exports FILE, dll_needs FILE: the names that it exports, sorted; the DLLs that a DLL or program needs.
+dll_exports() {
+    x86_64-w64-mingw32-objdump -p "$1" | sed -n '/^\[Ordinal\/Name Pointer\] Table/,/^$/p' |
+        awk '$1 == "[" || $1 ~ /^\[/ { if ($1 != "[Ordinal/Name") print $NF }' | LC_ALL=C sort -u
+}
+dll_needs() {
+    x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p'
+}
+
 # The interface ------------------------------------------------------------------------------------------------
 
 # interface_headers: those that hosts in C include.

@@ -1,6 +1,7 @@
 
 #include "support/numbers.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <clocale>
@@ -88,6 +89,36 @@ Symbol symbolOf(char c) {
 }
 
 // The "C" locale for the life of a block, so that a host with a decimal comma reads and prints the same.
+#if defined(__MINGW32__)
+
+// MinGW's own functions: they know what others know (two digits of an exponent, hexadecimal numbers) and round as they
+// do, and those of the system's old C library don't. They have the decimal point of the host.
+struct ScopedCLocale {
+    char point = *std::localeconv()->decimal_point;
+
+    // A copy with the host's point for the one of the text, up to where the text has the host's: no number goes on there.
+    // Numbers of a thousand digits and more are cut.
+    double read(const char *text, char **end) const {
+        if (point == '.')
+            return std::strtod(text, end);
+        char copy[1024];
+        const std::string_view whole(text);
+        str_CopyBounded(copy, sizeof copy, str_Head(whole, whole.find(point)));
+        std::replace(copy, copy + std::strlen(copy), '.', point);
+        const double value = std::strtod(copy, end);
+        *end = const_cast<char *>(text) + (*end - copy);
+        return value;
+    }
+
+    void print(char *out, size_t size, const char *format, double value) const {
+        std::snprintf(out, size, format, value);
+        if (char *mark = point == '.' ? nullptr : std::strchr(out, point))
+            *mark = '.';
+    }
+};
+
+#else
+
 struct ScopedCLocale {
     ScopedCLocale(const ScopedCLocale &) = delete;
     ScopedCLocale &operator=(const ScopedCLocale &) = delete;
@@ -120,6 +151,8 @@ struct ScopedCLocale {
     }
 #endif
 };
+
+#endif
 
 } // namespace
 

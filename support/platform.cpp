@@ -1,18 +1,20 @@
 // The one file that knows the operating system.
 #include "support/platform.h"
 
-#include <sys/stat.h>
-
 #if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 #else
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 #include <atomic>
-#include <cstdio>
+#include <cerrno>
 #include <cstring>
+#include <cwchar>
 
 #include "support/text.h"
 
@@ -20,22 +22,107 @@ namespace uom {
 
 static const char dataFileName[] = "uomdata.txt";
 
+constexpr size_t PATH_SIZE = 4096;
+
 #if defined(_WIN32)
 static const char slashes[] = "\\/";
 #else
 static const char slashes[] = "/";
 #endif
 
-// Looked at before it is opened: opening a pipe may wait for ever, and a device may do anything. The size of a regular
-// file, -1 for anything else.
-static int64_t sizeOfFile(const char *path) {
-    struct stat file;
-    const bool regular = stat(path, &file) == 0 && (file.st_mode & S_IFMT) == S_IFREG;
-    return regular ? static_cast<int64_t>(file.st_size) : -1;
+#if defined(_WIN32)
+
+// A path as the system takes it: in UTF-16, whole, and with the mark that lifts the limit of 260 characters where it
+// goes beyond that. It comes in UTF-8; what is none is in the code page of the system, as older hosts have it.
+struct WidePath {
+    static constexpr DWORD LONGEST_MARK = 8;
+    wchar_t text[PATH_SIZE + LONGEST_MARK];
+    bool known; // a path, and not beyond all bounds
+    explicit WidePath(const char *path);
+};
+
+static bool widen(const char *path, wchar_t *out, int size) {
+    return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path, -1, out, size) > 0 ||
+           MultiByteToWideChar(CP_ACP, 0, path, -1, out, size) > 0;
 }
 
+// What stands in front of a whole path that is too long without: of that of a server, in place of a backslash.
+static std::wstring_view markOf(std::wstring_view path) {
+    if (path.size() < MAX_PATH || path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)"))
+        return L"";
+    return path.starts_with(LR"(\\)") ? LR"(\\?\UNC)" : LR"(\\?\)";
+}
+
+WidePath::WidePath(const char *path) {
+    wchar_t wide[PATH_SIZE], whole[PATH_SIZE];
+    const DWORD length = widen(path, wide, PATH_SIZE) ? GetFullPathNameW(wide, PATH_SIZE, whole, nullptr) : 0;
+    known = length > 0 && length < PATH_SIZE;
+    if (!known)
+        return;
+    const std::wstring_view mark = markOf({whole, length});
+    const size_t dropped = mark.ends_with(L"UNC") ? 1 : 0;
+    std::wmemcpy(text, mark.data(), mark.size());
+    std::wmemcpy(text + mark.size(), whole + dropped, length + 1 - dropped);
+}
+
+// Whether a handle is that of a file on a disk: a pipe is waited for, and a device may do anything.
+static bool isRegular(HANDLE file) {
+    return file != INVALID_HANDLE_VALUE && GetFileType(file) == FILE_TYPE_DISK;
+}
+
+// Opens a regular file, or a link to one; null for anything else.
+static FILE *openRegular(const char *path, size_t *size) {
+    const WidePath wide(path);
+    const HANDLE file =
+        wide.known ? CreateFileW(wide.text, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                 nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)
+                   : INVALID_HANDLE_VALUE;
+    LARGE_INTEGER bytes;
+    if (!isRegular(file) || !GetFileSizeEx(file, &bytes)) {
+        if (file != INVALID_HANDLE_VALUE)
+            CloseHandle(file);
+        return nullptr;
+    }
+    *size = static_cast<size_t>(bytes.QuadPart);
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(file), _O_RDONLY | _O_BINARY);
+    if (descriptor < 0) {
+        CloseHandle(file);
+        return nullptr;
+    }
+    FILE *stream = _fdopen(descriptor, "rb");
+    if (!stream)
+        _close(descriptor);
+    return stream;
+}
+
+FILE *platform_OpenToWrite(const char *path) {
+    const WidePath wide(path);
+    if (!wide.known)
+        errno = ENOENT;
+    return wide.known ? _wfopen(wide.text, L"w") : nullptr;
+}
+
+#else
+
+// Looked at before it is opened: opening a pipe may wait for ever, and a device may do anything. Null for anything but
+// a regular file.
+static FILE *openRegular(const char *path, size_t *size) {
+    struct stat file;
+    if (stat(path, &file) != 0 || (file.st_mode & S_IFMT) != S_IFREG)
+        return nullptr;
+    *size = static_cast<size_t>(file.st_size);
+    return std::fopen(path, "r");
+}
+
+FILE *platform_OpenToWrite(const char *path) {
+    return std::fopen(path, "w");
+}
+
+#endif
+
 static bool canBeRead(const char *path) {
-    FILE *file = sizeOfFile(path) < 0 ? nullptr : std::fopen(path, "r");
+    size_t size;
+    FILE *file = openRegular(path, &size);
     if (file)
         std::fclose(file);
     return file != nullptr;
@@ -57,11 +144,11 @@ static ReadStatus readWhole(FILE *file, size_t size, FileText &out) {
 }
 
 ReadStatus platform_ReadFile(const char *path, FileText &file) {
-    const int64_t size = sizeOfFile(path);
-    FILE *source = size < 0 ? nullptr : std::fopen(path, "r");
+    size_t size;
+    FILE *source = openRegular(path, &size);
     if (!source)
         return READ_REFUSED;
-    const ReadStatus status = readWhole(source, static_cast<size_t>(size), file);
+    const ReadStatus status = readWhole(source, size, file);
     std::fclose(source);
     return status;
 }
@@ -88,6 +175,17 @@ static bool tryBeside(DataFilePlaces &places, std::string_view file, const char 
     return slash != std::string_view::npos && tryPlace(places, str_Head(file, slash + 1), subdirectory);
 }
 
+// Beside the library, and where the data file is installed relative to it.
+static bool tryBesideLibrary(DataFilePlaces &places, std::string_view library) {
+    if (tryBeside(places, library, ""))
+        return true;
+#if defined(UOM_DATA_RELATIVE)
+    return tryBeside(places, library, UOM_DATA_RELATIVE "/");
+#else
+    return false;
+#endif
+}
+
 #if defined(_WIN32)
 
 void platform_Debug(const char *text) {
@@ -98,12 +196,33 @@ const char *platform_DebugText() {
     return "";
 }
 
-// Beside the module "corekit.dll", or beside the executable when that module is not loaded.
+// The file of a module, in UTF-8. The mark of a long path goes: not all systems take a path with ".." behind it.
+struct ModulePath {
+    char text[3 * PATH_SIZE] = "";
+    explicit ModulePath(HMODULE module) {
+        wchar_t wide[PATH_SIZE];
+        const DWORD length = GetModuleFileNameW(module, wide, PATH_SIZE);
+        if (length == 0 || length >= PATH_SIZE)
+            return;
+        const std::wstring_view whole(wide, length);
+        const bool marked = whole.starts_with(LR"(\\?\)") && !whole.starts_with(LR"(\\?\UNC\)");
+        WideCharToMultiByte(CP_UTF8, 0, wide + (marked ? 4 : 0), -1, text, sizeof text, nullptr, nullptr);
+    }
+};
+
+// The module that this code is in.
+static HMODULE ownModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const wchar_t *>(&platform_NoteLibraryPath), &module);
+    return module;
+}
+
+// First beside the module "corekit.dll", or beside the executable when that module is not loaded: hosts count on it.
 bool platform_FindDataFile(DataFilePlaces &places) {
-    char module[MAX_PATH];
-    const DWORD length = GetModuleFileNameA(GetModuleHandleA("corekit.dll"), module, sizeof module);
     places.count = 0;
-    return (length > 0 && length < sizeof module && tryBeside(places, module, "")) || tryPlace(places, ".\\", "");
+    return tryBeside(places, ModulePath(GetModuleHandleA("corekit.dll")).text, "") ||
+           tryBesideLibrary(places, ModulePath(ownModule()).text) || tryPlace(places, ".\\", "");
 }
 
 void platform_NoteLibraryPath() {}
@@ -131,8 +250,6 @@ const char *platform_DebugText() {
     return debugText;
 }
 
-constexpr size_t PATH_SIZE = 4096;
-
 // The file that this code is in, by an absolute path; empty while it is not known. A loader, and the caller of a
 // program that holds the library in itself, may have named it relative to the directory of that moment.
 static char libraryPath[PATH_SIZE] = "";
@@ -159,16 +276,6 @@ void platform_NoteLibraryPath() {
         libraryPath[0] = '\0';
 }
 
-static bool tryBesideLibrary(DataFilePlaces &places) {
-    if (tryBeside(places, libraryPath, ""))
-        return true;
-#if defined(UOM_DATA_RELATIVE)
-    return tryBeside(places, libraryPath, UOM_DATA_RELATIVE "/");
-#else
-    return false;
-#endif
-}
-
 static bool tryBesideExecutable(DataFilePlaces &places) {
     char executable[PATH_SIZE];
     const ssize_t length = readlink("/proc/self/exe", executable, sizeof executable);
@@ -179,7 +286,7 @@ static bool tryBesideExecutable(DataFilePlaces &places) {
 
 bool platform_FindDataFile(DataFilePlaces &places) {
     places.count = 0;
-    return tryBesideLibrary(places) || tryBesideExecutable(places) || tryPlace(places, "./", "");
+    return tryBesideLibrary(places, libraryPath) || tryBesideExecutable(places) || tryPlace(places, "./", "");
 }
 
 #endif

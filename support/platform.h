@@ -1,13 +1,23 @@
-// What differs between operating systems: the diagnostic channel and the places of the data file.
+// What differs between operating systems: the diagnostic channel, files by their paths, and the places of the data file.
+//
+// Paths are UTF-8 on Windows, and of any length; elsewhere they are bytes.
 #ifndef UOM_SUPPORT_PLATFORM_H
 #define UOM_SUPPORT_PLATFORM_H
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 #include "support/memory.h"
 
 namespace uom {
+
+// Whether a carriage return in front of a line feed belongs to the end of a line.
+#if defined(_WIN32)
+constexpr bool RETURNS_END_LINES = true;
+#else
+constexpr bool RETURNS_END_LINES = false;
+#endif
 
 constexpr size_t DATA_FILE_SIZE = 520; // of a path of a data file
 
@@ -32,6 +42,9 @@ enum ReadStatus { READ_DONE, READ_REFUSED, READ_NO_MEMORY };
 
 // Reads a regular file, or a link to one, as a whole. Anything else is refused, without waiting for it.
 ReadStatus platform_ReadFile(const char *path, FileText &file);
+
+// Opens a text file that is made, or made anew; null with errno when it cannot be.
+FILE *platform_OpenToWrite(const char *path);
 
 // Notes where the file is that this code is in, while the directory at work is still that of the load.
 void platform_NoteLibraryPath();

@@ -124,6 +124,11 @@ char *str_NextToken(char *text, const char *delimiters) {
     return str_CutToken(text, delimiters, &rest);
 }
 
+std::string_view str_WithoutMark(std::string_view text) {
+    constexpr std::string_view MARK = "\xEF\xBB\xBF";
+    return text.starts_with(MARK) ? str_Behind(text, MARK.size()) : text;
+}
+
 std::string_view str_Trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
     while (!text.empty() && blanks.find(text.back()) != std::string_view::npos)

@@ -110,6 +110,9 @@ size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
 // Without blanks, tabs and carriage returns at the ends.
 std::string_view str_Trimmed(std::string_view text);
 
+// The text of a file without the byte-order mark that some editors put in front of it.
+std::string_view str_WithoutMark(std::string_view text);
+
 // What stands behind the first `count` characters.
 inline std::string_view str_Behind(std::string_view text, size_t count) {
     text.remove_prefix(count < text.size() ? count : text.size());

@@ -145,6 +145,7 @@ protected:
         uom_Cleanup();
         all.modes = {};
         all.styles = {};
+        all.slateIndex = {};
         all.dataFile[0] = '\0';
         error_Clear();
         state_Scratch().running.apiPending = 0;

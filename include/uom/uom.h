@@ -27,6 +27,10 @@
 
 #include <stdint.h>
 
+#if defined(_WIN32) && !defined(_WIN64)
+#error "There is no library for 32-bit Windows: its arithmetic would give other last places. Compile for x64."
+#endif
+
 #if defined(_WIN32) && defined(UOM_STATIC)
 #define UOM_API
 #elif defined(_WIN32) && defined(UOM_BUILDING)
@@ -210,8 +214,9 @@ extern UOM_API int32_t UOM_SET_MAX;     /* the count of slates: the greatest ind
 UOM_API const char *uom_GetVersion(void);
 
 /* Starts with the file uomdata.txt: beside the library, else where it is installed relative to the library, else
- * beside the executable, else in the working directory. Results as uom_Init2. The message of a start that found no
- * file names the places. [changes] */
+ * beside the executable, else in the working directory. On Windows first beside the module corekit.dll, or beside the
+ * executable while that is not loaded. Results as uom_Init2. The message of a start that found no file names the places.
+ * [changes] */
 UOM_API int32_t uom_Init(void);
 
 /* The path of the data file that uom_Init would read; the library need not be started.
@@ -231,9 +236,10 @@ UOM_API int32_t uom_FindDataFile(char *out, int32_t size);
  * UOMOPTION lines of the file add to the words; of "mole" and "molar" the words go first.
  * Returns 0; 1 the data file cannot be opened, is no regular file or has a path of more than 519 bytes, 2 it has a
  * section keyword in a wrong place, 11 memory is exhausted, each with a message and the library not started; or 3
- * (class table), 4 (unit table) inconsistent, with a message and the library started. On Linux a file whose lines end
- * with carriage returns starts with 0, and an empty catalogue. What a failed start has built stays until the next start
- * or the unloading, which free it; the next start begins with an empty catalogue. [changes] */
+ * (class table), 4 (unit table) inconsistent, with a message and the library started. A file whose lines end with
+ * carriage returns starts with 0, and an empty catalogue, but on Windows, where they belong to the ends of lines. What a
+ * failed start has built stays until the next start or the unloading, which free it; the next start begins with an empty
+ * catalogue. Paths are UTF-8 on Windows; what is none is taken in the code page of the system. [changes] */
 UOM_API int32_t uom_Init2(int32_t count, const char *const *words);
 
 /* As uom_Init2; on a started library it starts anew when, and only when, the words name another data file. Paths that

@@ -88,6 +88,7 @@ $last: "high" is no atmospheric pressure: "GaugePresBasis" wants a number in kPa
 $last: the class "Dimensionless" has no list of units
 $last: the slate "OXInternal" is missing
 TEXT
+[ -z "$windows" ] || sed -i '/a carriage return stays/d' expected.txt # it belongs to the ends of lines there
 "$uom" check broken.txt >found.txt
 is "status of a broken file" 1 $?
 # In the order of the lines; what is found at one line may stand in any order.
@@ -99,8 +100,9 @@ n=$(grep -nx ENDSLATE order.txt | head -1 | cut -d: -f1)
 is "keyword in a wrong place" "order.txt:$n: UOM File \"order.txt\", Error on line $n, \"ENDSLATE\" not expected." \
     "$("$uom" check order.txt)"
 sed 's/$/\r/' "$data" >returns.txt
-is "carriage returns" "returns.txt:1: a carriage return stays in the last field (lines with one: $(wc -l <"$data"))" \
-    "$("$uom" check returns.txt)"
+finding="returns.txt:1: a carriage return stays in the last field (lines with one: $(wc -l <"$data"))"
+[ -z "$windows" ] || finding=
+is "carriage returns" "$finding" "$("$uom" check returns.txt)"
 for option in qx71 orbex kesta molar; do
     sed "s/^UOMOPTION.*/UOMOPTION $option/" "$data" >option.txt
     is "with the option $option" "" "$("$uom" check option.txt 2>&1)"

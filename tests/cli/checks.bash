@@ -1,5 +1,8 @@
 # What the scripts beside it share. Sourced behind `uom=TOOL`.
 failed=0
+# Not empty where the tool is that of Windows, by ../windows/uom.
+# shellcheck disable=SC2034 # those beside it look at it
+windows=${UOM_WINDOWS_TOOL-}
 
 is() { # title, expected, actual
     [ "$2" = "$3" ] || { printf 'FAILED: %s\n  expected: %s\n  found:    %s\n' "$1" "$2" "$3"; failed=1; }

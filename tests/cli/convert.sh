@@ -93,6 +93,11 @@ mW MW --class Power|1 mW = 1e-09 MW
 212 F C --class TempDiff --output csv|Value,From,Result,To;212,F,117.777777778,C
 TEXT
 
+# A byte-order mark, and returns; words that other programs take for options or for patterns of file names.
+is "marked input" "0.3048 0.6096" "$(printf '\xEF\xBB\xBF1\r\n2\r\n' | "$uom" convert Leng ft m | xargs)"
+is "words with a slash in front" "3600" "$(run convert /Time /sec /hr 1 | head -1)"
+is "words with a star" "1000" "$(cd "$(mktemp -d)" && touch kam && "$uom" convert Leng 'k*m' m 1; rm kam; rmdir "$PWD" 2>&1)"
+
 constants=$("$uom" constants Temp C F)
 is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { printf "%.3f", (100 + o) * f }' <<<"$constants")"
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"

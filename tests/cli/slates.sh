@@ -83,4 +83,8 @@ is "a pressure that is none" \
     'uom: broken.txt:10: "83,5" is no atmospheric pressure: "gaugepresbasis" wants a number in kPa.' \
     "$("$uom" --define broken.txt slates 2>&1 | grep :10:)"
 is "no such definitions" 'uom: Unable to read the slate definitions "none.txt".' "$("$uom" --define none.txt slates 2>&1)"
+# What some editors put in front of a text file.
+printf '\xEF\xBB\xBF[Marked]\r\nBasedOn=SI\r\nTemp=C\r\n' >marked.txt
+is "definitions behind a byte-order mark" "C" "$("$uom" --define marked.txt show Temp --slate Marked 2>&1)"
+is "a definition file that is checked" "status 0" "$(run check marked.txt)"
 exit $failed

@@ -64,6 +64,7 @@ TEXT
 [ "$("$uom" report --multipliers | wc -c)" -gt "$("$uom" report | wc -c)" ] || is "multipliers" "more columns" "no more"
 "$uom" report --for full >full.txt
 is "report to a file" "status 0" "$(run report -o file.txt)"
+[ -z "$windows" ] || sed -i 's/\r$//' file.txt
 cmp -s full.txt file.txt || is "report to a file" "as to standard output" "other text"
 is "no such directory" $'uom: Unable to write the report to "none/file.txt": No such file or directory.\nstatus 1' \
     "$(run report -o none/file.txt)"

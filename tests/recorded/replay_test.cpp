@@ -352,7 +352,7 @@ const std::map<std::string, void (*)(Call &)> operations = {
 
 std::string contentOf(const std::string &path) {
     std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
+    text << std::ifstream(path).rdbuf();
     return text.str();
 }
 
@@ -361,6 +361,7 @@ Lines recordings() {
     for (const auto &entry : std::filesystem::directory_iterator(UOM_TEST_DIR "/recorded"))
         if (entry.path().extension() == ".txt")
             paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
     return paths;
 }
 

@@ -12,11 +12,13 @@ protected:
     // the preprocessor has to say.
     static std::string statementsOf(const std::string &text, int32_t lineSize = 0, int32_t maxTokens = 0,
                                     const char *delimiters = nullptr) {
-        std::string all, copy = text;
+        std::string all;
         Preprocessor preprocessor;
         preprocessor.definedNames = LibraryTest::tableOf({"KNOWN"});
         TokenReader *const reader = reader_Create(lineSize, maxTokens, delimiters, preprocessor);
-        FILE *const file = fmemopen(copy.data(), copy.size(), "r");
+        const std::string path = testing::TempDir() + "uom_lines_" + std::to_string(getpid()) + ".txt";
+        std::ofstream(path, std::ios::binary) << text;
+        FILE *const file = std::fopen(path.c_str(), "r");
         while (file && reader_Next(reader, file, 1) == 0) {
             all += std::to_string(reader->lineNumber) + ":";
             for (int32_t i = 1; i <= reader->tokenCount; ++i)
@@ -30,6 +32,7 @@ protected:
         EXPECT_STREQ(error, "no preprocessor errors found");
         if (file)
             std::fclose(file);
+        std::remove(path.c_str());
         reader_Free(reader);
         tbl_Free(preprocessor.definedNames);
         return all;

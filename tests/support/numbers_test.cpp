@@ -3,8 +3,11 @@
 
 #include <bit>
 #include <clocale>
+#include <cmath>
 #include <limits>
+#include <random>
 
+#include "support/fma.h"
 #include "tests/library_fixture.h"
 
 namespace {
@@ -105,18 +108,51 @@ TEST_F(SupportNumbers, TextsBecomeDoubles) {
 }
 
 TEST_F(SupportNumbers, AreTheSameUnderADecimalComma) {
-#ifdef UOM_TEST_LOCALES
+#if defined(UOM_TEST_LOCALES) || defined(_WIN32)
     const std::string before = std::setlocale(LC_ALL, nullptr);
+#ifdef _WIN32
+    const char *const found = std::setlocale(LC_ALL, "German");
+#else
     setenv("LOCPATH", UOM_TEST_LOCALES, 1);
     const char *const found = std::setlocale(LC_ALL, "de_DE.UTF-8");
     unsetenv("LOCPATH");
-    ASSERT_NE(found, nullptr) << "no locale in " UOM_TEST_LOCALES;
+#endif
+    ASSERT_NE(found, nullptr) << "no locale with a decimal comma";
     expectNumbers();
     EXPECT_EQ(2.75, num_LeadingDouble(" 2.75 kg"));
+    EXPECT_EQ(1.0, num_LeadingDouble("1,5"));
+    EXPECT_EQ(0x1.8p-3, num_LeadingDouble("0x1.8p-3"));
+    char text[16];
+    num_FormatDouble(text, sizeof text, "%9.2e|", 1.5e-7);
+    EXPECT_STREQ(" 1.50e-07|", text);
     EXPECT_STREQ(",", std::localeconv()->decimal_point) << "the host's locale is as it was";
     std::setlocale(LC_ALL, before.c_str());
 #else
     GTEST_SKIP() << "built on a machine without the sources of a locale";
+#endif
+}
+
+// Against the C library, where that rounds once: numbers of all sizes, near to each other, and what cancels.
+TEST_F(SupportNumbers, FusedProductsAreRoundedOnce) {
+    EXPECT_EQ(-0x1p-54, fma_Exact(1 + 0x1p-27, 1 - 0x1p-27, -1));
+    EXPECT_EQ(0x1p-1074, fma_Exact(0x1p-537, 0x1.8p-538, 0x0p0)) << "three quarters of the smallest";
+    EXPECT_EQ(0.0, fma_Exact(0x1p-1074, 0.5, -0x1p-1074 * 0.5));
+    EXPECT_EQ(0x1.8p53 + 4, fma_Exact(0x1.8p53 + 2, 1, 1 + 0x1p-52)) << "just above the middle";
+    EXPECT_TRUE(std::isnan(fma_Exact(INFINITY, 0, 1)));
+#ifndef __MINGW32__
+    std::mt19937_64 random(7);
+    const auto number = [&](int spread) {
+        const uint64_t exponent = spread > 0 ? 1023 + random() % static_cast<uint64_t>(spread) : random() % 2048;
+        return std::bit_cast<double>((random() & 0x800FFFFFFFFFFFFF) | exponent << 52);
+    };
+    for (int i = 0; i < 1000000; ++i) {
+        const int spread = std::vector{0, 1, 60, 200}[static_cast<size_t>(i % 4)];
+        const double a = number(spread), b = number(spread);
+        const double c = i % 3 == 0 ? -a * b * (1 + i % 5 * 0x1p-52) : number(2 * spread);
+        const double expected = std::fma(a, b, c), found = fma_Exact(a, b, c);
+        const bool same = std::bit_cast<uint64_t>(expected) == std::bit_cast<uint64_t>(found);
+        ASSERT_TRUE(same || (std::isnan(expected) && std::isnan(found))) << std::hexfloat << a << " " << b << " " << c;
+    }
 #endif
 }
 

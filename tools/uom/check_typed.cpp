@@ -1,11 +1,11 @@
 // uom check of files of aliases and of slate definitions: what the strict reader makes of each line.
-#include <filesystem>
 #include <fstream>
 #include <map>
 
 #include "commands.h"
 #include "data_file.h"
 #include "library.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -18,9 +18,8 @@ struct Line {
 std::vector<Line> readLines(const std::string &path) {
     std::ifstream file(path);
     std::vector<Line> lines;
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
+    std::string line;
+    for (int number = 1; readLine(file, line, number); ++number) {
         const std::string text(trimmed(line.substr(0, line.find(" //"))));
         if (!text.empty() && text.substr(0, 2) != "//")
             lines.push_back({number, text});
@@ -109,9 +108,8 @@ void checkSlateLine(const Line &line, Findings &findings) {
 } // namespace
 
 FileKind kindOf(const std::string &path) {
-    std::error_code error;
     FileKind kind = FileKind::DATA;
-    if (!std::filesystem::is_regular_file(path, error)) // a pipe is not waited for
+    if (!isRegularFile(path)) // a pipe is not waited for
         return kind;
     for (const Line &line : readLines(path)) {
         if (line.text == "BEGINUOMLIST")

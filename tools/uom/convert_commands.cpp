@@ -124,7 +124,7 @@ int convertWords(const ConversionArguments &arguments, const Units &units) {
 int convertInput(const ConversionArguments &arguments, const Units &units) {
     int status = 0;
     std::string line;
-    for (int number = 1; std::getline(std::cin, line); ++number) {
+    for (int number = 1; readLine(std::cin, line, number); ++number) {
         const std::string text(trimmed(line));
         const auto value = parseNumber(text);
         if (value) {

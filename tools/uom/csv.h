@@ -8,8 +8,6 @@
 #include <string_view>
 #include <vector>
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-
 // Where the cell at `at` ends: at its separator, its line feed or the end of the text.
 const char *cellEnd(const char *at, const char *end, char separator);
 

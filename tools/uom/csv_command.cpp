@@ -11,7 +11,7 @@
 #include "csv_convert.h"
 #include "csv_stream.h"
 #include "prepare_conversion.h"
-#include "terminal.h"
+#include "system.h"
 #include "text.h"
 
 namespace {

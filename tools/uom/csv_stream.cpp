@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <iostream>
 #include <sys/stat.h>
 #include <system_error>
@@ -10,6 +9,7 @@
 
 #include "commands.h"
 #include "csv.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -25,20 +25,16 @@ std::string quoted(const std::string &path) {
     throw Failure(what + ": " + std::generic_category().message(error) + ".");
 }
 
-bool isSameFile(int a, int b) {
-    struct stat first, second;
-    return fstat(a, &first) == 0 && fstat(b, &second) == 0 && S_ISREG(first.st_mode) && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino;
-}
-
 } // namespace
 
 // --- files
 
 File File::toRead(const std::string &path) {
-    if (path == "-")
+    if (path == "-") {
+        keepBytes(STDIN_FILENO);
         return {STDIN_FILENO, "the standard input"};
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    }
+    const int descriptor = openToRead(path);
     if (descriptor < 0)
         fail("Unable to read " + quoted(path), errno);
     return {descriptor, quoted(path)};
@@ -47,9 +43,11 @@ File File::toRead(const std::string &path) {
 // Emptied only when it is known to be another file than the input.
 File File::toWrite(const std::string &path, const File &input) {
     File file = {STDOUT_FILENO, "the output"};
-    if (path != "-") {
+    if (path == "-") {
+        keepBytes(STDOUT_FILENO);
+    } else {
         file.name_ = quoted(path);
-        file.descriptor_ = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+        file.descriptor_ = openToWrite(path);
         if (file.descriptor_ < 0)
             fail("Unable to write " + file.name_, errno);
     }
@@ -72,9 +70,9 @@ File::~File() {
 }
 
 size_t File::read(char *to, size_t size) {
-    ssize_t count;
+    std::ptrdiff_t count;
     do
-        count = ::read(descriptor_, to, size);
+        count = readBytes(descriptor_, to, size);
     while (count < 0 && errno == EINTR);
     if (count < 0)
         fail("Unable to read " + name_, errno);
@@ -83,7 +81,7 @@ size_t File::read(char *to, size_t size) {
 
 void File::write(std::string_view text) {
     while (!text.empty()) {
-        const ssize_t count = ::write(descriptor_, text.data(), text.size());
+        const std::ptrdiff_t count = writeBytes(descriptor_, text.data(), text.size());
         if (count < 0 && errno != EINTR)
             fail("Unable to write " + name_, errno);
         text.remove_prefix(count > 0 ? static_cast<size_t>(count) : 0);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <optional>
 
 #include "commands.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -60,14 +60,15 @@ void report(Reader &reader, int line, const std::string &text) {
 
 std::vector<Piece> readPieces(const std::string &path) {
     // As the library, which reads nothing else: opening a pipe could wait for ever.
-    std::error_code failure;
-    const bool regular = std::filesystem::is_regular_file(path, failure);
-    const std::unique_ptr<FILE, FileCloser> file(regular ? std::fopen(path.c_str(), "r") : nullptr);
+    const std::unique_ptr<FILE, FileCloser> file(isRegularFile(path) ? std::fopen(path.c_str(), "r") : nullptr);
     std::vector<Piece> pieces;
     char buffer[LINE_SIZE];
     int number = 1;
     while (file && std::fgets(buffer, sizeof buffer, file.get())) {
-        pieces.push_back({number, buffer});
+        std::string_view piece(buffer);
+        if (pieces.empty() && piece.starts_with(BYTE_ORDER_MARK))
+            piece.remove_prefix(BYTE_ORDER_MARK.size());
+        pieces.push_back({number, std::string(piece)});
         if (pieces.back().text.ends_with('\n'))
             ++number;
     }

@@ -121,7 +121,7 @@ void readFile(DefinitionReader &reader, const std::string &path) {
     std::ifstream file(path);
     std::string line;
     reader.slate.clear();
-    for (int number = 1; std::getline(file, line); ++number) {
+    for (int number = 1; readLine(file, line, number); ++number) {
         const std::string text = fromTerminal(trimmed(line));
         const std::string place = path + ":" + std::to_string(number);
         if (!isPassedOver(text))

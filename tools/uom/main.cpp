@@ -7,7 +7,7 @@
 #include "library.h"
 #include "prompt.h"
 #include "start.h"
-#include "terminal.h"
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -207,6 +207,7 @@ int runWords(const std::vector<std::string> &words, GlobalOptions options, bool 
     app.footer(EXAMPLES);
     app.require_subcommand(mayAsk ? 0 : 1, 1);
     app.fallthrough();
+    app.allow_windows_style_options(false); // "/sec" is a unit, on all systems
 
     int status = 0;
     for (const Command &command : commands) {
@@ -231,6 +232,7 @@ int runWords(const std::vector<std::string> &words, GlobalOptions options, bool 
 } // namespace
 
 int main(int count, char **words) {
+    const Console console;
     int status;
     try {
         status = runWords({words + 1, words + count}, {}, false);

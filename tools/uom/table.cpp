@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <iostream>
+#include <unistd.h>
 #include <map>
 
 #include <nlohmann/json.hpp>
 
+#include "system.h"
 #include "text.h"
 
 namespace {
@@ -96,6 +98,8 @@ void printCsvLine(const Cells &cells) {
 }
 
 void printCsv(const TextTable &table) {
+    std::cout.flush();
+    keepBytes(STDOUT_FILENO); // its lines end alike on all systems
     Cells names;
     for (const Column &column : table.columns)
         names.push_back(nameOf(column));

@@ -27,6 +27,14 @@ bool equalNoCase(std::string_view a, std::string_view b) {
     return lowerCase(a) == lowerCase(b);
 }
 
+bool readLine(std::istream &from, std::string &line, int number) {
+    if (!std::getline(from, line))
+        return false;
+    if (number == 1 && line.starts_with(BYTE_ORDER_MARK))
+        line.erase(0, BYTE_ORDER_MARK.size());
+    return true;
+}
+
 // --- numbers
 
 std::optional<double> parseNumber(std::string_view text) {

@@ -2,6 +2,7 @@
 #ifndef UOM_TOOL_TEXT_H
 #define UOM_TOOL_TEXT_H
 
+#include <istream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,12 @@
 std::string_view trimmed(std::string_view text); // without blanks, tabs, carriage returns and line feeds at the ends
 std::string lowerCase(std::string_view text);
 bool equalNoCase(std::string_view a, std::string_view b);
+
+// What some editors put in front of a text file.
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
+// The next line of a text; the first has the number 1 and loses its byte-order mark. False at the end.
+bool readLine(std::istream &from, std::string &line, int number);
 
 // The number that the whole text is, "+" and blanks at the ends allowed.
 std::optional<double> parseNumber(std::string_view text);
