@@ -5,6 +5,7 @@ uom=$1
 . "$(dirname "$0")/checks.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
 export HOME=$work TERM=dumb
 unset XDG_STATE_HOME
 
