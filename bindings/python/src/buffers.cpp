@@ -16,14 +16,24 @@ constexpr Py_ssize_t LONG_ARRAY = 2048; // from here on other threads may run me
 
 // --- elements
 
+template <class Bits> Bits swapped(Bits bits) {
+    if constexpr (sizeof(Bits) == 8)
+        return __builtin_bswap64(bits);
+    else if constexpr (sizeof(Bits) == 4)
+        return __builtin_bswap32(bits);
+    else if constexpr (sizeof(Bits) == 2)
+        return __builtin_bswap16(bits);
+    else
+        return bits;
+}
+
 template <class T, bool SWAPPED> T load(const char *at) {
-    char bytes[sizeof(T)];
-    std::memcpy(bytes, at, sizeof bytes);
-    if constexpr (SWAPPED)
-        std::reverse(std::begin(bytes), std::end(bytes));
-    T value;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
+    using Bits = std::conditional_t<
+        sizeof(T) == 8, uint64_t,
+        std::conditional_t<sizeof(T) == 4, uint32_t, std::conditional_t<sizeof(T) == 2, uint16_t, uint8_t>>>;
+    Bits bits;
+    std::memcpy(&bits, at, sizeof bits);
+    return std::bit_cast<T>(SWAPPED ? swapped(bits) : bits);
 }
 
 template <class T, bool SWAPPED> void readRun(const char *in, Py_ssize_t step, double *out, size_t count) {

@@ -76,10 +76,11 @@ def _convert_masked(conversion: Conversion, array: numpy.ma.MaskedArray[Any, Any
     """The mask goes along; what is below it is converted, too."""
     import numpy
 
-    mask = numpy.ma.getmask(array)
+    ma: Any = numpy.ma
+    mask = ma.getmask(array)
     if out is None:
-        data = numpy.asarray(_convert_array(conversion, array.data, None))
-        return numpy.ma.MaskedArray(data, mask=mask.copy(), keep_mask=False)[() if data.ndim == 0 else ...]
+        data = _convert_array(conversion, array.data, None)
+        return ma.masked if data.ndim == 0 and mask else ma.MaskedArray(data, mask=mask.copy())
     if not isinstance(out, numpy.ma.MaskedArray):
         raise TypeError("the values are a masked array, and out is not")
     _convert_array(conversion, array.data, out.data)
@@ -109,7 +110,7 @@ def _convert_column(conversion: Conversion, column: pandas.Series[Any] | pandas.
     except TypeError as error:
         where = "" if name is None else f" {name!r}"
         raise TypeError(f"{_name(column)}{where}: {error}") from None
-    wanted = numpy.float32 if dtype.kind == "f" and dtype.itemsize == 4 else numpy.float64
+    wanted = numpy.float32 if str(dtype).lower() == "float32" else numpy.float64
     values = _convert_array(conversion, column.to_numpy(dtype=wanted, na_value=numpy.nan), None)
     if isinstance(column.array, (pandas.arrays.IntegerArray, pandas.arrays.FloatingArray)):
         return pandas.arrays.FloatingArray(values, column.isna().astype(bool).to_numpy())
@@ -178,7 +179,7 @@ def _convert_dask(conversion: Conversion, values: Any, out: Any) -> Any:
 # --- all
 
 
-def _as_array(values: Any, out: Any) -> Any:
+def _as_array(values: Any) -> Any:
     """What NumPy makes of a number, sequence or object with __array__."""
     try:
         import numpy
@@ -211,7 +212,4 @@ def convert_other(conversion: Conversion, values: Any, out: Any) -> Any:
     if numpy is None and out is not None and not is_number:
         conversion._into(values, out)  # two objects with the buffer protocol
         return out
-    array = _as_array(values, out)
-    if isinstance(out, sys.modules["numpy"].ma.MaskedArray):
-        raise TypeError("out is a masked array, and the values are not")
-    return _convert_array(conversion, array, out)
+    return _convert_array(conversion, _as_array(values), out)

@@ -115,18 +115,25 @@ class Catalogue(_core.Catalogue):
     def units(self, quantity: str) -> Table[Unit]:
         """The units of a quantity: all of a class that has units of its own; for others what an interface would offer.
 
+        Those alone that convert() takes for it: volumes of gas under standard conditions are in the lists of liquids, too.
         Raises UnitError for a text that is no quantity.
         """
         from ._tables import Table, Unit
 
         rows = self._units(quantity) or [(units, "") for units in self._choices(quantity)]
-        return Table(Unit, (Unit(*row) for row in rows))
+        return Table(Unit._fields, (Unit(*row) for row in rows if self._reads(row[0], quantity)))
+
+    def _reads(self, units: str, quantity: str) -> bool:
+        try:
+            return bool(Conversion(units, units, quantity, catalogue=self, _quiet=True))
+        except UnitError:
+            return False
 
     def classes(self) -> Table[Class]:
         """The kinds of quantities, each with its token, long name and keyword."""
         from ._tables import Class, Table
 
-        return Table(Class, (Class(*row) for row in self._classes()))
+        return Table(Class._fields, (Class(*row) for row in self._classes()))
 
     def search(self, words: str, most: int = 20) -> Table[Found]:
         """Classes, units, aliases and slates by words in their names and descriptions, best first.
@@ -137,13 +144,13 @@ class Catalogue(_core.Catalogue):
 
         if not 0 < most <= 1000:
             raise ValueError(f"most is a number from 1 to 1000, not {most}")
-        return Table(Found, (Found(*row.split("\t", 3)) for row in self._search(words, most)))
+        return Table(Found._fields, (Found(*row.split("\t", 3)) for row in self._search(words, most)))
 
     def slates(self) -> Table[SlateName]:
         """The slates, in the order in which they were made."""
         from ._tables import SlateName, Table
 
-        return Table(SlateName, (SlateName(*row) for row in self._slates()))
+        return Table(SlateName._fields, (SlateName(*row) for row in self._slates()))
 
     def slate(self, name: str, based_on: str | Slate | None = None, **defaults: str) -> Slate:
         """A slate: the one of this name, or a new one, based on another, "SI" when nothing is said.
@@ -268,7 +275,12 @@ class Slate(MutableMapping[str, str]):
 class Quantity:
     """A number with its unit, as read() gives it: value, units and quantity."""
 
-    __slots__ = ("value", "units", "quantity", "_catalogue")
+    __slots__ = {
+        "value": "The number, NaN for a unit alone.",
+        "units": "The units, as the catalogue writes them.",
+        "quantity": "The class string.",
+        "_catalogue": "",
+    }
 
     def __init__(self, value: float, units: str, quantity: str, catalogue: Catalogue) -> None:
         self.value = value

@@ -41,9 +41,10 @@ def _conversion_of(wanted: Wanted, stated: object, label: object, catalogue: Cat
         if not isinstance(stated, str):
             raise UnitError(f"The units of the column {label!r} are not known: name them in front.", wanted)
         wanted = (stated, wanted)
-    if not isinstance(wanted, (tuple, list)) or len(wanted) not in (2, 3):
+    texts = tuple(wanted)
+    if len(texts) not in (2, 3):
         raise TypeError(f"the column {label!r} wants (from, to) or (from, to, quantity), not {wanted!r}")
-    conversion = catalogue._prepared(wanted[0], wanted[1], wanted[2] if len(wanted) == 3 else None)
+    conversion = catalogue._prepared(texts[0], texts[1], texts[2] if len(texts) == 3 else None)
     _check_stated(conversion, stated, label, catalogue)
     return conversion
 
@@ -94,7 +95,8 @@ class SeriesUnits:
     @property
     def units(self) -> str | None:
         """The units that are known: attrs["units"]."""
-        return self._series.attrs.get("units")
+        units: str | None = self._series.attrs.get("units")
+        return units
 
     def convert(self, *wanted: str, catalogue: Catalogue | None = None) -> pandas.Series[Any]:
         """A new Series: convert(from_, to, quantity), or convert(to) where attrs["units"] has the others."""
@@ -119,13 +121,14 @@ class _WhenLoaded:
 
         spec = find_spec(name)
         if spec is not None and spec.loader is not None and hasattr(spec.loader, "exec_module"):
-            load = spec.loader.exec_module
+            loader: Any = spec.loader
+            load = loader.exec_module
 
             def load_and_register(module: ModuleType) -> None:
                 load(module)
                 _register(module)
 
-            spec.loader.exec_module = load_and_register  # type: ignore[method-assign]
+            loader.exec_module = load_and_register
         return spec
 
 

@@ -37,18 +37,18 @@ class SlateName(NamedTuple):
     based_on: str
 
 
-Row = TypeVar("Row", Unit, Class, Found, SlateName)
+Row = TypeVar("Row", bound="tuple[str, ...]")
 
 
 class Table(list[Row], Generic[Row]):
     """A list of named tuples, shown as a table in notebooks and by print(); pandas.DataFrame() takes it as it is."""
 
-    def __init__(self, kind: type[Row], rows: Iterable[Row]) -> None:
+    def __init__(self, headings: tuple[str, ...], rows: Iterable[Row]) -> None:
         super().__init__(rows)
-        self.headings: tuple[str, ...] = kind._fields
+        self.headings = headings
 
     def __str__(self) -> str:
-        rows = [self.headings, *self]
+        rows: list[tuple[str, ...]] = [self.headings, *self]
         widths = [max(len(row[i]) for row in rows) for i in range(len(self.headings))]
         return "\n".join("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip() for row in rows)
 
