@@ -5,6 +5,7 @@ import multiprocessing
 import pickle
 import sys
 import threading
+import time
 from concurrent.futures import ThreadPoolExecutor
 
 import numpy
@@ -187,22 +188,22 @@ def test_eight_threads():
 
 
 def test_the_interpreter_lock_is_released():
-    """Another thread runs while a long array is converted."""
-    values = numpy.zeros(8_000_000, dtype=">i4")  # slow to read
-    conversion, done, turns = uom.Conversion("ft", "m"), threading.Event(), 0
-    interval = sys.getswitchinterval()
-    sys.setswitchinterval(60)  # nobody lets go but by himself
+    """Another thread has turns in the middle of the conversion of a long array."""
+    values, out = numpy.zeros(4_000_000, dtype=">i4"), numpy.empty(4_000_000)
+    conversion, stop, turns = uom.Conversion("ft", "m"), threading.Event(), []
 
-    def convert():
-        conversion(values, out=numpy.empty(len(values)))
-        done.set()
+    def take_turns():
+        while not stop.wait(1e-4):
+            turns.append(time.perf_counter())
 
-    try:
-        thread = threading.Thread(target=convert)
-        thread.start()
-        while not done.wait(0):
-            turns += 1
-        thread.join()
-    finally:
-        sys.setswitchinterval(interval)
-    assert turns > 100
+    thread = threading.Thread(target=take_turns)
+    thread.start()
+    middles = 0
+    for _ in range(20):
+        begin = time.perf_counter()
+        conversion(values, out=out)
+        span = time.perf_counter() - begin
+        middles += any(begin + 0.1 * span < turn < begin + 0.6 * span for turn in turns[-1000:])
+    stop.set()
+    thread.join()
+    assert middles > 5
