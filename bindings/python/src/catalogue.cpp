@@ -15,8 +15,10 @@ void refuseClosed() {
     throw ErrorIsSet();
 }
 
-// The same for a call that changes it: what was prepared before is forgotten.
+// within() for a call that changes the catalogue: what was prepared before is forgotten.
 template <class Call> PyObject *changing(PyObject *self, Call &&call) {
+    makeReady(catalogueOf(self));
+    ++catalogueOf(self).changes;
     PyDict_Clear(catalogueOf(self).prepared);
     within(catalogueOf(self), call);
     return Py_NewRef(Py_None);
@@ -139,14 +141,18 @@ ConvertArguments convertArguments(PyObject *const *arguments, Py_ssize_t count, 
 Ref preparedOf(CatalogueObject &self, PyObject *from, PyObject *to, PyObject *quantity) {
     if (!self.catalogue)
         refuseClosed();
+    if (!PyUnicode_Check(from) || !PyUnicode_Check(to) || (quantity != Py_None && !PyUnicode_Check(quantity)))
+        return makeConversion(self, from, to, quantity, true); // which says what is wrong
     const Ref key = checked(PyTuple_Pack(3, from, to, quantity));
-    if (PyUnicode_Check(from) && PyUnicode_Check(to)) { // and so the key can be hashed
-        if (PyObject *known = PyDict_GetItemWithError(self.prepared, key.get()))
-            return Ref::to(known);
-        if (PyErr_Occurred())
-            throw ErrorIsSet();
-    }
+    if (PyObject *known = PyDict_GetItemWithError(self.prepared, key.get()))
+        return Ref::to(known);
+    if (PyErr_Occurred())
+        throw ErrorIsSet();
+    makeReady(self); // which may be a change
+    const uint64_t changes = self.changes;
     Ref made = makeConversion(self, from, to, quantity, true);
+    if (changes != self.changes) // by another thread, while this one was giving a warning
+        return made;
     if (PyDict_GET_SIZE(self.prepared) >= MOST_PREPARED)
         PyDict_Clear(self.prepared);
     if (PyDict_SetItem(self.prepared, key.get(), made.get()) != 0)

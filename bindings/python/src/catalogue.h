@@ -7,6 +7,7 @@
 struct CatalogueObject {
     PyObject_HEAD UomCatalogue *catalogue; // null once it is closed
     bool started;
+    uint64_t changes;   // so many since it was made
     PyObject *prepared; // conversions by (from, to, quantity), at most MOST_PREPARED; emptied by each change
     PyObject *origin;   // what it takes to make it again, a tuple of the Python side's
 };

@@ -90,7 +90,10 @@ def test_accessor_refuses(frame):
         frame.set_axis(["P", "P", "tag"], axis=1).uom.convert({"P": ("psig", "kPa")})
 
 
-@pytest.mark.parametrize("order", ["import uom, pandas", "import pandas, uom"])
+ASKED = "import uom, importlib.util as u; u.find_spec('pandas'); import pandas"
+
+
+@pytest.mark.parametrize("order", ["import uom, pandas", "import pandas, uom", ASKED])
 def test_accessor_in_either_order(order):
     code = f"{order}; print(pandas.DataFrame({{'P': [1]}}).uom.convert({{'P': ('kPa', 'Pa')}})['P'][0])"
     assert subprocess.run([sys.executable, "-c", code], capture_output=True, text=True).stdout == "1000.0\n"

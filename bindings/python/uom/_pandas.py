@@ -113,22 +113,31 @@ def _register(pandas: Any) -> None:
 class _WhenLoaded:
     """A finder that finds nothing by itself: it registers the accessors behind the loading of pandas, and is gone."""
 
+    def __init__(self) -> None:
+        self._asks = False
+
     def find_spec(self, name: str, path: Any = None, target: ModuleType | None = None) -> ModuleSpec | None:
-        if name != "pandas":
+        if name != "pandas" or self._asks:
             return None
-        sys.meta_path.remove(self)
         from importlib.util import find_spec
 
-        spec = find_spec(name)
-        if spec is not None and spec.loader is not None and hasattr(spec.loader, "exec_module"):
-            loader: Any = spec.loader
-            load = loader.exec_module
+        self._asks = True
+        try:
+            spec = find_spec(name)
+        finally:
+            self._asks = False
+        loader: Any = spec and spec.loader
+        if not hasattr(loader, "exec_module"):
+            return spec
+        load = loader.exec_module
 
-            def load_and_register(module: ModuleType) -> None:
-                load(module)
-                _register(module)
+        def load_and_register(module: ModuleType) -> None:
+            load(module)
+            _register(module)
+            if self in sys.meta_path:
+                sys.meta_path.remove(self)
 
-            loader.exec_module = load_and_register
+        loader.exec_module = load_and_register
         return spec
 
 
