@@ -28,6 +28,10 @@ UomTable *uom_GetChoices(const char *classString) {
     return uom::uom_GetChoices(state_InUse(), classString);
 }
 
+UomTable *uom_GetAliases(void) {
+    return uom::uom_GetAliases(state_InUse());
+}
+
 int32_t uom_ReadAliasText(const char *text, size_t length) {
     return uom::uom_ReadAliasText(state_InUse(), text, length);
 }

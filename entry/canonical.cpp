@@ -80,8 +80,7 @@ bool isPrinted(const Catalogue &catalogue, const UomStructNode *chain, std::stri
     for (const bool above : {true, false}) {
         bool first = true;
         for (const UomStructNode *node = chain; node; node = node->next) {
-            if (node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE || node->baseClass == CLASS_BASIS ||
-                node->baseExponent == 0)
+            if (node_IsParenthesis(*node) || node->baseClass == CLASS_BASIS || node->baseExponent == 0)
                 return false;
             if ((node->baseExponent > 0) != above || node->unit == NO_UNIT) // none behind a whole quotient
                 continue;
@@ -126,6 +125,8 @@ bool isCanonical(const Catalogue &catalogue, const char *classString, const char
 } // namespace
 
 bool canonical_Read(const Catalogue &catalogue, const char *classString, const char *text, UomEntry &entry) {
+    if (class_Find(catalogue, classString, STYLE_TOKEN) == CLASS_DIMENSIONLESS)
+        return false;
     return isToken(catalogue, classString, text, entry) || isCanonical(catalogue, classString, text, entry);
 }
 

@@ -7,6 +7,7 @@
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
 #include "entry/canonical.h"
+#include "entry/parts.h"
 #include "entry/suggest.h"
 #include "support/best.h"
 #include "support/message.h"
@@ -35,9 +36,8 @@ bool isInMillions(int32_t classId) {
 }
 
 // The lower the better: an alias knows its class.
-int32_t rankOf(const Reading &reading, int32_t classId, const ClassFit &fit) {
-    const bool bound = reading.products[fit.product].boundTo == classId;
-    return bound ? -1 : static_cast<int32_t>(fit.fit.kind);
+int32_t rankOf(const Reading &reading, const ClassFit &fit) {
+    return reading.products[fit.product].bound ? -1 : static_cast<int32_t>(fit.fit.kind);
 }
 
 // The classes that read the text, the best first: up to `most`.
@@ -51,7 +51,7 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
         if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))
             continue;
         best_Insert(candidates, &count, most, {c, fit}, [&](const Candidate &a, const Candidate &b) {
-            return rankOf(reading, a.classId, a.fit) < rankOf(reading, b.classId, b.fit);
+            return rankOf(reading, a.fit) < rankOf(reading, b.fit);
         });
     }
     return count;
@@ -66,9 +66,9 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
 
 constexpr int32_t TOLD_CLASSES = 3;
 
-// "SCFM is no Pres; it is a VapVolRate."
-void tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
-                 UomEntry &entry) {
+// "SCFM is no Pres; it is a VapVolRate." The number of classes that are told.
+int32_t tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
+                    UomEntry &entry) {
     Candidate candidates[TOLD_CLASSES];
     const int32_t count = findClasses(catalogue, words, reading, candidates, TOLD_CLASSES);
     char typed[64];
@@ -86,6 +86,7 @@ void tellClasses(const Catalogue &catalogue, const Words &words, const char *cla
         entry_Refuse(entry, "\"%s\" is no unit of %s; it is one of %s.", typed, classString, classes);
     else
         entry_Refuse(entry, "\"%s\" is no unit of %s.", typed, classString);
+    return count;
 }
 
 void tellGas(const char *classString, const Reading &reading, UomEntry &entry) {
@@ -107,6 +108,14 @@ void tellAmbiguous(const Reading &reading, UomEntry &entry) {
 bool readTyped(const Catalogue &catalogue, const Words &words, const char *classString, const char *text, bool suggests,
                UomEntry &entry);
 
+// Whether the one name is the other behind a letter that may be a thousand, or the like: "kpsi" is no misspelt psi.
+bool losesPrefix(std::string_view typed, std::string_view name) {
+    const bool shorter = typed.size() > name.size();
+    const std::string_view longer = shorter ? typed : name, tail = str_Behind(longer, 1);
+    return longer.size() > 1 && str_EqualNoCase(tail, shorter ? name : typed) &&
+           std::strchr("kmgthdcunp", str_Lower(longer[0])) != nullptr;
+}
+
 // A text with the word at the complaint replaced by a name that is known, if that is read.
 void suggestName(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
                  UomEntry &entry) {
@@ -123,11 +132,39 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
         str_Write(writer, str_Behind(typed, to));
         UomEntry read;
         entry_Begin(read);
+        if (losesPrefix(str_Behind(str_Head(typed, to), from), suggestions.names[i].name))
+            continue;
         if (writer.wanted >= sizeof text || !readTyped(catalogue, words, classString, text, false, read))
             continue;
         str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
         return;
     }
+}
+
+// What is wrong with a text whose units are those of the class: its powers, or that some are missing.
+void tellParts(const Catalogue &catalogue, const Words &words, const char *classString, const Shape &shape,
+               const Reading &reading, bool isKnown, bool suggests, UomEntry &entry) {
+    const Parts parts = parts_Of(catalogue, reading, shape);
+    if (!parts.whole)
+        return;
+    if (parts.wrongPower >= 0 && !isKnown) {
+        const Term &term = reading.products[0].terms[parts.terms[parts.wrongPower]];
+        entry_Locate(entry, reading.folded, term.place, term.end);
+        entry_Refuse(entry, "The power of \"%.*s\" is %d here, and %d in %s.", static_cast<int>(term.end - term.place),
+                     reading.folded.text + term.place, static_cast<int>(term.exponent),
+                     static_cast<int>(shape.exponents[parts.wrongPower]), classString);
+    }
+    if (!suggests)
+        return;
+    char units[sizeof entry.units], text[sizeof entry.suggestion];
+    parts_Suggest(catalogue, classString, reading, parts, units, sizeof units);
+    TextWriter writer(text, sizeof text);
+    str_Write(writer, std::string_view(reading.folded.text, static_cast<size_t>(reading.unitBegin)));
+    str_Write(writer, units);
+    UomEntry read;
+    entry_Begin(read);
+    if (*units && writer.wanted < sizeof text && readTyped(catalogue, words, classString, text, false, read))
+        str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
 }
 
 void complain(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
@@ -139,10 +176,6 @@ void complain(const Catalogue &catalogue, const Words &words, const char *classS
 }
 
 // --- the text of a fit
-
-bool isParenthesis(const UomStructNode *node) {
-    return node->baseClass == CLASS_OPEN || node->baseClass == CLASS_CLOSE;
-}
 
 // The exponents of a group that closes with a power.
 void raiseGroup(Shape &shape, int32_t first, int32_t exponent) {
@@ -163,7 +196,7 @@ Shape shapeOfChain(const Catalogue &catalogue, const UomStructNode *chain, int32
             groups[depth++] = shape.count;
         else if (node->baseClass == CLASS_CLOSE && depth > 0)
             raiseGroup(shape, groups[--depth], node->baseExponent == 0 ? 1 : node->baseExponent);
-        else if (isParenthesis(node))
+        else if (node_IsParenthesis(*node))
             return {};
         else if (node->baseClass != CLASS_BASIS) {
             shape.classes[shape.count] = behindBasis ? counted : node->baseClass;
@@ -205,7 +238,7 @@ bool writeInTokens(const Catalogue &catalogue, const Reading &reading, const Pro
         if (term.place < place)
             return false;
         str_Write(writer, std::string_view(text + place, static_cast<size_t>(term.place - place)));
-        str_Write(writer, unit_Token(catalogue, term.unit));
+        unit_Write(catalogue, term.unit, term.multiplier, writer);
         place = term.end;
     }
     str_Write(writer, std::string_view(text + place, static_cast<size_t>(reading.folded.length - place)));
@@ -268,16 +301,18 @@ bool finish(const Catalogue &catalogue, const char *classString, const Reading &
     ParsedChain chain(catalogue, classString);
     int32_t slot = 0;
     for (UomStruct node = chain.chain; node; node = node->next) {
-        if (isParenthesis(node))
+        if (node_IsParenthesis(*node))
             continue;
         chain_SetUnit(catalogue, node, fit.fit.units[slot]);
         node->multiplier = fit.fit.multipliers[slot++];
     }
     uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
+    if (chain.chain->baseClass == CLASS_DIMENSIONLESS) // which the classical reader reads without a unit alone
+        *entry.units = '\0';
     ParsedChain back(catalogue, classString);
     bool same = back.chain && chain_FillFromText(catalogue, back.chain, entry.units, STYLE_TOKEN) == UOM_DONE;
     for (UomStruct a = chain.chain, b = back.chain; same && a && b; a = a->next, b = b->next)
-        same = a->unit == b->unit && a->multiplier == b->multiplier;
+        same = (a->unit == b->unit && a->multiplier == b->multiplier) || a->baseClass == CLASS_DIMENSIONLESS;
     if (same && std::isfinite(entry.scale) && entry.scale != 0.0)
         return true;
     entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
@@ -326,10 +361,12 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     }
     if (fit.fit.kind != FitKind::NONE)
         return finish(catalogue, classString, reading, fit, entry);
-    if (fit.fit.refusedGas)
+    if (fit.fit.refusedGas) {
         tellGas(classString, reading, entry);
-    else
-        tellClasses(catalogue, words, classString, reading, entry);
+        return false;
+    }
+    const bool isKnown = tellClasses(catalogue, words, classString, reading, entry) > 0;
+    tellParts(catalogue, words, classString, shape, reading, isKnown, suggests, entry);
     return false;
 }
 
@@ -407,14 +444,25 @@ UomTable *uom_GetEntryClasses(const Catalogue &catalogue, const char *text) {
     entry_Begin(entry);
     if (!entry_Read(catalogue, *words, CLASS_NONE, text, false, reading, entry) || reading.count == 0)
         return table;
-    constexpr int32_t MOST = 64;
+    constexpr int32_t MOST = 256;
     Candidate candidates[MOST];
-    const int32_t count = findClasses(catalogue, *words, reading, candidates, MOST);
-    for (int32_t i = 0; i < count; ++i)
-        if (!table_PutText(table, TABLE_APPEND, class_Token(catalogue, candidates[i].classId))) {
+    int32_t count = findClasses(catalogue, *words, reading, candidates, MOST);
+    // Some read it by names of their own, which are something else elsewhere, or by the classical reader alone.
+    for (int32_t c = CLASS_DIMENSIONLESS; c < catalogue.classes.count && count < MOST; ++c) {
+        const bool known =
+            std::any_of(candidates, candidates + count, [&](const auto &row) { return row.classId == c; });
+        if (!known && class_IsOffered(catalogue, c))
+            candidates[count++].classId = c;
+    }
+    for (int32_t i = 0; i < count; ++i) {
+        const char *token = class_Token(catalogue, candidates[i].classId);
+        if (uom_ReadEntry(catalogue, token, text, &entry) != UOM_DONE)
+            continue;
+        if (!table_PutText(table, TABLE_APPEND, token)) {
             table_Free(table);
             return nullptr;
         }
+    }
     return table;
 }
 

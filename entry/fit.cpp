@@ -244,6 +244,7 @@ Shape shape_OfClass(const Words &words, int32_t classId) {
     if (classId < 0 || classId >= words.classCount)
         return shape;
     const ClassShape &found = words.classes[classId];
+    shape.classId = classId;
     shape.count = found.slots;
     std::copy_n(found.classes, found.slots, shape.classes);
     std::copy_n(found.exponents, found.slots, shape.exponents);
@@ -276,6 +277,14 @@ Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &p
     return fitter.fit;
 }
 
+void unit_Write(const Catalogue &catalogue, int32_t unit, int32_t multiplier, TextWriter &writer) {
+    const UomUnit *record = unit_Record(catalogue, unit);
+    char text[16] = "";
+    multiplier_Write(multiplier, record->multiplierStyle, text, sizeof text);
+    str_Write(writer, text);
+    str_Write(writer, record->token);
+}
+
 void fit_Write(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer) {
     for (const int32_t sign : {1, -1}) {
         bool first = true;
@@ -284,14 +293,11 @@ void fit_Write(const Catalogue &catalogue, const Shape &shape, const Fit &fit, T
             const UomUnit *unit = unit_Record(catalogue, fit.units[slot]);
             if (exponent < 1 || !unit)
                 continue;
-            char multiplier[16] = "";
-            multiplier_Write(fit.multipliers[slot], unit->multiplierStyle, multiplier, sizeof multiplier);
             char power[16] = "";
             if (exponent > 1)
                 str_FormatBounded(power, sizeof power, "%d", static_cast<int>(exponent));
             str_Write(writer, !first ? "-" : sign < 0 ? "/" : "");
-            str_Write(writer, multiplier);
-            str_Write(writer, unit->token);
+            unit_Write(catalogue, fit.units[slot], fit.multipliers[slot], writer);
             str_Write(writer, power);
             first = false;
         }

@@ -33,6 +33,9 @@ Shape shape_OfClass(const Words &words, int32_t classId);
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
                 const Shape &shape);
 
+// A unit behind its thousand or million, as the catalogue prints it.
+void unit_Write(const Catalogue &catalogue, int32_t unit, int32_t multiplier, TextWriter &writer);
+
 // The units of a fit as a text, as the catalogue prints them: those above the line, then those below.
 void fit_Write(const Catalogue &catalogue, const Shape &shape, const Fit &fit, TextWriter &writer);
 

@@ -1,4 +1,5 @@
 // Two typed texts to a conversion.
+#include <algorithm>
 #include <cmath>
 
 #include "catalogue/class_table.h"
@@ -136,28 +137,53 @@ double shiftOf(const Pair &pair, int32_t classId, const Fit &fit) {
     return unit && class_Row(pair.catalogue, classId)->hasOffset ? unit->offset * unit->factor : 0.0;
 }
 
+bool areNear(double a, double b, double size) {
+    return std::fabs(a - b) <= 1e-9 * size;
+}
+
+// One of the first unit in the second one under a class.
+bool convertOne(const Pair &pair, int32_t classId, double *result) {
+    Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
+    const char *token = class_Token(pair.catalogue, classId);
+    UomConversion *conversion = nullptr;
+    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, &conversion) != UOM_DONE)
+        return false;
+    *result = prepared_One(*conversion, 1.0);
+    mem_Free(conversion);
+    return true;
+}
+
+// Gravities of oils and of gases are two formulas for one name.
+bool hasFormula(const Pair &pair, int32_t classId) {
+    return class_Row(pair.catalogue, classId)->baseClass[0] == CLASS_PETRO_MASS;
+}
+
 bool convertsAlike(const Pair &pair, int32_t a, const ClassFit *ofA, int32_t b, const ClassFit *ofB) {
+    if (hasFormula(pair, a) || hasFormula(pair, b)) {
+        double first, second;
+        return !convertOne(pair, a, &first) || !convertOne(pair, b, &second) || areNear(first, second, first);
+    }
     if (pair.words.classes[a].slots > 1 || pair.words.classes[b].slots > 1)
         return true;
-    const double first = shiftOf(pair, a, ofA[0].fit) - shiftOf(pair, a, ofA[1].fit);
-    const double second = shiftOf(pair, b, ofB[0].fit) - shiftOf(pair, b, ofB[1].fit);
-    return std::fabs(first - second) <= 1e-9 * (std::fabs(first) + std::fabs(second));
+    const double shifts[] = {shiftOf(pair, a, ofA[0].fit), shiftOf(pair, a, ofA[1].fit), shiftOf(pair, b, ofB[0].fit),
+                             shiftOf(pair, b, ofB[1].fit)};
+    double size = 0.0;
+    for (const double shift : shifts)
+        size += std::fabs(shift);
+    return areNear(shifts[0] - shifts[1], shifts[2] - shifts[3], size);
 }
 
 // What one would be under the other class: "Read as Temp; as TempDiff, 1 F is 0.555556 C."
 void noteOther(Pair &pair, int32_t classId, int32_t other, UomEntry &entry) {
-    Pair under = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
-    const char *token = class_Token(pair.catalogue, other);
-    UomConversion *conversion = nullptr;
-    if (!readSide(under, 0, token) || !readSide(under, 1, token) || convertUnder(under, &conversion) != UOM_DONE)
+    double result;
+    if (!convertOne(pair, other, &result))
         return;
     char number[32];
-    num_FormatDouble(number, sizeof number, "%.6g", prepared_One(*conversion, 1.0));
-    mem_Free(conversion);
-    const bool numbered = !std::isnan(under.sides[0].entry.value);
+    num_FormatDouble(number, sizeof number, "%.6g", result);
+    const bool numbered = !std::isnan(pair.sides[0].entry.value);
     str_FormatBounded(entry.message, sizeof entry.message, "Read as %s; as %s, %s%.60s is %s %.60s.",
-                      class_Token(pair.catalogue, classId), token, numbered ? "" : "1 ", pair.texts[0], number,
-                      pair.texts[1]);
+                      class_Token(pair.catalogue, classId), class_Token(pair.catalogue, other), numbered ? "" : "1 ",
+                      pair.texts[0], number, pair.texts[1]);
 }
 
 struct Choice {
@@ -224,11 +250,24 @@ Wide amountOf(const Pair &pair, const Product &product) {
            wide_SignedPower(molesOfVolume(), gasPower(pair.words, product));
 }
 
-bool convertAmounts(const Pair &pair, UomConversion **out, int32_t *status) {
+bool isPlain(const Reading &reading) {
+    const Measure &measure = reading.measures[0];
+    return measure.known && !measure.shifted && !measure.formula && !reading.products[0].scale;
+}
+
+bool isOfNoClass(const Pair &pair, int32_t which) {
+    UomEntry entry;
+    return uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &entry) != UOM_DONE;
+}
+
+// Gas by its volume and in moles, and products that no class knows: by what they measure.
+bool convertProducts(const Pair &pair, UomConversion **out, int32_t *status) {
     const Product &from = pair.readings[0].products[0], &to = pair.readings[1].products[0];
     const Measure &a = pair.readings[0].measures[0], &b = pair.readings[1].measures[0];
-    if ((!a.gas && !b.gas) || !a.known || !b.known || a.shifted || b.shifted || from.scale || to.scale ||
+    if (!isPlain(pair.readings[0]) || !isPlain(pair.readings[1]) ||
         asAmounts(pair.words, from, a) != asAmounts(pair.words, to, b))
+        return false;
+    if (!a.gas && !b.gas && !(isOfNoClass(pair, 0) && isOfNoClass(pair, 1)))
         return false;
     *status = prepared_NewProduct(amountOf(pair, from) / amountOf(pair, to), out);
     return true;
@@ -274,6 +313,44 @@ bool readAlone(Pair &pair, int32_t which) {
     return false;
 }
 
+// The entry of the first text by itself.
+void takeFirst(const Pair &pair, UomEntry *entry) {
+    UomEntry first;
+    if (entry && uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], &first) == UOM_DONE)
+        *entry = first;
+}
+
+// Of a class that counts gas by volume or in moles, where the other text counts it the other way.
+int32_t readGivenAmount(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
+    int32_t status = readGiven(pair, classString, out, entry);
+    if (status != PAIR_BAD_FROM && status != PAIR_BAD_TO)
+        return status;
+    Pair other = {pair.catalogue, pair.words, {pair.texts[0], pair.texts[1]}, {}, {}};
+    const bool fits = readSide(other, status == PAIR_BAD_FROM ? 1 : 0, classString);
+    const char *complaint = pair.sides[status == PAIR_BAD_FROM ? 0 : 1].entry.message;
+    if (fits && readAlone(other, 0) && readAlone(other, 1) && convertProducts(other, out, &status)) {
+        takeFirst(other, entry);
+        return status;
+    }
+    error_Set("%s", complaint);
+    return status;
+}
+
+// A class in which both texts are something by aliases of its own: "g" and "m/s2" as accelerations.
+int32_t classOfAliases(Pair &pair) {
+    int32_t tried[64], count = 0;
+    for (int32_t i = 0; i < pair.words.aliasCount; ++i)
+        for (const int32_t *classId = pair.words.aliases[i].classes; *classId != CLASS_NONE; ++classId) {
+            if (count == 64 || std::find(tried, tried + count, *classId) != tried + count)
+                continue;
+            tried[count++] = *classId;
+            const char *token = class_Token(pair.catalogue, *classId);
+            if (readSide(pair, 0, token) && readSide(pair, 1, token))
+                return *classId;
+        }
+    return CLASS_NONE;
+}
+
 int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readAlone(pair, which))
@@ -295,12 +372,12 @@ int32_t readAny(Pair &pair, UomConversion **out, UomEntry *entry) {
         return status;
     }
     int32_t status;
-    if (convertAmounts(pair, out, &status)) {
-        UomEntry first;
-        if (entry && uom_ReadEntry(pair.catalogue, nullptr, pair.texts[0], &first) == UOM_DONE)
-            *entry = first;
+    if (convertProducts(pair, out, &status)) {
+        takeFirst(pair, entry);
         return status;
     }
+    if (const int32_t classId = classOfAliases(pair); classId != CLASS_NONE)
+        return readGiven(pair, class_Token(pair.catalogue, classId), out, entry);
     // Each by itself tells its own fault; two that are well belong to different quantities.
     for (int32_t which = 0; which < 2; ++which)
         if (uom_ReadEntry(pair.catalogue, nullptr, pair.texts[which], &pair.sides[which].entry) != UOM_DONE) {
@@ -339,7 +416,7 @@ int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *cla
         return PAIR_NO_MEMORY;
     }
     Pair pair = {catalogue, *words, {from, to}, {}, {}};
-    return str_IsEmpty(classString) ? readAny(pair, out, entry) : readGiven(pair, classString, out, entry);
+    return str_IsEmpty(classString) ? readAny(pair, out, entry) : readGivenAmount(pair, classString, out, entry);
 }
 
 } // namespace uom

@@ -5,6 +5,7 @@
 
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
+#include "entry/prefixes.h"
 #include "entry/word_reader.h"
 #include "support/numbers.h"
 #include "support/text.h"
@@ -61,8 +62,9 @@ bool readExponent(TextReader &reader, int32_t *exponent) {
     const int32_t first = i;
     while (str_IsDigit(reader.at(i)) && value <= HIGHEST_POWER)
         value = 10 * value + (reader.at(i++) - '0');
-    if (i == first || value > HIGHEST_POWER || reader.at(i) == '.')
-        return word_Refuse(reader, reader.place, i + 1, "An exponent is to be a whole number of at most two digits.");
+    if (i == first || value == 0 || value > HIGHEST_POWER || reader.at(i) == '.')
+        return word_Refuse(reader, reader.place, i + 1,
+                           "An exponent is to be a whole number of at most two digits, and not 0.");
     if (open && reader.at(i++) != ')')
         return word_Refuse(reader, reader.place, i, "The parenthesis of the exponent is not closed.");
     reader.place = i;
@@ -87,13 +89,13 @@ bool addAlias(TextReader &reader, const Alias &alias, int32_t exponent, int32_t 
     if (reader.depth >= DEEPEST)
         return word_Refuse(reader, place, place + 1, "The alias \"%s\" leads back to itself.", alias.name);
     FoldedText text;
-    fold_Text(text, alias.unitText);
+    const bool folded = fold_Text(text, alias.unitText);
     Product meaning;
     meaning.number = wide_Of(1.0);
     Complaint complaint;
     TextReader inner = {reader.catalogue, reader.words,     text, text.length, 0, {}, meaning,
                         complaint,        reader.depth + 1, 0};
-    if (!readProduct(inner, 1, '\0') || inner.place < text.length)
+    if (!folded || !readProduct(inner, 1, '\0') || inner.place < text.length)
         return word_Refuse(reader, place, place + 1, "The alias \"%s\" stands for no unit text.", alias.name);
     multiply(reader.product, meaning.number, exponent);
     for (int32_t i = 0; i < meaning.count; ++i)
@@ -102,6 +104,8 @@ bool addAlias(TextReader &reader, const Alias &alias, int32_t exponent, int32_t 
             return false;
     if (meaning.scale)
         reader.product.scale = meaning.scale;
+    else if (meaning.count == 1 && word_SaysAbsolute(reader, alias.name, meaning.terms[0].unit))
+        reader.product.scale = 'a';
     return true;
 }
 
@@ -111,8 +115,12 @@ bool addWord(TextReader &reader, const Word &word, int32_t exponent) {
     if (word.scale)
         reader.product.scale = word.scale;
     const WordName &name = *word.match.name;
+    ++reader.product.words;
+    reader.product.otherCase = reader.product.otherCase || !word.match.exactCase;
+    if (reader.at(word.begin) == 'M' && !word.multiplier && prefix_OfSymbol(word.power ? "Mm" : name.text).power == 6)
+        reader.product.mega = {word.begin, word.match.end};
     if (name.kind == NameKind::ALIAS && word.match.bound)
-        reader.product.boundTo = reader.words.aliases[name.target].classes[0];
+        reader.product.bound = &reader.words.aliases[name.target];
     if (name.kind == NameKind::ALIAS)
         return addAlias(reader, reader.words.aliases[name.target], exponent, word.begin, word.match.end);
     return add(reader, {name.target, word.multiplier, exponent, word.begin, word.match.end});
@@ -173,24 +181,39 @@ bool takePowerBehind(TextReader &reader, int32_t *exponent) {
     return true;
 }
 
-void takeScaleMark(TextReader &reader) {
+// The scale that the units of the text tell by themselves: "psia", "barg", "bara".
+char scaleOf(const TextReader &reader) {
+    if (reader.product.scale || reader.product.count != 1)
+        return reader.product.scale;
+    const Term &term = reader.product.terms[0];
+    return word_OwnScale(reader, term.unit);
+}
+
+// False for a mark that speaks against the unit in front.
+bool takeScaleMark(TextReader &reader) {
     int32_t place = reader.place, end;
     while (reader.at(place) == ' ')
         ++place;
     const KeyWord *mark = findKeyWord(reader, scaleMarks, place, &end);
     if (!mark || reader.product.count == 0)
-        return;
+        return true;
     const Dimension pressure = dimension_OfClass(reader.catalogue, CLASS_PRES).dimension;
     if (product_Measure(reader.words, reader.product).dimension != pressure)
-        return;
+        return true;
     int32_t rest = end;
     while (reader.at(rest) == ' ')
         ++rest;
     // A mark is the last thing of a text: "kPa g/s" has a gram in it.
     if (rest < reader.length)
-        return;
-    reader.product.scale = static_cast<char>(mark->value);
+        return true;
+    const char scale = static_cast<char>(mark->value), own = scaleOf(reader);
+    if (own && own != scale) {
+        word_Refuse(reader, place, end, "The pressure in front has another scale.");
+        return false;
+    }
+    reader.product.scale = scale;
     reader.place = end;
+    return true;
 }
 
 // --- the product
@@ -203,6 +226,9 @@ bool readNumberFactor(TextReader &reader, int32_t sign) {
         return word_Refuse(reader, begin, reader.place, "A number in a unit text is to be a factor other than 0.");
     if (reader.at(reader.place) == '^' || (reader.at(reader.place) == '*' && reader.at(reader.place + 1) == '*')) {
         int32_t exponent;
+        if (value != 10.0)
+            return word_Refuse(reader, begin, reader.place,
+                               "Of numbers, 10 alone may have a power: write 5e3 or 5*10^3.");
         if (!readExponent(reader, &exponent))
             return false;
         multiply(reader.product, number, sign * exponent);
@@ -275,8 +301,7 @@ bool readWord(TextReader &reader, int32_t sign) {
         ++reader.place;
     if (!addWord(reader, word, sign * exponent))
         return false;
-    takeScaleMark(reader);
-    return true;
+    return takeScaleMark(reader);
 }
 
 bool readFactor(TextReader &reader, int32_t sign) {
@@ -356,6 +381,38 @@ bool readProduct(TextReader &reader, int32_t sign, char close) {
     }
 }
 
+bool isFraction(const TextReader &reader, const Term &term) {
+    return uom_GetUnitListIndex(reader.catalogue, CLASS_FRAC, term.unit) >= 0;
+}
+
+// "% C" is no hundredth of a degree: a fraction stands by itself, or above the line alone.
+bool refuseFraction(TextReader &reader) {
+    const Term *fraction = nullptr, *other = nullptr;
+    for (int32_t i = 0; i < reader.product.count; ++i) {
+        const Term &term = reader.product.terms[i];
+        if (isFraction(reader, term))
+            fraction = &term;
+        else if (term.exponent > 0)
+            other = &term;
+    }
+    return fraction && other &&
+           !word_Refuse(reader, fraction->place, fraction->end,
+                        "A fraction of a unit is no unit: \"%s\" stands by itself.",
+                        unit_Token(reader.catalogue, fraction->unit));
+}
+
+// Where all letters are capitals, and units were read that are not written so, an M may be a milli as well.
+bool refuseCapitals(TextReader &reader, int32_t begin) {
+    const Product &product = reader.product;
+    if (product.mega.text < 0 || !product.otherCase || product.words < 2)
+        return false;
+    for (int32_t i = begin; i < reader.length; ++i)
+        if (reader.at(i) >= 'a' && reader.at(i) <= 'z')
+            return false;
+    return !word_Refuse(reader, product.mega.text, product.mega.end,
+                        "In capitals M can mean mega or milli: write the units in the case of their symbols.");
+}
+
 } // namespace
 
 bool product_ReadNumber(const FoldedText &text, int32_t *place, Wide *number, double *value) {
@@ -415,7 +472,7 @@ bool product_Read(const Catalogue &catalogue, const Words &words, const FoldedTe
     product.number = wide_Of(1.0);
     complaint = {};
     TextReader reader = {catalogue, words, text, text.length, classId, way, product, complaint, 0, begin};
-    return readProduct(reader, 1, '\0');
+    return readProduct(reader, 1, '\0') && !refuseFraction(reader) && !refuseCapitals(reader, begin);
 }
 
 Measure product_Measure(const Words &words, const Product &product) {

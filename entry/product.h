@@ -35,8 +35,14 @@ struct Product {
     int32_t count = 0;
     Wide number; // of the product; 1 without one
     bool hasNumber = false;
-    int32_t boundTo = 0; // the class that an alias in it belongs to, when none was given
-    char scale = '\0';   // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, 'd' difference, when a mark says so
+    const Alias *bound = nullptr; // an alias in it that belongs to classes, when none was given
+    char scale = '\0'; // of a pressure: 'g' gauge, 'a' absolute, 'v' vacuum, 'd' difference, when a mark says so
+    // How many words it holds, whether one is in another case than its name, and the last with a mega in front.
+    int32_t words = 0;
+    bool otherCase = false;
+    struct {
+        int32_t text, end;
+    } mega = {-1, -1};
     // What the text held that another Way would read in another way.
     bool hasSecondSlash = false, hasLateStar = false, hasCompound = false;
 };

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "support/numbers.h"
 #include "support/text.h"
 
 namespace uom {
@@ -70,10 +71,48 @@ bool refuseSecondNumber(UomEntry &entry, const FoldedText &folded, int32_t place
         --end;
     str_Write(writer, std::string_view(folded.text, static_cast<size_t>(end)));
     str_Write(writer, std::string_view(folded.text + place));
-    if (end == place) // "1.5.2"
+    int32_t digits = 0;
+    while (str_IsDigit(folded.text[place + digits]))
+        ++digits;
+    if (end == place || digits != 3 || folded.text[place + digits] == '^') // "1.5.2", "10 20 kg", "5 10^3 Pa"
         *entry.suggestion = '\0';
     entry_Locate(entry, folded, place, place + 1);
     return entry_Refuse(entry, "A second number stands behind the first: write a number without blanks.");
+}
+
+// "5x10^3", "5·10³", "5 * 10**-3": the power of ten behind a number, moving the place behind it. False without one.
+bool takePowerOfTen(const FoldedText &folded, int32_t *place, int32_t *power) {
+    int32_t i = *place;
+    const auto skip = [&] {
+        while (folded.text[i] == ' ')
+            ++i;
+    };
+    skip();
+    const bool dot = folded.text[i] == '-' && folded.place[i + 1] - folded.place[i] == 2; // U+00B7, as the product sign
+    if (!dot && folded.text[i] != 'x' && folded.text[i] != 'X' && folded.text[i] != '*')
+        return false;
+    ++i;
+    skip();
+    if (std::strncmp(folded.text + i, "10", 2) != 0)
+        return false;
+    i += 2;
+    if (folded.text[i] == '^')
+        ++i;
+    else if (std::strncmp(folded.text + i, "**", 2) == 0)
+        i += 2;
+    else
+        return false;
+    const bool negative = folded.text[i] == '-';
+    i += negative || folded.text[i] == '+' ? 1 : 0;
+    if (folded.text[i] == '^') // the mark of a superscript behind its sign
+        ++i;
+    if (!str_IsDigit(folded.text[i]))
+        return false;
+    for (*power = 0; str_IsDigit(folded.text[i]); ++i)
+        *power = std::min(10 * *power + (folded.text[i] - '0'), 999);
+    *power = negative ? -*power : *power;
+    *place = i;
+    return true;
 }
 
 // Reads sign and number in front of the unit; a number that is a factor stays in the unit text.
@@ -101,6 +140,18 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     }
     if (folded.text[place] == ',' && str_IsDigit(folded.text[place + 1]))
         return refuseComma(entry, folded, place);
+    int32_t power10 = 0;
+    const int32_t behindNumber = place;
+    if (!numberIsFactor && takePowerOfTen(folded, &place, &power10)) {
+        char typed[FoldedText::LIMIT + 8];
+        str_FormatBounded(typed, sizeof typed, "%.*se%d", static_cast<int>(behindNumber - first), folded.text + first,
+                          static_cast<int>(power10));
+        value = num_LeadingDouble(typed);
+        if (!std::isfinite(value)) {
+            entry_Locate(entry, folded, first, place);
+            return entry_Refuse(entry, "The number is out of the range of numbers.");
+        }
+    }
     const bool power = folded.text[place] == '^' || (folded.text[place] == '*' && folded.text[place + 1] == '*');
     if (power || numberIsFactor) {
         if (first == reading.unitBegin)
@@ -183,6 +234,9 @@ ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading
     for (int32_t i = 0; i < (firstOnly ? std::min(reading.count, 1) : reading.count); ++i) {
         if (i >= reading.whole && best.product >= 0)
             break; // names are taken apart only when nothing fits whole
+        const Alias *bound = reading.products[i].bound;
+        if (bound && !alias_IsOf(*bound, shape.classId))
+            continue;
         const Fit fit = fit_Product(catalogue, words, reading.products[i], reading.measures[i], shape);
         best.fit.refusedGas = best.fit.refusedGas || fit.refusedGas;
         if (fit.kind == FitKind::NONE)

@@ -240,4 +240,35 @@ UomTable *uom_GetChoices(const Catalogue &catalogue, const char *classString) {
     return nullptr;
 }
 
+namespace {
+
+// The tokens of the classes that an alias is bound to, with blanks between.
+void writeClasses(const Catalogue &catalogue, const Alias &alias, TextWriter &writer) {
+    for (int32_t i = 0; i < Alias::CLASSES && alias.classes[i]; ++i) {
+        str_Write(writer, i > 0 ? " " : "");
+        str_Write(writer, class_Token(catalogue, alias.classes[i]));
+    }
+}
+
+} // namespace
+
+UomTable *uom_GetAliases(const Catalogue &catalogue) {
+    const Words *words = words_Of(catalogue);
+    UomTable *table = words ? table_Create(0, TABLE_TEXT) : nullptr;
+    bool whole = table != nullptr;
+    for (int32_t i = words ? words->aliasCount - 1 : -1; whole && i >= 0; --i) {
+        const Alias &alias = words->aliases[i];
+        char text[512];
+        TextWriter writer(text, sizeof text);
+        for (const char *part : {alias.name, "\t", alias.unitText, "\t"})
+            str_Write(writer, part);
+        writeClasses(catalogue, alias, writer);
+        whole = table_PutText(table, TABLE_APPEND, text) != 0;
+    }
+    if (whole)
+        return table;
+    table_Free(table);
+    return nullptr;
+}
+
 } // namespace uom

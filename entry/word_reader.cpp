@@ -63,16 +63,15 @@ bool stands(const WordName &name, const char *text, int32_t length, bool *exactC
     return i == length;
 }
 
-bool isBoundToOthers(const TextReader &reader, const WordName &name) {
+enum class Binding { NONE, OWN, OTHERS }; // of an alias: to the class that is read, or to others
+
+Binding bindingOf(const TextReader &reader, const WordName &name) {
     if (name.kind != NameKind::ALIAS)
-        return false;
-    const int32_t *classes = reader.words.aliases[name.target].classes;
-    if (*classes == 0)
-        return false;
-    for (; *classes != 0; ++classes)
-        if (*classes == reader.classId)
-            return false;
-    return true;
+        return Binding::NONE;
+    const Alias &alias = reader.words.aliases[name.target];
+    if (alias.classes[0] == 0)
+        return Binding::NONE;
+    return alias_IsOf(alias, reader.classId) ? Binding::OWN : Binding::OTHERS;
 }
 
 // Names of amounts ("kg-mol") stay whole, since their parts mean something else.
@@ -86,27 +85,32 @@ bool isCompound(const TextReader &reader, const WordName &name) {
     return !unit.known || unit.dimension[AXIS_AMOUNT] == 0;
 }
 
-// What the hash finds between two places, the name in its exact case before one in another.
+// What the hash finds between two places. A name in its exact case goes before one in another, and then what the class
+// calls so itself ("C" of a charge); where no class is given, a name that is bound to classes is the last choice.
 Match findName(TextReader &reader, int32_t begin, int32_t end, uint32_t hash, bool exactOnly = false) {
     Match match;
+    int32_t best = -1;
     words_Find(reader.words, hash, [&](const WordName &name) {
         bool exactCase;
         if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
             return false;
         if (exactOnly && !exactCase)
             return false;
-        const bool bound = isBoundToOthers(reader, name);
-        if (bound && reader.classId != CLASS_NONE)
+        const Binding binding = bindingOf(reader, name);
+        if (binding == Binding::OTHERS && reader.classId != CLASS_NONE)
             return false;
         if (isCompound(reader, name)) {
             reader.product.hasCompound = true;
             if (reader.way.splitNames)
                 return false;
         }
-        // Where no class is given, a name that is bound to classes is the last choice.
-        if (!match.name || (exactCase && !match.exactCase && !bound) || (match.bound && !bound))
-            match = {end, &name, exactCase, bound};
-        return match.exactCase && !match.bound;
+        const int32_t claim =
+            (binding == Binding::OTHERS ? 0 : 4) + (exactCase ? 2 : 0) + (binding == Binding::OWN ? 1 : 0);
+        if (claim > best) {
+            match = {end, &name, exactCase, binding == Binding::OTHERS};
+            best = claim;
+        }
+        return false;
     });
     return match;
 }
@@ -195,11 +199,12 @@ bool takePrefixed(TextReader &reader, Word &word, const PrefixedUnit &prefix, bo
     return true;
 }
 
+bool isPressureUnit(const TextReader &reader, int32_t unit) {
+    return reader.words.units[unit].dimension == dimension_OfClass(reader.catalogue, CLASS_PRES).dimension;
+}
+
 bool isPressure(const TextReader &reader, const Match &match) {
-    if (!match.name || match.name->kind == NameKind::ALIAS)
-        return false;
-    return reader.words.units[match.name->target].dimension ==
-           dimension_OfClass(reader.catalogue, CLASS_PRES).dimension;
+    return match.name && match.name->kind != NameKind::ALIAS && isPressureUnit(reader, match.name->target);
 }
 
 // "MM BTU", "Mlb", "k*m3": thousands and millions as the catalogue writes them in front of this unit.
@@ -263,7 +268,8 @@ bool findMarkedPressure(TextReader &reader, Word &word) {
     if (end - word.begin < 3 || !std::strchr("agvd", mark))
         return false;
     Word stem = word;
-    if (!findStretch(reader, stem, end - 1) || !isPressure(reader, stem.match))
+    if (!findStretch(reader, stem, end - 1) || !isPressure(reader, stem.match) ||
+        word_OwnScale(reader, stem.match.name->target))
         return false;
     word = stem;
     word.match.end = end;
@@ -292,7 +298,13 @@ bool findPrefixedInAnyCase(TextReader &reader, Word &word) {
             ++word.match.end;
         return true;
     }
-    return takePrefixed(reader, word, prefix_IfCaseWereFree(word_Ahead(reader, word.begin)), false);
+    if (!takePrefixed(reader, word, prefix_IfCaseWereFree(word_Ahead(reader, word.begin)), false))
+        return false;
+    // "mwh" is neither mWh nor MWh.
+    return str_Lower(reader.at(word.begin)) != 'm' || word.match.exactCase ||
+           word_Refuse(reader, word.begin, word.match.end,
+                       "This can mean a mega or a milli of %s: write it in the case of its symbol.",
+                       word.match.name->text);
 }
 
 // A word that is no name.
@@ -327,7 +339,44 @@ bool isMultiplierSign(const TextReader &reader, int32_t begin) {
     return false;
 }
 
+// Words that the trades read in two ways.
+struct Disputed {
+    std::string_view text;
+    const char *meanings;
+};
+constexpr Disputed disputedWords[] = {
+    {"MT", "tonne, or Mt (a million tonnes)"},
+    {"Mton", "2000000 lb, or Mt (a million tonnes)"},
+    {"MTON", "2000000 lb, or Mt (a million tonnes)"},
+    {"Mgal", "1000 gal, or 1000000 gal"},
+    {"MGAL", "1000 gal, or 1000000 gal"},
+    {"TPA", "tonne/yr, or TPa"},
+    {"KV", "kV, or Kv"},
+    {"lm", "a lumen, which is not known here, or liter-m"},
+    {"cd", "a candela, which is not known here, or 0.01 day"},
+};
+
+bool isDisputed(TextReader &reader, int32_t begin) {
+    const int32_t end = word_EndOfLetters(reader, begin);
+    const std::string_view typed = str_Head(word_Ahead(reader, begin), static_cast<size_t>(end - begin));
+    for (const Disputed &word : disputedWords)
+        if (typed == word.text)
+            return !word_Refuse(reader, begin, end, "This can mean %s: write which.", word.meanings);
+    return false;
+}
+
 } // namespace
+
+bool word_SaysAbsolute(const TextReader &reader, std::string_view name, int32_t unit) {
+    return isPressureUnit(reader, unit) && name.back() == 'a' &&
+           (name.size() < 2 || str_Lower(name[name.size() - 2]) != 'p');
+}
+
+char word_OwnScale(const TextReader &reader, int32_t unit) {
+    if (reader.words.units[unit].shifted)
+        return reader.words.units[unit].dimension[AXIS_TEMPERATURE] == 0 ? 'g' : '\0';
+    return word_SaysAbsolute(reader, unit_Token(reader.catalogue, unit), unit) ? 'a' : '\0';
+}
 
 Match word_Longest(TextReader &reader, int32_t begin) {
     Match longest;
@@ -351,6 +400,8 @@ Match word_Longest(TextReader &reader, int32_t begin) {
 
 bool word_Find(TextReader &reader, Word &word) {
     word.begin = reader.place;
+    if (isDisputed(reader, word.begin))
+        return false;
     if (isMultiplierSign(reader, word.begin) && takeMultiplied(reader, word))
         return true;
     const Match name = word_Longest(reader, word.begin);

@@ -44,6 +44,12 @@ struct Word {
     bool joined = false; // to another one, without a sign between
 };
 
+// Whether the a at the end of a name is that of absolute: "bara", "kg/cm2a".
+bool word_SaysAbsolute(const TextReader &reader, std::string_view name, int32_t unit);
+
+// 'g' of a gauge pressure, 'a' of a pressure that is absolute by its name, else none.
+char word_OwnScale(const TextReader &reader, int32_t unit);
+
 bool text_IsLetter(char c); // and what stands for one in unit texts: "%", "$"
 
 // Notes the first complaint, about these characters; always false.

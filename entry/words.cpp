@@ -340,6 +340,13 @@ uint32_t words_Letters(std::string_view name) {
     return letters;
 }
 
+bool alias_IsOf(const Alias &alias, int32_t classId) {
+    for (const int32_t *bound = alias.classes; *bound != 0; ++bound)
+        if (*bound == classId)
+            return true;
+    return alias.classes[0] == 0;
+}
+
 bool alias_NextLine(std::string_view &text, AliasLine &line) {
     line = {};
     if (text.empty())

@@ -39,6 +39,9 @@ struct Alias {
     int32_t classes[CLASSES]; // the aliases of these alone, ended by 0; none: of all
 };
 
+// Whether an alias counts in a class.
+bool alias_IsOf(const Alias &alias, int32_t classId);
+
 constexpr int32_t CLASS_SLOTS = 3;
 struct ClassShape {
     int32_t slots = 0; // 0: of a kind that is read by the classical reader alone
@@ -72,7 +75,8 @@ uint32_t words_Letters(std::string_view name);
 // Where a class string's nodes are slots, what they are: more than a class's row can hold.
 struct Shape {
     static constexpr int32_t LIMIT = 20;
-    int32_t count = 0; // 0: of a kind that is read by the classical reader alone
+    int32_t classId = 0; // 0: of a class string
+    int32_t count = 0;   // 0: of a kind that is read by the classical reader alone
     int32_t classes[LIMIT];
     int32_t exponents[LIMIT];
     Dimension dimension;

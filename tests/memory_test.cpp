@@ -236,6 +236,7 @@ TEST_F(MemoryTest, TypedTexts) {
         {"classes", [&] { return (table = uom_GetEntryClasses("lb")) ? 0 : 11; }},
         {"search", [&] { return (table = uom_Search("pound", 9)) ? 0 : 11; }},
         {"choices", [&] { return (table = uom_GetChoices("Mass")) ? 0 : 11; }},
+        {"list of aliases", [&] { return (table = uom_GetAliases()) ? 0 : 11; }},
         {"choices of slates", [&] { return (table = uom_GetChoices("Mass / Time")) ? 0 : 11; }},
         {"aliases", [&] { return uom_ReadAliasText(aliases, sizeof aliases - 1); }},
     };

@@ -11,6 +11,7 @@
 #include "support/memory.h"
 #include "uom/uom.h"
 #include "catalogue/catalogue.h"
+#include "catalogue/class_rows.h"
 
 namespace uom {
 
@@ -18,6 +19,10 @@ constexpr int32_t TAG_COMPONENT = 100; // of a composite class's first node; 101
 
 // Entries of the work arrays of whoever handles the units of a chain.
 constexpr int32_t CHAIN_UNITS = 20;
+
+inline bool node_IsParenthesis(const UomStructNode &node) {
+    return node.baseClass == CLASS_OPEN || node.baseClass == CLASS_CLOSE;
+}
 
 // Frees all nodes and clears the pointer; null is accepted.
 void chain_Free(UomStruct *chain);

@@ -60,7 +60,8 @@ UOM_API int32_t uom_ReadEntry(const char *classString, const char *text, UomEntr
 /* Prepares the conversion from one typed unit to another, each of which may have a scale or a number in front, which is a
  * factor here. Without a class both texts decide: the first class that reads both best; when another one that reads both
  * would convert in another way (F to C as a difference), entry->message tells it, with the status 0. Gas volumes under
- * standard conditions convert to and from moles, 0.0422115 kmol/m3 at 60 F (R = 8.31446261815324 J/(mol K)).
+ * standard conditions convert to and from moles, 0.0422115 kmol/m3 at 60 F (R = 8.31446261815324 J/(mol K)). Products
+ * that no class knows, kPa/(m3/sec)2, convert where they measure the same; the entry then has no class and no units.
  *   out    a new conversion, which its maker frees with uom_FreeConversion; null unless 0 is returned
  *   entry  of the text that is refused, else of the first text; may be null
  * Returns 0; 1 null arguments, or units that do not convert into each other; 2 class, 3 source, 4 target not understood;
@@ -82,6 +83,11 @@ UOM_API UomTable *uom_Search(const char *words, int32_t most);
  * for any other what the slates use. The caller frees it with tbl_Free; null when the class is not understood or
  * memory is exhausted. [reads] */
 UOM_API UomTable *uom_GetChoices(const char *classString);
+
+/* All aliases, those that go before others of the name in front of them. Rows of text: alias, unit text, the tokens of the
+ * classes that it is bound to with blanks between; with tabs between the three. The caller frees the table with tbl_Free;
+ * null when memory is exhausted. [reads] */
+UOM_API UomTable *uom_GetAliases(void);
 
 /* Adds aliases to those of aliases.txt, in the same form, for as long as the catalogue stands; later ones go before
  * earlier ones. A line is "alias = unit text", "[Class Class]" binds those behind it to classes ("[]" ends that), and

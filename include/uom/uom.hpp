@@ -808,6 +808,20 @@ inline std::vector<std::string> choices(std::string_view classString) {
     return Table(uom_GetChoices(std::string(classString).c_str())).texts();
 }
 
+namespace detail {
+// The fields of a row of text with tabs between them; the last one takes what is left.
+template <size_t count> std::array<std::string, count> fieldsOf(const std::string &row) {
+    std::array<std::string, count> fields;
+    size_t begin = 0;
+    for (std::string &field : fields) {
+        const size_t end = &field == &fields.back() ? row.size() : row.find('\t', begin);
+        field = row.substr(begin, end - begin);
+        begin = end == std::string::npos ? row.size() : end + 1;
+    }
+    return fields;
+}
+} // namespace detail
+
 // Something that words have found: a "class", "unit", "alias" or "slate".
 struct Found {
     std::string kind, classToken, token, description;
@@ -817,14 +831,23 @@ struct Found {
 inline std::vector<Found> search(std::string_view words, int32_t most = 20) {
     std::vector<Found> all;
     for (const std::string &row : Table(uom_Search(std::string(words).c_str(), most)).texts()) {
-        std::string fields[4];
-        size_t begin = 0;
-        for (std::string &field : fields) {
-            const size_t end = &field == &fields[3] ? row.size() : row.find('\t', begin);
-            field = row.substr(begin, end - begin);
-            begin = end == std::string::npos ? row.size() : end + 1;
-        }
+        auto fields = detail::fieldsOf<4>(row);
         all.push_back({std::move(fields[0]), std::move(fields[1]), std::move(fields[2]), std::move(fields[3])});
+    }
+    return all;
+}
+
+// Another name of a unit, in the classes alone that it is bound to; in all without one.
+struct Alias {
+    std::string name, units, classTokens;
+};
+
+// All aliases, those that go before others of the name in front of them. [reads]
+inline std::vector<Alias> aliases() {
+    std::vector<Alias> all;
+    for (const std::string &row : Table(uom_GetAliases()).texts()) {
+        auto fields = detail::fieldsOf<3>(row);
+        all.push_back({std::move(fields[0]), std::move(fields[1]), std::move(fields[2])});
     }
     return all;
 }

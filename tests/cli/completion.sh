@@ -14,6 +14,7 @@ done
 # --- bash, asked as it asks
 # shellcheck disable=SC1091
 . ./completion.bash
+uom() { "$uom" "$@"; } # what is run for names
 is "bash knows the command" "complete -F _uom uom" "$(complete -p uom)"
 touch 'a file.csv' afile.txt
 while IFS='|' read -r line expected; do
@@ -37,7 +38,11 @@ uom convert --csv a|a file.csv,afile.txt
 uom convert --csv afile.txt -o a|a file.csv,afile.txt
 uom convert --no|--no-header
 uom convert --column |
-uom convert Te|
+uom convert Tempe|
+uom convert TempA|TempAbs
+uom convert Temp kg/m2-hor|kg/m2-horsepower,kg/m2-horsepower-hour
+uom 250 kpag|kPag
+uom units --slate MetricR|MetricRefinery
 uom classes --output |csv,json,text
 uom slates --define afile.txt --output j|json
 uom show --style token|token,tokensuper,tokenupper
@@ -46,6 +51,7 @@ uom check a|a file.csv,afile.txt
 uom nonsense|
 uom --generate|
 TEXT
+unset -f uom
 
 # Every command and every option of --help, in each text.
 commands=$("$uom" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
@@ -71,8 +77,11 @@ if command -v zsh >/dev/null; then
         "$(zsh -fc "autoload -U compinit && compinit -D -u && source ./completion.zsh && print \$_comps[uom]" 2>&1)"
 fi
 if command -v fish >/dev/null; then
+    mkdir bin && ln -s "$uom" bin/uom
+    export PATH=$work/bin:$PATH
     is "fish reads its completion" "" "$(fish -n completion.fish 2>&1)"
-    is "fish completes" "constants,convert" "$(HOME=$work fish --no-config -c 'source completion.fish; complete -C "uom con"' | cut -f1 | sort | paste -sd,)"
+    is "fish completes" "Cond,constants,convert" "$(HOME=$work fish --no-config -c 'source completion.fish; complete -C "uom con"' | cut -f1 | sort | paste -sd,)"
+    is "fish completes names" "TempAbs" "$(HOME=$work fish --no-config -c 'source completion.fish; complete -C "uom units TempA"' | cut -f1)"
     is "fish completes values" "csv,json,text" "$(HOME=$work fish --no-config -c 'source completion.fish; complete -C "uom slates --output "' | cut -f1 | sort | paste -sd,)"
 fi
 if command -v mandoc >/dev/null; then # a page has the version for a date

@@ -75,6 +75,24 @@ for usage in "convert Leng ft" "convert Leng --from-slate SI 1" "constants Leng 
     refused $usage
 done
 
+while IFS='|' read -r words expected; do
+    # shellcheck disable=SC2086 # words
+    is "typed: $words" "$expected" "$("$uom" $words 2>&1 | tr -d '\r' | paste -sd';')"
+done <<'TEXT'
+100 gpm m³/h --precision 6|100 gpm = 22.7125 m³/h
+gpm m³/h --precision 6|1 gpm = 0.227125 m³/h
+-40 F to C --class Temp|-40 F = -40 C
+2.5e2 kPag = psia --class Pres --precision 6|250 kPag = 50.9554 psia
+60/min Hz|60/min = 1 Hz
+1.5 kPa/(m³/s)² psi/(ft³/min)² --precision 6|1.5 kPa/(m³/s)² = 4.84573e-08 psi/(ft³/min)²
+5 kPs psi|uom: "kPs" is no unit that is known here. Did you mean "kPa"?
+5 kPa ft|uom: "kPa" is a unit of Pres and "ft" of Leng: they do not convert into each other.
+250 kPag psia --class Pres --classic --precision 6|250 kPag = 50.9554 psia
+mW MW --class Power --classic|1 mW = 1 MW
+mW MW --class Power|1 mW = 1e-09 MW
+212 F C --class TempDiff --output csv|Value,From,Result,To;212,F,117.777777778,C
+TEXT
+
 constants=$("$uom" constants Temp C F)
 is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { printf "%.3f", (100 + o) * f }' <<<"$constants")"
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"

@@ -69,4 +69,19 @@ is "no such directory" $'uom: Unable to write the report to "none/file.txt": No 
     "$(run report -o none/file.txt)"
 is "no room" $'uom: Unable to write the report to "/dev/full".\nstatus 1' "$(run report -o /dev/full)"
 is "no room on standard output" 1 "$("$uom" report 2>/dev/null >/dev/full; echo $?)"
+# The page for people: whole, by itself, and with nothing in it that is taken for HTML.
+printf '[<b>&"Site]\nPres=kPag\n' >slate.txt
+"$uom" --define slate.txt report --html -o page.html || is "page" "status 0" "status $?"
+is "page: classes" "$("$uom" classes --output json | grep -c '"token"')" "$(grep -c '<article' page.html)"
+is "page: slates" '<th>&lt;b&gt;&amp;&quot;Site</th>' "$(grep -o '<th>&lt;[^<]*</th>' page.html)"
+is "page: units" '<td class=unit>kPag</td><td>Kilopascal (Gauge)</td><td class=number>1000</td><td class=number>101.325</td>' \
+    "$(grep -o '<td class=unit>kPag.*</td>' page.html | head -n 1)"
+is "page: aliases" '<td class=unit>SCFM</td><td>SCF/min</td><td></td>' "$(grep -o '<td class=unit>SCFM.*</td>' page.html)"
+is "page: nothing from elsewhere" "" "$(grep -io 'http[s]*:\|src=\|@import\|url(' page.html)"
+is "page: as much is closed as opened" "" "$(for tag in article table tbody tr td th div section style script; do
+    [ "$(grep -o "<$tag[ >]" page.html | wc -l)" = "$(grep -o "</$tag>" page.html | wc -l)" ] || echo "$tag"
+done)"
+refused report --html --for full
+is "page that cannot be written" 'uom: Unable to write "none/page.html".
+status 1' "$(run report --html -o none/page.html)"
 exit $failed

@@ -216,6 +216,7 @@ TEST_F(PreparedTest, GroupsPowersAndMultipliers) {
         {"(Mass Leng)2 / Time", "(lb-ft)2/hr", "(lb-in)2/sec", 144 / 3600.0L},
         {"(Leng / Time)2", "(ft/min)2", "(in/sec)2", 144 / 3600.0L},
         {"((Leng)2)2", "((ft)2)2", "((in)2)2", 12 * 12 * 12}, // kept: a group in a group counts once less
+        {"((Leng) Time)2", "((ft)-hr)2", "((in)-sec)2", 43200 * 43200.0L},
         {"Pres/VolRate 2", "psi/(gal/min)2", "psi/(gal/hr)2", 1 / 3600.0L},
         {"Rate", "M BBL/day", "BBL/day", 1000},
         {"Rate", "MM BBL/day", "M BBL/hr", 1000 / 24.0L},

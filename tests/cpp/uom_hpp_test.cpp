@@ -276,6 +276,8 @@ TEST_F(HppTest, TypedTexts) {
     EXPECT_EQ(uom::search("kilopascal", 1).at(0).token, "kPa");
     ASSERT_TRUE(uom::tryReadAliases("bucket = 10 liter"));
     EXPECT_EQ(uom::tryReadEntry("ActVol", "bucket")->scale, 10.0);
+    const uom::Alias bucket = uom::aliases().front();
+    EXPECT_EQ(bucket.name + "=" + bucket.units + "[" + bucket.classTokens + "]", "bucket=10 liter[]");
 }
 
 TEST_F(HppTest, EachCatalogueHasItsPressure) {

@@ -2,31 +2,13 @@
 #include <iostream>
 #include <memory>
 
+#include "class_names.h"
 #include "commands.h"
 #include "library.h"
 #include "table.h"
 #include "text.h"
 
 namespace {
-
-// "Mass / Leng Time 2": the components of a class as a class string.
-std::string componentsOf(int32_t classId) {
-    if (uom_IsClassBase(classId))
-        return "";
-    std::string text;
-    int sign = 1;
-    for (const UomStructNode &node : uom::Chain(uom_CreateStruct(classId, 1, nullptr))) {
-        const int32_t exponent = node.baseExponent * sign;
-        if (exponent < 0) {
-            text += text.empty() ? "1 /" : " /";
-            sign = -sign;
-        }
-        text += (text.empty() ? "" : " ") + uom::classText(node.baseClass);
-        if (std::abs(exponent) != 1)
-            text += " " + std::to_string(std::abs(exponent));
-    }
-    return text;
-}
 
 std::vector<uom::ClassEntry> allClasses() {
     std::vector<uom::ClassEntry> classes;
@@ -182,7 +164,8 @@ Action addClasses(CLI::App &command) {
 Action addUnits(CLI::App &command) {
     const auto arguments = std::make_shared<UnitsArguments>();
     command.add_option("CLASS", arguments->classString, "Class, or class string")->required();
-    command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *");
+    command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *")
+        ->option_text("SLATE");
     addOutput(command, arguments->output);
     command.footer("Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
                    "For a composite class, the units of its components.");

@@ -1,5 +1,7 @@
 #include "class_names.h"
 
+#include <cstdlib>
+
 #include "library.h"
 #include "text.h"
 
@@ -24,4 +26,22 @@ int32_t compiledClass(const std::string &name) {
 
 int32_t customClass(const std::string &name) {
     return findClass(UOM_COMPILED_CLASSES, uom_GetUOMClassCount(), name);
+}
+
+std::string componentsOf(int32_t classId) {
+    if (uom_IsClassBase(classId))
+        return "";
+    std::string text;
+    int sign = 1;
+    for (const UomStructNode &node : uom::Chain(uom_CreateStruct(classId, 1, nullptr))) {
+        const int32_t exponent = node.baseExponent * sign;
+        if (exponent < 0) {
+            text += text.empty() ? "1 /" : " /";
+            sign = -sign;
+        }
+        text += (text.empty() ? "" : " ") + uom::classText(node.baseClass);
+        if (std::abs(exponent) != 1)
+            text += " " + std::to_string(std::abs(exponent));
+    }
+    return text;
 }

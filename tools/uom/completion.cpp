@@ -1,4 +1,5 @@
 // Completion of command lines in shells.
+#include <algorithm>
 #include <map>
 
 #include "interface.h"
@@ -32,14 +33,26 @@ std::vector<std::string> optionNames(const CommandInfo &command) {
     return names;
 }
 
-bool hasFileArgument(const CommandInfo &command) {
-    for (const OptionInfo &argument : command.arguments)
-        if (takesFile(argument))
-            return true;
-    return false;
+bool anyArgument(const CommandInfo &command, bool (*takes)(const OptionInfo &)) {
+    return std::any_of(command.arguments.begin(), command.arguments.end(), takes);
+}
+
+// What a shell does for a value, of which there may be a list: with files, with names of the catalogue, and else.
+struct Actions {
+    std::string files, names;
+};
+std::string actionOf(const OptionInfo &option, const Actions &actions, const std::string &otherwise) {
+    return takesFile(option) ? actions.files : takesNames(option) ? actions.names : otherwise;
+}
+std::string actionOf(const CommandInfo &command, const Actions &actions, const std::string &otherwise) {
+    return anyArgument(command, takesFile)    ? actions.files
+           : anyArgument(command, takesNames) ? actions.names
+                                              : otherwise;
 }
 
 // --- bash
+
+const Actions BASH = {"_uom_files", "_uom_names"};
 
 // The case of an option in front of the word: "COMMAND:--option" with what completes its value.
 std::string bashValueCases(const CommandInfo &command, const std::string &pattern) {
@@ -50,17 +63,16 @@ std::string bashValueCases(const CommandInfo &command, const std::string &patter
         std::vector<std::string> patterns;
         for (const std::string &name : option.names)
             patterns.push_back(pattern + ":" + name);
-        const std::string action =
-            takesFile(option) ? "_uom_files" : "_uom_words '" + joined(option.choices, " ") + "'";
+        const std::string action = actionOf(option, BASH, "_uom_words '" + joined(option.choices, " ") + "'");
         text += "    " + joined(patterns, " | ") + ") " + action + "; return ;;\n";
     }
     return text;
 }
 
 std::string bashWordCase(const CommandInfo &command, const std::string &globals) {
-    const std::string files = hasFileArgument(command) ? " || _uom_files" : "";
+    const std::string action = actionOf(command, {" || " + BASH.files, " || " + BASH.names}, "");
     return "    " + command.name + ") _uom_options '" + joined(optionNames(command), " ") + " " + globals + "'" +
-           files + " ;;\n";
+           action + " ;;\n";
 }
 
 std::string bashScript(const ToolInfo &info) {
@@ -73,6 +85,7 @@ std::string bashScript(const ToolInfo &info) {
         "    compopt -o filenames 2>/dev/null\n"
         "    mapfile -t COMPREPLY < <(compgen -f -- \"$current\")\n"
         "}\n"
+        "_uom_names() { mapfile -t COMPREPLY < <(\"${COMP_WORDS[0]}\" --complete \"$current\" 2>/dev/null); }\n"
         "_uom_options() {\n"
         "    [[ $current == -* ]] || return 1\n"
         "    _uom_words \"$1\"\n"
@@ -94,7 +107,8 @@ std::string bashScript(const ToolInfo &info) {
     text += "    esac\n"
             "    case $command in\n"
             "    '') _uom_options '" +
-            globals + "' || _uom_words '" + commands + "' ;;\n";
+            globals + "' || { [[ $previous == [0-9]* ]] || _uom_words '" + commands +
+            "'; [[ ${COMPREPLY[*]} ]] || _uom_names; } ;;\n";
     for (const CommandInfo &command : info.commands)
         text += bashWordCase(command, globals);
     return text + "    esac\n"
@@ -110,8 +124,10 @@ std::string zshText(std::string text) {
     return replaced(text, "'", "'\\''");
 }
 
+const Actions ZSH = {"_files", "_uom_names"};
+
 std::string zshAction(const OptionInfo &option) {
-    return takesFile(option) ? "_files" : option.choices.empty() ? " " : "(" + joined(option.choices, " ") + ")";
+    return actionOf(option, ZSH, option.choices.empty() ? " " : "(" + joined(option.choices, " ") + ")");
 }
 
 // The words of _arguments, one a line; of an option with two names, two.
@@ -129,6 +145,8 @@ std::string zshOptions(const CommandInfo &command) {
 std::string zshScript(const ToolInfo &info) {
     const std::string globals = zshOptions(info.tool);
     std::string text = "#compdef uom\n"
+                       "_uom_names() { compadd -U -- ${(f)\"$(_call_program names ${service:-uom} --complete "
+                       "${(q)PREFIX})\"} }\n"
                        "_uom() {\n"
                        "    local curcontext=$curcontext state\n"
                        "    local -a line commands\n"
@@ -145,7 +163,7 @@ std::string zshScript(const ToolInfo &info) {
             "        case $words[1] in\n";
     for (const CommandInfo &command : info.commands)
         text += "        " + command.name + ") _arguments" + zshOptions(command) + globals +
-                (hasFileArgument(command) ? " \\\n            '*:FILE:_files'" : " \\\n            '*: : '") + " ;;\n";
+                " \\\n            '*: :" + actionOf(command, ZSH, " ") + "' ;;\n";
     return text + "        esac ;;\n"
                   "    esac\n"
                   "}\n"
@@ -162,6 +180,9 @@ std::string fishName(const std::string &name) {
     return name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
 }
 
+const std::string FISH_NAMES = " -x -a '(uom --complete (commandline -ct) 2>/dev/null)'";
+const Actions FISH = {" -r -F", FISH_NAMES};
+
 std::string fishOptions(const CommandInfo &command, const std::string &condition) {
     std::string text;
     for (const OptionInfo &option : command.options) {
@@ -169,7 +190,7 @@ std::string fishOptions(const CommandInfo &command, const std::string &condition
         for (const std::string &name : option.names)
             text += fishName(name);
         if (!option.value.empty())
-            text += takesFile(option) ? " -r -F" : " -x";
+            text += actionOf(option, FISH, " -x");
         if (!option.choices.empty())
             text += " -a " + fishText(joined(option.choices, " "));
         text += " -d " + fishText(option.purpose) + "\n";
@@ -182,13 +203,14 @@ std::string fishScript(const ToolInfo &info) {
     const std::string none = fishText("not " + seen + joined(commandNames(info), " "));
     std::string text = "# fish completion for uom\n"
                        "complete -c uom -f\n" +
-                       fishOptions(info.tool, "");
+                       fishOptions(info.tool, "") + "complete -c uom -n " + none + FISH_NAMES + "\n";
     for (const CommandInfo &command : info.commands) {
         const std::string condition = " -n " + fishText(seen + command.name);
         text += "complete -c uom -n " + none + " -a " + command.name + " -d " + fishText(command.purpose) + "\n" +
                 fishOptions(command, condition);
-        if (hasFileArgument(command))
-            text += "complete -c uom" + condition + " -F\n";
+        const std::string action = actionOf(command, {" -F", FISH_NAMES}, "");
+        if (!action.empty())
+            text += "complete -c uom" + condition + action + "\n";
     }
     return text;
 }

@@ -38,9 +38,12 @@ void addConversionArguments(CLI::App &command, ConversionArguments &arguments, c
                     "Class string, source and target units (or names of slates)" +
                         std::string(words.empty() ? "" : ", values"))
         ->option_text(" ");
-    CLI::Option *from = command.add_option("--from-slate", arguments.fromSlate,
-                                           "Convert from the units of this slate, in place of FROM and TO");
-    CLI::Option *to = command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate");
+    CLI::Option *from = command
+                            .add_option("--from-slate", arguments.fromSlate,
+                                        "Convert from the units of this slate, in place of FROM and TO")
+                            ->option_text("SLATE");
+    CLI::Option *to =
+        command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate")->option_text("SLATE");
     from->needs(to);
     to->needs(from);
     command.add_flag("--classic", arguments.classic,

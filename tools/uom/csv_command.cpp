@@ -5,13 +5,13 @@
 #include <iostream>
 #include <optional>
 #include <thread>
-#include <unistd.h>
 
 #include "commands.h"
 #include "csv.h"
 #include "csv_convert.h"
 #include "csv_stream.h"
 #include "prepare_conversion.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace {
@@ -183,7 +183,7 @@ size_t threadCount() {
 }
 
 bool isProgressShown(const CsvArguments &arguments) {
-    return isatty(STDERR_FILENO) && (arguments.output != "-" || !isatty(STDOUT_FILENO));
+    return isTerminal(stderr) && (arguments.output != "-" || !isTerminal(stdout));
 }
 
 std::string_view headOf(std::string_view text) {

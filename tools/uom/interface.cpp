@@ -74,6 +74,12 @@ ToolInfo describeTool(const CLI::App &app) {
     return info;
 }
 
+bool takesNames(const OptionInfo &option) {
+    static const char *const kinds[] = {"CLASS", "FROM", "UNITS", "SLATE"};
+    return std::any_of(std::begin(kinds), std::end(kinds),
+                       [&](const char *kind) { return option.value.find(kind) != std::string::npos; });
+}
+
 bool takesFile(const OptionInfo &option) {
     return option.value == "FILE";
 }

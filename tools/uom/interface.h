@@ -36,6 +36,9 @@ ToolInfo describeTool(const CLI::App &app);
 
 bool takesFile(const OptionInfo &option);
 
+// Names of the catalogue, which --complete tells.
+bool takesNames(const OptionInfo &option);
+
 // Shell "bash", "zsh" or "fish".
 std::string completionScript(const ToolInfo &info, const std::string &shell);
 std::string manPage(const ToolInfo &info);

@@ -5,7 +5,9 @@
 #include "commands.h"
 #include "interface.h"
 #include "library.h"
+#include "prompt.h"
 #include "start.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace {
@@ -85,7 +87,7 @@ StartOptions startOptions(const GlobalOptions &options) {
     return start;
 }
 
-// For the build of the tool, which installs what they write. They do without a command.
+// For the build of the tool, which installs what they write, and for shells. They do without a command.
 void addGenerators(CLI::App &app) {
     const auto write = [](const std::string &text) {
         std::cout << text;
@@ -95,6 +97,15 @@ void addGenerators(CLI::App &app) {
            "--generate-completion",
            [&app, write](const std::string &shell) { write(completionScript(describeTool(app), shell)); })
         ->check(CLI::IsMember({"bash", "zsh", "fish"}))
+        ->group("");
+    app.add_option_function<std::string>("--complete",
+                                         [write](const std::string &word) {
+                                             uom::start();
+                                             std::string lines;
+                                             for (const std::string &name : namesThatComplete(word))
+                                                 lines += name + '\n';
+                                             write(lines);
+                                         })
         ->group("");
     app.add_flag_callback("--generate-man", [&app, write] { write(manPage(describeTool(app))); })->group("");
 }
@@ -115,31 +126,35 @@ bool isNeeded(const std::vector<std::string> &behindMark) {
                        [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); });
 }
 
-// A command line without a command is a text that is typed: the name of the command is put in front of its first word.
-void nameCommand(std::vector<std::string> &given) {
+// Where the words behind the global options begin; the number of words without any.
+size_t placeOfCommand(const std::vector<std::string> &given) {
     static const char *const withValue[] = {"--data", "--mode", "--define"};
-    for (size_t i = 0; i < given.size(); ++i) {
+    size_t i = 0;
+    for (; i < given.size(); ++i) {
         const std::string &word = given[i];
-        if (std::find(std::begin(withValue), std::end(withValue), word) != std::end(withValue)) {
+        if (std::find(std::begin(withValue), std::end(withValue), word) != std::end(withValue))
             ++i;
-            continue;
-        }
-        if (word.starts_with('-') && !isNegativeNumber(word))
-            continue;
-        const bool known = std::any_of(std::begin(commands), std::end(commands),
-                                       [&](const Command &command) { return word == command.name; });
-        // A single word is a command that is misspelt rather than a conversion.
-        const size_t words = given.size() - i;
-        if (!known && words > 1)
-            given.insert(given.begin() + static_cast<std::ptrdiff_t>(i), "typed");
-        return;
+        else if (!word.starts_with('-') || isNegativeNumber(word))
+            return i;
     }
+    return std::min(i, given.size());
+}
+
+// Without a command, several words are a text that is typed, and the name of its command is put in front of them. A
+// single one is looked for at the prompt; on a command line it is a command that is misspelt.
+void nameCommand(std::vector<std::string> &given, bool atPrompt) {
+    const size_t place = placeOfCommand(given), count = given.size() - place;
+    if (count < (atPrompt ? 1 : 2))
+        return;
+    const bool known = std::any_of(std::begin(commands), std::end(commands),
+                                   [&](const Command &command) { return given[place] == command.name; });
+    if (!known)
+        given.insert(given.begin() + static_cast<std::ptrdiff_t>(place), count == 1 ? "search" : "typed");
 }
 
 // The words of the command line in the reverse order, as CLI11 takes them.
-std::vector<std::string> readableWords(int count, char **words) {
-    std::vector<std::string> given(words + 1, words + count);
-    nameCommand(given);
+std::vector<std::string> readableWords(std::vector<std::string> given, bool atPrompt) {
+    nameCommand(given, atPrompt);
     const auto mark = std::find(given.begin(), given.end(), "--");
     if (mark != given.end() && !isNeeded({mark + 1, given.end()}))
         given.erase(mark);
@@ -155,14 +170,42 @@ int refuseUsage(const CLI::App &app, const CLI::ParseError &error) {
     return BAD_USAGE;
 }
 
-int run(int count, char **words) {
+int runWords(const std::vector<std::string> &words, GlobalOptions options, bool atPrompt);
+
+int reportFailure(const std::exception &failure) {
+    std::cout.flush();
+    std::cerr << "uom: " << toTerminal(failure.what()) << '\n';
+    return FAILED;
+}
+
+// Runs line after line, each with the global options that were given in front of the prompt.
+int runLines(const GlobalOptions &options) {
+    startLibrary(startOptions(options));
+    std::vector<std::string> names;
+    for (const Command &command : commands)
+        names.push_back(command.name);
+    runPrompt(names, [&](const std::vector<std::string> &words) {
+        try {
+            uom::end();
+            runWords(words, options, true);
+            std::cout.flush();
+        } catch (const std::exception &failure) {
+            reportFailure(failure);
+        }
+        uom::end();
+        startLibrary(startOptions(options)); // for the completion of the next line
+    });
+    return 0;
+}
+
+int runWords(const std::vector<std::string> &words, GlobalOptions options, bool atPrompt) {
     CLI::App app("Converts units of measure and shows the catalogue of classes, units and slates.", "uom");
-    GlobalOptions options;
+    const bool mayAsk = !atPrompt && isTerminal(stdin) && placeOfCommand(words) == words.size();
     addGlobalOptions(app, options);
     addGenerators(app);
     app.set_version_flag("--version", "uom " + uom::version());
     app.footer(EXAMPLES);
-    app.require_subcommand(1);
+    app.require_subcommand(mayAsk ? 0 : 1, 1);
     app.fallthrough();
 
     int status = 0;
@@ -178,22 +221,21 @@ int run(int count, char **words) {
         });
     }
     try {
-        app.parse(readableWords(count, words));
+        app.parse(readableWords(words, atPrompt));
     } catch (const CLI::ParseError &error) {
         return error.get_exit_code() == 0 ? app.exit(error) : refuseUsage(app, error);
     }
-    return status;
+    return app.get_subcommands().empty() ? runLines(options) : status;
 }
 
 } // namespace
 
 int main(int count, char **words) {
-    int status = FAILED;
+    int status;
     try {
-        status = run(count, words);
+        status = runWords({words + 1, words + count}, {}, false);
     } catch (const std::exception &failure) {
-        std::cout.flush();
-        std::cerr << "uom: " << toTerminal(failure.what()) << '\n';
+        status = reportFailure(failure);
     }
     uom::end();
     std::cout.flush();

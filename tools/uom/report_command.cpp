@@ -1,9 +1,12 @@
 // uom report: the whole catalogue as a document.
+#include <fstream>
+#include <iostream>
 #include <map>
 #include <memory>
 
 #include "commands.h"
 #include "library.h"
+#include "report_page.h"
 
 namespace {
 
@@ -20,10 +23,26 @@ const std::map<std::string, int32_t> reportOptions = {
 struct ReportArguments {
     int32_t options = UOM_REPORT_FULL;
     bool multipliers = false;
+    bool page = false;
     std::string path;
 };
 
+int runPage(const std::string &path) {
+    if (path.empty()) {
+        writePage(std::cout);
+        return 0;
+    }
+    std::ofstream file(path, std::ios::binary);
+    writePage(file);
+    file.close();
+    if (!file)
+        throw Failure("Unable to write \"" + path + "\".");
+    return 0;
+}
+
 int runReport(const ReportArguments &arguments) {
+    if (arguments.page)
+        return runPage(arguments.path);
     const int32_t options = arguments.options + (arguments.multipliers ? UOM_REPORT_MULTIPLIERS : 0);
     uom::report(options, arguments.path);
     return 0;
@@ -33,14 +52,19 @@ int runReport(const ReportArguments &arguments) {
 
 Action addReport(CLI::App &command) {
     const auto arguments = std::make_shared<ReportArguments>();
-    command
-        .add_option("--for", arguments->options,
-                    "enduser, full, javadoc (HTML), excel (tab-separated) or uomslates (slate definitions); full by "
-                    "default")
-        ->option_text("KIND")
-        ->transform(CLI::CheckedTransformer(reportOptions, CLI::ignore_case));
-    command.add_flag("--multipliers", arguments->multipliers,
-                     "Columns for the multipliers of units; not for uomslates");
+    CLI::Option *kind =
+        command
+            .add_option(
+                "--for", arguments->options,
+                "enduser, full, javadoc (HTML), excel (tab-separated) or uomslates (slate definitions); full by "
+                "default")
+            ->option_text("KIND")
+            ->transform(CLI::CheckedTransformer(reportOptions, CLI::ignore_case));
+    CLI::Option *multipliers = command.add_flag("--multipliers", arguments->multipliers,
+                                                "Columns for the multipliers of units; not for uomslates");
+    command.add_flag("--html", arguments->page, "A page for people: search, classes, units, slates and aliases")
+        ->excludes(kind)
+        ->excludes(multipliers);
     command.add_option("-o", arguments->path, "Write to this file")->option_text("FILE");
     command.parse_complete_callback([arguments] {
         if (arguments->multipliers && arguments->options == UOM_REPORT_DEFINITIONS)

@@ -150,7 +150,7 @@ Action addSlates(CLI::App &command) {
 
 Action addSlate(CLI::App &command) {
     const auto arguments = std::make_shared<SlateArguments>();
-    command.add_option("NAME", arguments->name, "Name of the slate")->required();
+    command.add_option("SLATE", arguments->name, "Name of the slate")->required();
     command
         .add_option("--layout", arguments->layout, "0 differences from the parent, 1 all classes, 2 key=value lines")
         ->check(CLI::Range(0, 2))
@@ -163,8 +163,9 @@ Action addSlate(CLI::App &command) {
 Action addShow(CLI::App &command) {
     const auto arguments = std::make_shared<ShowArguments>();
     command.add_option("CLASS", arguments->classString, "Class string")->required();
-    CLI::Option *slate =
-        command.add_option("--slate", arguments->slate, "In the units of this slate")->capture_default_str();
+    CLI::Option *slate = command.add_option("--slate", arguments->slate, "In the units of this slate")
+                             ->capture_default_str()
+                             ->option_text("SLATE");
     command.add_option("--units", arguments->units, "In these units")->excludes(slate);
     command.add_option("--style", arguments->style, "Style of the text, token by default")
         ->transform(CLI::CheckedTransformer(styleNames, CLI::ignore_case));

@@ -37,25 +37,38 @@ std::string unitOf(const std::string &text) {
     return std::string(trimmed(std::string_view(text).substr(end)));
 }
 
+// A value with its units as they were typed.
+struct Amount {
+    double value;
+    std::string units;
+};
+
+// What a typed text says; a number that is not in front of a unit is its factor: "1/min".
+Amount amountOf(const TypedArguments &arguments, const std::string &typed) {
+    const std::string units = unitOf(typed);
+    const auto number = parseNumber(trimmed(std::string_view(typed).substr(0, typed.size() - units.size())));
+    if (arguments.classic)
+        return {number.value_or(1.0), units};
+    const auto entry = uom::tryReadEntry(arguments.classString, typed);
+    // Products of no class are read beside the other text alone.
+    const bool numbered = entry ? entry->value.has_value() : number && !units.starts_with('/');
+    if (!numbered)
+        return {1.0, typed};
+    return {entry ? *entry->value : *number, units};
+}
+
 // The value in the wanted units, read as people type or, with --classic, as the other commands of old do.
-double convertTyped(const TypedArguments &arguments, const std::string &from, const std::string &to, double *value,
-                    std::string *note) {
-    const std::string unit = unitOf(from);
+double convertTyped(const TypedArguments &arguments, const Amount &from, const std::string &to, std::string *note) {
     if (arguments.classic) {
-        const auto number = parseNumber(trimmed(std::string_view(from).substr(0, from.size() - unit.size())));
-        *value = number.value_or(1.0);
-        auto converted = uom::tryConvert(*value, arguments.classString, unit, to);
+        auto converted = uom::tryConvert(from.value, arguments.classString, from.units, to);
         if (!converted)
             throw Failure(converted.message());
         return *converted;
     }
-    auto entry = uom::tryReadEntry(arguments.classString, from);
-    *value = entry ? entry->value.value_or(1.0) : 1.0;
-    auto conversion =
-        uom::Conversion::tryFromEntries(arguments.classString, entry && entry->value ? unit : from, to, note);
+    auto conversion = uom::Conversion::tryFromEntries(arguments.classString, from.units, to, note);
     if (!conversion)
         throw Failure(conversion.message());
-    return (*conversion)(*value);
+    return (*conversion)(from.value);
 }
 
 int runTyped(const TypedArguments &arguments) {
@@ -66,15 +79,15 @@ int runTyped(const TypedArguments &arguments) {
         throw CLI::RequiredError("FROM and TO");
     if (arguments.classic && arguments.classString.empty())
         throw CLI::RequiredError("--class, with --classic,");
-    const std::string from = join(words, words.size() - 1), to = words.back();
-    double value;
+    const Amount from = amountOf(arguments, join(words, words.size() - 1));
+    const std::string &to = words.back();
     std::string note;
-    const double converted = convertTyped(arguments, from, to, &value, &note);
+    const double converted = convertTyped(arguments, from, to, &note);
     TextTable table = {
         {{"Value", true}, {"From"}, {"Result", true}, {"To"}},
-        {{roundedNumber(value, arguments.digits), unitOf(from), roundedNumber(converted, arguments.digits), to}}};
+        {{roundedNumber(from.value, arguments.digits), from.units, roundedNumber(converted, arguments.digits), to}}};
     if (arguments.output == Output::TEXT)
-        std::cout << table.rows[0][0] << ' ' << table.rows[0][1] << " = " << table.rows[0][2] << ' ' << to << '\n';
+        std::cout << table.rows[0][0] << (from.units.starts_with('/') ? "" : " ") << from.units << " = " << table.rows[0][2] << ' ' << to << '\n';
     else
         print(table, arguments.output);
     if (!note.empty())

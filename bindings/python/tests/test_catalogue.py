@@ -35,7 +35,7 @@ def test_slates(site):
     assert plant.convert(1000, "MassRate", from_="English") == 453.59237
     assert plant.convert(453.59237, "MassRate", to=site.slate("English")) == pytest.approx(1000, rel=1e-15)
     assert plant.convert(numpy.array([1.0]), "MassRate", from_="t/d")[0] == pytest.approx(1000 / 24)
-    assert plant.convert(250, "Pres", to="kPa") == 333.5
+    assert plant.convert(250, "Pres", to="kPa") == 333.5 and plant.convert(2, "Dimensionless", to="SI") == 2
     assert set(plant) == {"Pres", "PresAbs", "PresDiff", "MassRate"} and len(plant) == 4 and "Temp" not in plant
     plant["Temp"] = "°F"
     assert plant["Temp"] == "F" and plant.display("TempAbs") == "R"

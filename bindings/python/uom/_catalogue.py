@@ -264,12 +264,14 @@ class Slate(MutableMapping[str, str]):
         return self._catalogue.convert(values, units[0], units[1], quantity, out=out)
 
     def _units_of(self, side: str | Slate | None, quantity: str) -> str:
-        if side is None:
-            return self.display(quantity)
-        if isinstance(side, Slate):
-            return side.display(quantity)
-        slate = self._catalogue._slate_named(side)
-        return side if slate is None else self._catalogue._display(quantity, slate)
+        if isinstance(side, str):
+            name = self._catalogue._slate_named(side)
+            if name is None:
+                return side
+            side = Slate(self._catalogue, name)
+        shown = (self if side is None else side).display(quantity)
+        # What has no unit is shown without one, and read with any that says so.
+        return shown or next((row.units for row in self._catalogue.units(quantity)), "")
 
 
 class Quantity:
