@@ -48,6 +48,12 @@ Console::~Console() {
         SetConsoleOutputCP(outputPage);
 }
 
+// By its mode: the C library takes the device NUL for a terminal, too.
+bool isTerminal(std::FILE *stream) {
+    DWORD mode;
+    return GetConsoleMode(handleOf(fileno(stream)), &mode) != 0;
+}
+
 void keepBytes(int descriptor) {
     _setmode(descriptor, O_BINARY);
 }
@@ -89,6 +95,10 @@ constexpr int FILE_OF_BYTES = O_CLOEXEC;
 Console::Console() = default;
 Console::~Console() = default;
 
+bool isTerminal(std::FILE *stream) {
+    return isatty(fileno(stream)) != 0;
+}
+
 void keepBytes(int) {}
 
 std::ptrdiff_t readBytes(int descriptor, char *to, size_t size) {
@@ -111,10 +121,6 @@ bool isSameFile(int a, int b) {
 }
 
 #endif
-
-bool isTerminal(std::FILE *stream) {
-    return isatty(fileno(stream)) != 0;
-}
 
 int openToRead(const std::string &path) {
     return open(path.c_str(), O_RDONLY | FILE_OF_BYTES);
