@@ -87,7 +87,8 @@ int runTyped(const TypedArguments &arguments) {
         {{"Value", true}, {"From"}, {"Result", true}, {"To"}},
         {{roundedNumber(from.value, arguments.digits), from.units, roundedNumber(converted, arguments.digits), to}}};
     if (arguments.output == Output::TEXT)
-        std::cout << table.rows[0][0] << (from.units.starts_with('/') ? "" : " ") << from.units << " = " << table.rows[0][2] << ' ' << to << '\n';
+        std::cout << table.rows[0][0] << (from.units.starts_with('/') ? "" : " ") << from.units << " = "
+                  << table.rows[0][2] << ' ' << to << '\n';
     else
         print(table, arguments.output);
     if (!note.empty())
