@@ -31,8 +31,8 @@ PyMethodDef functions[] = {{"lend", lend, METH_VARARGS, nullptr}, {"data_file", 
 PyModuleDef definition = {
     PyModuleDef_HEAD_INIT, "uom._core", nullptr, -1, functions, nullptr, nullptr, nullptr, nullptr};
 
-PyTypeObject *addType(PyObject *module, const char *name, PyType_Spec &spec) {
-    PyObject *const type = PyType_FromSpec(&spec);
+PyTypeObject *addType(PyObject *module, const char *name, PyType_Spec &description) {
+    PyObject *const type = PyType_FromSpec(&description);
     if (!type || PyModule_AddObjectRef(module, name, type) != 0)
         return nullptr;
     return reinterpret_cast<PyTypeObject *>(type);

@@ -123,12 +123,12 @@ class _WhenLoaded:
 
         self._asks = True
         try:
-            spec = find_spec(name)
+            found = find_spec(name)
         finally:
             self._asks = False
-        loader: Any = spec and spec.loader
+        loader: Any = found and found.loader
         if not hasattr(loader, "exec_module"):
-            return spec
+            return found
         load = loader.exec_module
 
         def load_and_register(module: ModuleType) -> None:
@@ -138,7 +138,7 @@ class _WhenLoaded:
                 sys.meta_path.remove(self)
 
         loader.exec_module = load_and_register
-        return spec
+        return found
 
 
 def register() -> None:
