@@ -404,12 +404,12 @@ bool refuseFraction(TextReader &reader) {
 // Where all letters are capitals, and units were read that are not written so, an M may be a milli as well.
 bool refuseCapitals(TextReader &reader, int32_t begin) {
     const Product &product = reader.product;
-    if (product.mega.text < 0 || !product.otherCase || product.words < 2)
+    if (product.mega.begin < 0 || !product.otherCase || product.words < 2)
         return false;
     for (int32_t i = begin; i < reader.length; ++i)
         if (reader.at(i) >= 'a' && reader.at(i) <= 'z')
             return false;
-    return !word_Refuse(reader, product.mega.text, product.mega.end,
+    return !word_Refuse(reader, product.mega.begin, product.mega.end,
                         "In capitals M can mean mega or milli: write the units in the case of their symbols.");
 }
 

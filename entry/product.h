@@ -41,7 +41,7 @@ struct Product {
     int32_t words = 0;
     bool otherCase = false;
     struct {
-        int32_t text, end;
+        int32_t begin, end;
     } mega = {-1, -1};
     // What the text held that another Way would read in another way.
     bool hasSecondSlash = false, hasLateStar = false, hasCompound = false;
