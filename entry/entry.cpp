@@ -307,7 +307,8 @@ bool finish(const Catalogue &catalogue, const char *classString, const Reading &
         node->multiplier = fit.fit.multipliers[slot++];
     }
     uom_GetDisplayUnits(catalogue, chain.chain, entry.units, sizeof entry.units, STYLE_TOKEN);
-    if (chain.chain->baseClass == CLASS_DIMENSIONLESS) // which the classical reader reads without a unit alone
+    // Which the classical reader reads without a unit alone.
+    if (chain.chain && chain.chain->baseClass == CLASS_DIMENSIONLESS)
         *entry.units = '\0';
     ParsedChain back(catalogue, classString);
     bool same = back.chain && chain_FillFromText(catalogue, back.chain, entry.units, STYLE_TOKEN) == UOM_DONE;
