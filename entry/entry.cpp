@@ -45,7 +45,8 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
                     int32_t most, bool firstOnly) {
     int32_t count = 0;
     for (int32_t c = CLASS_DIMENSIONLESS; c < words.classCount; ++c) {
-        if (!words.classes[c].shown || words.classes[c].slots == 0)
+        const ClassShape &shape = words.classes[c];
+        if (!shape.shown || shape.slots == 0 || !entry_IsPossible(reading, shape))
             continue;
         const ClassFit fit = entry_Fit(catalogue, words, reading, shape_OfClass(words, c), firstOnly);
         if (fit.fit.kind == FitKind::NONE || (isInMillions(c) && fit.fit.kind > FitKind::DIRECT_TIMES))

@@ -156,11 +156,16 @@ Wide exactRatio(const Fitter &fitter) {
 
 constexpr double STANDARD_GRAVITY = 9.80665; // m/s2
 
+// What the weight of something measures, times the same.
+Dimension weightOf(Dimension dimension) {
+    dimension[AXIS_LENGTH] = static_cast<int16_t>(dimension[AXIS_LENGTH] + 1);
+    dimension[AXIS_TIME] = static_cast<int16_t>(dimension[AXIS_TIME] - 2);
+    return dimension;
+}
+
 // "lb/sq in", "kg/cm^2": of a pressure the weight of the mass is meant.
 bool isWeightByArea(const Fitter &fitter) {
-    Dimension weight = fitter.measure.dimension;
-    weight[AXIS_LENGTH] = static_cast<int16_t>(weight[AXIS_LENGTH] + 1);
-    weight[AXIS_TIME] = static_cast<int16_t>(weight[AXIS_TIME] - 2);
+    const Dimension weight = weightOf(fitter.measure.dimension);
     return fitter.shape.count == 1 && fitter.shape.exponents[0] == 1 && fitter.shape.dimension == weight &&
            weight == dimension_OfClass(fitter.catalogue, CLASS_PRES).dimension;
 }
@@ -251,6 +256,11 @@ Shape shape_OfClass(const Words &words, int32_t classId) {
     shape.dimension = found.dimension;
     shape.known = found.known;
     return shape;
+}
+
+bool fit_IsPossible(const Product &product, const Measure &measure, const ClassShape &shape) {
+    return product.scale || !measure.known || !shape.known || measure.dimension == shape.dimension ||
+           weightOf(measure.dimension) == shape.dimension;
 }
 
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,

@@ -30,6 +30,10 @@ struct Fit {
 // The shape of a class, or of a class string; count is 0 for kinds that the classical reader alone reads.
 Shape shape_OfClass(const Words &words, int32_t classId);
 
+// False when a product measures something else than what the class does, so that no unit of the class can be meant: a
+// cheap question, for those who go through all classes.
+bool fit_IsPossible(const Product &product, const Measure &measure, const ClassShape &shape);
+
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
                 const Shape &shape);
 

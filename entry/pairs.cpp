@@ -122,6 +122,9 @@ bool fitsBoth(const Pair &pair, int32_t classId, ClassFit *fits, bool firstOnly 
     const ClassShape &shape = pair.words.classes[classId];
     if (!shape.shown || shape.slots == 0)
         return false;
+    for (const Reading &reading : pair.readings)
+        if (!entry_IsPossible(reading, shape))
+            return false;
     for (int32_t which = 0; which < 2; ++which) {
         fits[which] =
             entry_Fit(pair.catalogue, pair.words, pair.readings[which], shape_OfClass(pair.words, classId), firstOnly);

@@ -54,7 +54,8 @@ constexpr MetricUnit metricNames[] = {
 
 // The unit ends where its letters do, or at a plural s.
 bool takes(const MetricUnit &unit, int32_t power, std::string_view behind, bool anyCase) {
-    if (power < unit.smallest || power > unit.largest || behind.size() < unit.text.size())
+    if (behind.size() < unit.text.size() || str_Lower(behind[0]) != str_Lower(unit.text[0]) || power < unit.smallest ||
+        power > unit.largest)
         return false;
     const std::string_view head = str_Head(behind, unit.text.size());
     if (anyCase ? !str_EqualNoCase(head, unit.text) : head != unit.text)

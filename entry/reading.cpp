@@ -228,6 +228,13 @@ void readWays(const Catalogue &catalogue, const Words &words, int32_t classId, R
 
 } // namespace
 
+bool entry_IsPossible(const Reading &reading, const ClassShape &shape) {
+    for (int32_t i = 0; i < reading.count; ++i)
+        if (fit_IsPossible(reading.products[i], reading.measures[i], shape))
+            return true;
+    return false;
+}
+
 ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape,
                    bool firstOnly) {
     ClassFit best;

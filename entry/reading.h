@@ -32,6 +32,9 @@ struct Reading {
     Complaint complaint;
 };
 
+// False when the text measures something else than the class does, in every way to read it.
+bool entry_IsPossible(const Reading &reading, const ClassShape &shape);
+
 // What a reading is under a class.
 struct ClassFit {
     Fit fit;
