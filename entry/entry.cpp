@@ -67,13 +67,17 @@ int32_t findClasses(const Catalogue &catalogue, const Words &words, const Readin
 
 constexpr int32_t TOLD_CLASSES = 3;
 
+std::string_view unitsTyped(const Reading &reading) {
+    return fold_Typed(reading.folded, reading.unitBegin, reading.folded.length);
+}
+
 // "SCFM is no Pres; it is a VapVolRate." The number of classes that are told.
 int32_t tellClasses(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
                     UomEntry &entry) {
     Candidate candidates[TOLD_CLASSES];
     const int32_t count = findClasses(catalogue, words, reading, candidates, TOLD_CLASSES);
     char typed[64];
-    str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
+    str_CopyBounded(typed, sizeof typed, unitsTyped(reading));
     entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
     char classes[128] = "";
     TextWriter writer(classes, sizeof classes);
@@ -92,7 +96,7 @@ int32_t tellClasses(const Catalogue &catalogue, const Words &words, const char *
 
 void tellGas(const char *classString, const Reading &reading, UomEntry &entry) {
     char typed[64];
-    str_CopyBounded(typed, sizeof typed, reading.folded.text + reading.unitBegin);
+    str_CopyBounded(typed, sizeof typed, unitsTyped(reading));
     entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
     entry_Refuse(entry, "\"%s\" is an amount of gas, told by its volume under standard conditions, and no unit of %s.",
                  typed, classString ? classString : "a volume");
@@ -151,9 +155,10 @@ void tellParts(const Catalogue &catalogue, const Words &words, const char *class
     if (parts.wrongPower >= 0 && !isKnown) {
         const Term &term = reading.products[0].terms[parts.terms[parts.wrongPower]];
         entry_Locate(entry, reading.folded, term.place, term.end);
-        entry_Refuse(entry, "The power of \"%.*s\" is %d here, and %d in %s.", static_cast<int>(term.end - term.place),
-                     reading.folded.text + term.place, static_cast<int>(term.exponent),
-                     static_cast<int>(shape.exponents[parts.wrongPower]), classString);
+        const std::string_view typed = fold_Typed(reading.folded, term.place, term.end);
+        entry_Refuse(entry, "The power of \"%.*s\" is %d here, and %d in %s.", static_cast<int>(typed.size()),
+                     typed.data(), static_cast<int>(term.exponent), static_cast<int>(shape.exponents[parts.wrongPower]),
+                     classString);
     }
     if (!suggests)
         return;
@@ -330,8 +335,11 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
         classString = folded.text;
     if (std::strlen(classString) >= sizeof entry.classString)
         return entry_Refuse(entry, "The class string is longer than any class string.");
-    str_CopyBounded(entry.classString, sizeof entry.classString, classString);
     const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
+    // Of a long name of several words the classical reader takes the first.
+    if (class_IsValid(catalogue, classId) && std::strchr(classString, ' '))
+        classString = class_Token(catalogue, classId);
+    str_CopyBounded(entry.classString, sizeof entry.classString, classString);
     Shape shape = shape_OfClass(words, classId);
     if (shape.count == 0) {
         ParsedChain chain(catalogue, classString);
@@ -345,6 +353,8 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     Reading reading;
     if (!entry_Read(catalogue, words, classId, text, false, reading, entry))
         return false;
+    if (entry_HasNoUnits(reading))
+        return true; // the units of Dimensionless
     if (reading.count == 0) {
         complain(catalogue, words, classString, reading, suggests, entry);
         return false;

@@ -122,7 +122,25 @@ bool isDegreeOfTemperature(std::string_view behind) {
 
 } // namespace
 
+int32_t fold_End(const FoldedText &folded, int32_t from, int32_t to) {
+    while (to > from && to < folded.length && folded.place[to] == folded.place[to - 1])
+        ++to;
+    return folded.place[to];
+}
+
+std::string_view fold_Typed(const FoldedText &folded, int32_t from, int32_t to) {
+    constexpr size_t MOST = 60;
+    const size_t begin = static_cast<size_t>(folded.place[from]);
+    size_t size = static_cast<size_t>(fold_End(folded, from, to)) - begin;
+    for (bool cut = size > MOST; cut;) {
+        size = size > MOST ? MOST : size - 1;
+        cut = (static_cast<uint8_t>(folded.typed[begin + size]) & 0xC0) == 0x80;
+    }
+    return str_Head(str_Behind(folded.typed, begin), size);
+}
+
 bool fold_Text(FoldedText &folded, std::string_view typed) {
+    folded.typed = typed;
     folded.length = 0;
     folded.badPlace = -1;
     folded.tooLong = false;

@@ -11,6 +11,7 @@ namespace uom {
 // length.
 struct FoldedText {
     static constexpr int32_t LIMIT = 512;
+    std::string_view typed;
     char text[LIMIT];
     int32_t place[LIMIT];
     int32_t length = 0;
@@ -21,6 +22,12 @@ struct FoldedText {
 
 // False when the text holds what is no sign of a unit text (badPlace tells where), or is too long.
 bool fold_Text(FoldedText &folded, std::string_view typed);
+
+// Where what was typed for the characters from .. to ends: behind the whole of a sign that stands for several of them.
+int32_t fold_End(const FoldedText &folded, int32_t from, int32_t to);
+
+// What was typed for the characters from .. to, for a message: at most 60 bytes, no character cut apart.
+std::string_view fold_Typed(const FoldedText &folded, int32_t from, int32_t to);
 
 } // namespace uom
 

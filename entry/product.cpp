@@ -313,7 +313,8 @@ bool readFactor(TextReader &reader, int32_t sign) {
         return readWord(reader, sign);
     if (reader.place >= reader.length)
         return word_Refuse(reader, reader.length, reader.length, "The text ends where a unit is expected.");
-    const char sign1[2] = {reader.at(reader.place), '\0'};
+    char sign1[64];
+    str_CopyBounded(sign1, sizeof sign1, fold_Typed(reader.text, reader.place, reader.place + 1));
     return word_Refuse(reader, reader.place, reader.place + 1,
                        "\"%s\" is no sign of a unit text, or not at this place.", sign1);
 }

@@ -29,7 +29,7 @@ void entry_Locate(UomEntry &entry, const FoldedText &folded, int32_t from, int32
     from = std::clamp(from, 0, folded.length);
     to = std::clamp(to, from, folded.length);
     entry.position = folded.place[from];
-    entry.length = folded.place[to] - folded.place[from];
+    entry.length = fold_End(folded, from, to) - folded.place[from];
 }
 
 namespace {
@@ -176,13 +176,6 @@ bool readValue(Reading &reading, bool numberIsFactor, UomEntry &entry) {
     return true;
 }
 
-bool isEmpty(const Reading &reading) {
-    for (int32_t i = reading.unitBegin; i < reading.folded.length; ++i)
-        if (reading.folded.text[i] != ' ')
-            return false;
-    return true;
-}
-
 // --- the ways to read a text
 
 bool isSameProduct(const Product &a, const Product &b) {
@@ -228,6 +221,13 @@ void readWays(const Catalogue &catalogue, const Words &words, int32_t classId, R
 
 } // namespace
 
+bool entry_HasNoUnits(const Reading &reading) {
+    for (int32_t i = reading.unitBegin; i < reading.folded.length; ++i)
+        if (reading.folded.text[i] != ' ')
+            return false;
+    return true;
+}
+
 bool entry_IsPossible(const Reading &reading, const ClassShape &shape) {
     for (int32_t i = 0; i < reading.count; ++i)
         if (fit_IsPossible(reading.products[i], reading.measures[i], shape))
@@ -267,7 +267,9 @@ bool entry_Read(const Catalogue &catalogue, const Words &words, int32_t classId,
         return refuseSigns(entry, reading.folded, text);
     if (!readValue(reading, numberIsFactor, entry))
         return false;
-    if (isEmpty(reading)) {
+    if (entry_HasNoUnits(reading)) {
+        if (classId == CLASS_DIMENSIONLESS)
+            return true;
         entry_Locate(entry, reading.folded, reading.unitBegin, reading.folded.length);
         return entry_Refuse(entry, "The unit is missing.");
     }

@@ -45,7 +45,11 @@ struct ClassFit {
 ClassFit entry_Fit(const Catalogue &catalogue, const Words &words, const Reading &reading, const Shape &shape,
                    bool firstOnly = false);
 
-// Reads the typed text but for its class: the number in front, or the number as a factor. False with entry's message.
+// Whether there is nothing but the number, or nothing at all.
+bool entry_HasNoUnits(const Reading &reading);
+
+// Reads the typed text but for its class: the number in front, or the number as a factor. False with entry's message, as
+// for a text without units, which Dimensionless alone allows.
 bool entry_Read(const Catalogue &catalogue, const Words &words, int32_t classId, const char *text, bool numberIsFactor,
                 Reading &reading, UomEntry &entry);
 

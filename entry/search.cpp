@@ -1,6 +1,7 @@
 #include "entry/search.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -151,6 +152,21 @@ const char *classOfName(const Catalogue &catalogue, const char *name, UomEntry &
     return name && uom_ReadEntry(catalogue, nullptr, name, &entry) == UOM_DONE ? entry.classString : "";
 }
 
+// What nobody has named may still be understood.
+bool putTyped(const Search &search, UomTable *table) {
+    char typed[256], text[1024];
+    UomEntry entry;
+    str_CopyBounded(typed, sizeof typed, search.words);
+    if (search.words.size() >= sizeof typed || uom_ReadEntry(search.catalogue, nullptr, typed, &entry) != UOM_DONE ||
+        !std::isnan(entry.value))
+        return true;
+    char scale[32] = "";
+    if (entry.scale != 1.0)
+        str_FormatBounded(scale, sizeof scale, "%.15g ", entry.scale);
+    str_FormatBounded(text, sizeof text, "text\t%s\t%s\t%s%s", entry.classString, typed, scale, entry.units);
+    return table_PutText(table, TABLE_APPEND, text);
+}
+
 UomTable *tableOf(const Search &search) {
     UomTable *table = table_Create(0, TABLE_TEXT);
     for (int32_t i = 0; table && i < search.count; ++i) {
@@ -164,6 +180,10 @@ UomTable *tableOf(const Search &search) {
             table_Free(table);
             return nullptr;
         }
+    }
+    if (table && search.count == 0 && !putTyped(search, table)) {
+        table_Free(table);
+        return nullptr;
     }
     return table;
 }

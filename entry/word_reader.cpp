@@ -324,7 +324,7 @@ bool refuseUnknown(TextReader &reader, int32_t begin) {
     if (end == begin)
         end = begin + 1;
     char typed[64];
-    str_CopyBounded(typed, sizeof typed, str_Head(word_Ahead(reader, begin), static_cast<size_t>(end - begin)));
+    str_CopyBounded(typed, sizeof typed, fold_Typed(reader.text, begin, end));
     reader.complaint.unknownWord = !*reader.complaint.message;
     return word_Refuse(reader, begin, end, "\"%s\" is no unit that is known here.", typed);
 }

@@ -58,7 +58,7 @@ namespace Uom
         }
     }
 
-    // A find of Units.Search: Kind is "class", "unit", "alias" or "slate".
+    // A find of Units.Search: Kind is "class", "unit", "alias", "slate" or "text".
     public sealed class Find
     {
         public string Kind { get; }

@@ -42,7 +42,7 @@ extern "C" {
 
 typedef struct UomEntry {
     double value;             /* the number in front of the unit, NaN without one */
-    char classString[128];    /* the quantity: as given, or found */
+    char classString[128];    /* the quantity: as given, a long name as its token, or found */
     char units[256];          /* the unit text of the catalogue: uom_FillStructFromString reads it without loss */
     double scale;             /* what one of the typed units is in those: psi/100ft is 0.01 of psi/ft; else 1 */
     int32_t position, length; /* bytes of the typed text that the message is about */
@@ -51,7 +51,7 @@ typedef struct UomEntry {
 } UomEntry;
 
 /* Reads a number with a unit, or a unit alone: "250 kPag", "1.5e3 lb/hr", "kPag". The value in entry->units is
- * entry->value * entry->scale.
+ * entry->value * entry->scale. Of Dimensionless a number alone, or nothing, is a whole text.
  *   classString  the quantity, a class or a class string; null or empty: any, the first class that reads the text best
  *   entry        filled in any case
  * Returns 0; 1 with a message, which uom_GetLastErrorMessage gives as well; 11 when memory is exhausted. [reads] */
@@ -74,8 +74,10 @@ UOM_API int32_t uom_NewConversionFromEntries(const char *classString, const char
 UOM_API UomTable *uom_GetEntryClasses(const char *text);
 
 /* Searches classes, units, aliases and slates by words, best first, at most so many: all words are to be found in a
- * token, keyword, name or description; a single word may be misspelt.
- * Rows of text: kind ("class", "unit", "alias", "slate"), class, token, description, with tabs between. The caller frees
+ * token, keyword, name or description; a single word may be misspelt. Where nothing is found, words that read as units
+ * are the one row ("barrel per day").
+ * Rows of text: kind ("class", "unit", "alias", "slate", "text"), class, token, description, with tabs between; of an alias
+ * and of a text the description is what it stands for. The caller frees
  * the table with tbl_Free; null for null words or when memory is exhausted. [reads] */
 UOM_API UomTable *uom_Search(const char *words, int32_t most);
 

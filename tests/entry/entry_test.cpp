@@ -103,6 +103,10 @@ TEST_F(Entries, ReadWhatIsMeant) {
         {"Mass", "-1.5e3 kg", "-1500 kg"},
         {"Energy", "10^6 BTU", "BTU x 1e+06"},
         {"MassPrice", "$/100lb", "$/lb x 0.01"},
+        // Dimensionless has the empty unit text; a long name may have blanks.
+        {"Dimensionless", " 5 ", "5 "},
+        {"Dimensionless", "", ""},
+        {"Mass Rate", "kg/h", "kg/hr"},
     };
     for (const auto &c : cases)
         EXPECT_EQ(c.expected, read(c.classString, c.text)) << c.classString << ' ' << c.text;
@@ -189,6 +193,10 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
         {"MassRate", "5 lb*hr", "The power of \"hr\" is 1 here, and -1 in MassRate.", "5 lb/hr", 5, 2},
         {"MassRate", "lb", "\"lb\" is no unit of MassRate; it is one of Mass.", "lb/hr", 0, 2},
         {"Leng 2", "kPa-s", "\"kPa-s\" is no unit of Leng 2; it is one of Visc.", "", 0, 5},
+        {"Temp", "20 C°", "\"C°\" is no unit that is known here.", "", 3, 3},
+        {"Pres", "5 µ", "\"µ\" is no unit that is known here.", "", 2, 2},
+        {"Pres", "5 kPa/×", "\"×\" is no sign of a unit text, or not at this place.", "", 6, 2},
+        {"Mass Rate", "5 kPa", "\"kPa\" is no unit of MassRate; it is one of Pres, PresAbs or PresDiff.", "", 2, 3},
         {"Pres", "k\xFFPa", "The text holds a byte that is no sign of a unit text.", "", 1, 1},
     };
     for (const auto &c : cases) {
@@ -283,6 +291,9 @@ TEST_F(Entries, FindClassesAndWords) {
     EXPECT_EQ("class\tHtco\tHtco\tHeat Transfer Coefficient", rows(uom_Search("heat transfer", 1), 1));
     EXPECT_EQ("unit\tPres\tkPa\tKilopascal", rows(uom_Search("kilopascal", 1), 1));
     EXPECT_EQ("unit\tPres\tkPa\tKilopascal", rows(uom_Search("kilopascl", 1), 1)) << "one letter is missing";
+    EXPECT_EQ("text\tVolRate\tbarrel per day\tBBL/day", rows(uom_Search("barrel per day", 5), 5));
+    EXPECT_EQ("text\tLeng\tµm\t1e-06 m", rows(uom_Search(" µm ", 5), 5));
+    EXPECT_EQ("", rows(uom_Search("5 µm", 5), 5));
     EXPECT_EQ("", rows(uom_Search("", 5), 5));
     EXPECT_EQ("C; K; F; R", rows(uom_GetChoices("Temp"), 9));
     EXPECT_NE("", rows(uom_GetChoices("MassFlux"), 3));

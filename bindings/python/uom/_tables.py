@@ -22,7 +22,7 @@ class Class(NamedTuple):
 
 
 class Found(NamedTuple):
-    """What a search has found: a "class", "unit", "alias" or "slate"."""
+    """What a search has found: a "class", "unit", "alias", "slate" or "text"."""
 
     kind: str
     quantity: str
