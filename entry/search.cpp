@@ -64,7 +64,7 @@ int32_t nearnessOf(std::string_view text, std::string_view word) {
 
 struct Row {
     const char *kind, *classToken, *token, *description, *keyword;
-    int32_t nearness;
+    int32_t nearness = FAR;
 };
 
 struct Search {
@@ -127,25 +127,25 @@ void offerClasses(Search &search) {
         if (!class_IsOffered(search.catalogue, c))
             continue;
         const UomClassRow &row = *class_Row(search.catalogue, c);
-        offer(search, {"class", row.token, row.token, row.name, row.keyword, 0});
+        offer(search, {"class", row.token, row.token, row.name, row.keyword});
     }
 }
 
 void offerUnits(Search &search) {
     for (int32_t unit = 1; unit < search.catalogue.units.count; ++unit)
         if (const UomUnit *record = unit_Record(search.catalogue, unit))
-            offer(search, {"unit", nullptr, record->token, record->description, record->keyword, 0});
+            offer(search, {"unit", nullptr, record->token, record->description, record->keyword});
 }
 
 void offerAliases(Search &search, const Words &words) {
     for (int32_t i = 0; i < words.aliasCount; ++i)
-        offer(search, {"alias", nullptr, words.aliases[i].name, words.aliases[i].unitText, nullptr, 0});
+        offer(search, {"alias", nullptr, words.aliases[i].name, words.aliases[i].unitText, nullptr});
 }
 
 void offerSlates(Search &search) {
     for (int32_t slate = 1; slate < uom_GetSetCount(search.catalogue); ++slate)
         if (const UomSlate *record = slate_AnyRecord(search.catalogue, slate); record && !record->isHidden)
-            offer(search, {"slate", "", record->name, record->basedOn, nullptr, 0});
+            offer(search, {"slate", "", record->name, record->basedOn, nullptr});
 }
 
 const char *classOfName(const Catalogue &catalogue, const char *name, UomEntry &entry) {

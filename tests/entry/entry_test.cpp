@@ -344,7 +344,11 @@ TEST_F(Entries, TakeAliasesOfTheHost) {
     EXPECT_EQ("kg/hr x 3", read("MassRate", "bucket"));
     EXPECT_EQ("1 The alias \"round\" stands for no unit text.", read("ActVol", "round"));
     EXPECT_EQ(1, uom_ReadAliasText(nullptr, 3));
-    EXPECT_EQ("round\tround\t; bucket\t3 kg/hr\tMassRate; bucket\t10 liter\t", rows(uom_GetAliases(), 3));
+    for (const char *alias : {"tubful = 60 liter", "thimble = 2 cm3"}) // lines by themselves
+        ASSERT_EQ(0, uom_ReadAliasText(alias, std::strlen(alias)));
+    EXPECT_EQ("liter x 60", read("ActVol", "tubful"));
+    EXPECT_EQ("thimble\t2 cm3\t; tubful\t60 liter\t; round\tround\t; bucket\t3 kg/hr\tMassRate; bucket\t10 liter\t",
+              rows(uom_GetAliases(), 5));
 }
 
 TEST_F(Entries, WithstandAnyText) {
