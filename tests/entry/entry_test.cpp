@@ -337,7 +337,7 @@ TEST_F(Entries, CountGasInMoles) {
 }
 
 TEST_F(Entries, TakeAliasesOfTheHost) {
-    const std::string text = "// ours\nbucket = 10 liter\n[MassRate]\nbucket = 3 kg/hr // here\n[]\nround = round\n";
+    const std::string text = "// ours\nbucket = 10 liter\n[MassRate, ]\nbucket = 3 kg/hr // here\n[]\nround = round\n";
     EXPECT_EQ("1 \"bucket\" is no unit that is known here.", read("ActVol", "bucket"));
     ASSERT_EQ(0, uom_ReadAliasText(text.data(), text.size()));
     EXPECT_EQ("liter x 10", read("ActVol", "bucket"));
