@@ -336,6 +336,16 @@ TEST_F(Entries, TakeAliasesOfTheHost) {
     EXPECT_EQ("round\tround\t; bucket\t3 kg/hr\tMassRate; bucket\t10 liter\t", rows(uom_GetAliases(), 3));
 }
 
+// Thousands of aliases of one name: each goes before the one before it, in its class.
+TEST_F(Entries, TakeManyAliasesOfOneName) {
+    std::string text;
+    for (int i = 1; i <= 3000; ++i)
+        text += (i % 2 ? "[Mass]\nbucket = " : "[Leng]\nBucket = ") + std::to_string(i) + (i % 2 ? " kg\n" : " m\n");
+    ASSERT_EQ(0, uom_ReadAliasText(text.data(), text.size()));
+    EXPECT_EQ("kg x 2999", read("Mass", "bucket"));
+    EXPECT_EQ("m x 3000", read("Leng", "Bucket"));
+}
+
 TEST_F(Entries, WithstandAnyText) {
     for (const char *piece : {"(", "m-", "1e", "\xC2", "kg/", "^2", "MM ", "%", "\xEF\xBB\xBF", "9"}) {
         std::string text;
