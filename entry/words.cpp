@@ -284,7 +284,7 @@ void readAliasFile(const Catalogue &catalogue, FileText &file) {
 
 Sizes sizesOf(const Catalogue &catalogue, std::string_view file, std::string_view own) {
     Sizes sizes = {};
-    sizes.units = table_Count(catalogue.units.records);
+    sizes.units = std::max<size_t>(table_Count(catalogue.units.records), 1); // NO_UNIT, if nothing else
     sizes.classes = static_cast<size_t>(catalogue.classes.count);
     sizes.texts = 2 * (file.size() + own.size()) + 16;
     for (const std::string_view text : {file, own})

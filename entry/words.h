@@ -11,6 +11,7 @@
 //      descriptions: the first of two equal names counts.
 //   2. Each place of `places` is a name or -1, and at least half of them are -1. It is the first name of its hash; the
 //      others hang behind it in their order, so that any number of equal names takes one place.
+//   3. units[NO_UNIT] stands, and measures nothing, in a catalogue without units as well.
 #ifndef UOM_ENTRY_WORDS_H
 #define UOM_ENTRY_WORDS_H
 
