@@ -330,6 +330,17 @@ TEST_F(MemoryTest, AnswersOfTheDoorAreWholeOrNone) {
                  return std::string("exhausted");
              const std::string read = typed("Mass", "2 slug");
              return read == "exhausted" ? read : read + table(uom_GetAliases());
+         }},
+        {"another catalogue", [&] {
+             UomCatalogue *const own = uom_NewCatalogue();
+             if (!own)
+                 return std::string("exhausted");
+             UomCatalogue *const before = uom_UseCatalogue(own);
+             const int32_t status = uom_InitText(data.data(), data.size(), 0, nullptr);
+             const std::string read = status == 0 ? typed("Reach", "2 m") : status == 11 ? "exhausted" : "refused";
+             uom_UseCatalogue(before);
+             uom_FreeCatalogue(own);
+             return read;
          }}};
     const auto forget = [] {
         catalogue_DropWords(catalogue());
