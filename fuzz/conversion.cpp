@@ -32,10 +32,19 @@ void print(UomStruct chain) {
     }
 }
 
+// The parser counts parentheses, and takes ")(" for balanced, whose texts mean something else.
+bool nests(UomStruct chain) {
+    constexpr int32_t open = 1, close = 2;
+    int depth = 0;
+    for (; chain && depth >= 0; chain = chain->next)
+        depth += chain->classId == open ? 1 : chain->classId == close ? -1 : 0;
+    return depth == 0;
+}
+
 // A chain's own text makes a chain of the same text.
 void readBack(UomStruct chain) {
     const std::string classes = classesOf(chain), units = unitsOf(chain);
-    if (classes.size() >= ROOM - 1 || units.size() >= ROOM - 1)
+    if (classes.size() >= ROOM - 1 || units.size() >= ROOM - 1 || !nests(chain))
         return;
     UomStruct again = uoms_New(classes.c_str());
     if (again && uom_FillStructFromString(again, units.c_str(), UOM_STYLE_TOKEN) == 0)
