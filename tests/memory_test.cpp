@@ -346,7 +346,9 @@ TEST_F(MemoryTest, AnswersOfTheDoorAreWholeOrNone) {
         catalogue_DropWords(catalogue());
         mem_Free(std::exchange(catalogue().aliasText, nullptr));
     };
-    for (const auto &[what, answer] : answers) {
+    for (const auto &pairOf : answers) {
+        const char *const what = pairOf.first;
+        const auto &answer = pairOf.second;
         forget();
         const std::string whole = answer();
         ASSERT_EQ(whole.find("exhausted"), std::string::npos) << what;
