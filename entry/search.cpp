@@ -243,6 +243,7 @@ bool putSlateUnits(const Catalogue &catalogue, const char *classString, UomTable
 UomTable *uom_GetChoices(const Catalogue &catalogue, const char *classString) {
     if (str_IsEmpty(classString))
         return nullptr;
+    const MemoryWatch memory;
     const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
     if (!class_IsValid(catalogue, classId) && !uoms_IsClassValid(catalogue, classString))
         return nullptr;
@@ -254,7 +255,7 @@ UomTable *uom_GetChoices(const Catalogue &catalogue, const char *classString) {
         whole = table_PutText(table, TABLE_APPEND, texts[i]) != 0;
     uoms_FreeArray(texts);
     whole = whole && (count > 0 || putSlateUnits(catalogue, classString, table));
-    if (whole)
+    if (whole && !memory.exhausted()) // the list of units does not say it
         return table;
     table_Free(table);
     return nullptr;

@@ -178,13 +178,21 @@ void addName(Builder &builder, const char *text, NameKind kind, int32_t target) 
     const std::string_view name(text ? text : "");
     if (name.empty() || name.size() > UINT16_MAX)
         return;
-    const uint32_t hash = hashOf(name);
-    builder.pieces.names[builder.words.nameCount] = {
-        text, hash, words_Letters(name), static_cast<uint16_t>(name.size()), kind, target};
-    uint32_t place = hash & builder.words.mask;
-    while (builder.pieces.places[place] >= 0)
-        place = (place + 1) & builder.words.mask;
-    builder.pieces.places[place] = static_cast<int32_t>(builder.words.nameCount++);
+    builder.pieces.names[builder.words.nameCount++] = {
+        text, hashOf(name), words_Letters(name), static_cast<uint16_t>(name.size()), kind, target, -1};
+}
+
+// The last name first, each in front of those of its hash.
+void placeNames(Builder &builder) {
+    WordName *const names = builder.pieces.names;
+    int32_t *const places = builder.pieces.places;
+    for (uint32_t i = builder.words.nameCount; i-- > 0;) {
+        uint32_t place = names[i].hash & builder.words.mask;
+        while (places[place] >= 0 && names[places[place]].hash != names[i].hash)
+            place = (place + 1) & builder.words.mask;
+        names[i].next = places[place];
+        places[place] = static_cast<int32_t>(i);
+    }
 }
 
 void addAlias(Builder &builder, const AliasLine &line) {
@@ -276,7 +284,7 @@ void readAliasFile(const Catalogue &catalogue, FileText &file) {
 
 Sizes sizesOf(const Catalogue &catalogue, std::string_view file, std::string_view own) {
     Sizes sizes = {};
-    sizes.units = table_Count(catalogue.units.records);
+    sizes.units = std::max<size_t>(table_Count(catalogue.units.records), 1); // NO_UNIT, if nothing else
     sizes.classes = static_cast<size_t>(catalogue.classes.count);
     sizes.texts = 2 * (file.size() + own.size()) + 16;
     for (const std::string_view text : {file, own})
@@ -316,6 +324,7 @@ Words *build(const Catalogue &catalogue) {
     readAliases(builder, fileText);
     readAliases(builder, own);
     addNames(builder);
+    placeNames(builder);
     words.units = builder.pieces.units;
     words.classes = builder.pieces.classes;
     words.names = builder.pieces.names;

@@ -9,7 +9,9 @@
 // Invariants
 //   1. names[0 .. nameCount) are in the order tokens, their singulars, aliases (the last first), descriptions, short
 //      descriptions: the first of two equal names counts.
-//   2. Each place of `places` is a name or -1, and at least half of them are -1.
+//   2. Each place of `places` is a name or -1, and at least half of them are -1. It is the first name of its hash; the
+//      others hang behind it in their order, so that any number of equal names takes one place.
+//   3. units[NO_UNIT] stands, and measures nothing, in a catalogue without units as well.
 #ifndef UOM_ENTRY_WORDS_H
 #define UOM_ENTRY_WORDS_H
 
@@ -30,6 +32,7 @@ struct WordName {
     uint16_t length;
     NameKind kind;
     int32_t target; // a unit, or a place in `aliases`
+    int32_t next;   // the next name of this hash, -1 behind the last
 };
 
 struct Alias {
@@ -83,13 +86,14 @@ struct Shape {
     bool known;
 };
 
-// Visits the names of this hash and text, the first first: visit(name) tells whether to stop.
+// Visits the names of this hash, the first first: visit(name) tells whether to stop.
 template <class Visit> void words_Find(const Words &words, uint32_t hash, Visit visit) {
-    for (uint32_t place = hash & words.mask; words.places[place] >= 0; place = (place + 1) & words.mask) {
-        const WordName &name = words.names[words.places[place]];
-        if (name.hash == hash && visit(name))
+    uint32_t place = hash & words.mask;
+    while (words.places[place] >= 0 && words.names[words.places[place]].hash != hash)
+        place = (place + 1) & words.mask;
+    for (int32_t i = words.places[place]; i >= 0; i = words.names[i].next)
+        if (visit(words.names[i]))
             return;
-    }
 }
 
 // As catalogue.h and entry.h say of these names; here the catalogue stands in front.

@@ -1,17 +1,10 @@
 // Typed texts: the first line of the input is the class, the second a text, the third another.
-#include <cstdlib>
 #include <cstring>
-#include <string>
 
+#include "fuzz/input.h"
 #include "uom/entry.h"
 
 namespace {
-
-std::string takeLine(std::string &text) {
-    const std::string line = text.substr(0, text.find('\n'));
-    text.erase(0, line.size() + 1);
-    return line;
-}
 
 // What a text was read as is read as itself.
 void checkAgain(const UomEntry &entry) {

@@ -245,6 +245,7 @@ void freeAll(Catalogue &catalogue) {
         uom_DeleteSet(catalogue, slate);
     table_Free(catalogue.slates.records);
     catalogue.slates.records = nullptr;
+    slate_IndexNames(catalogue); // a table that could not shrink left an index of the places that it kept
     for (int32_t i = 1; i < catalogue.classes.count; ++i)
         if (UomClassRow *row = class_Row(catalogue, i))
             freeLists(catalogue, row);

@@ -13,6 +13,7 @@
 #include "support/table.h"
 #include "text/class_text.h"
 #include "tests/library_fixture.h"
+#include "uom/catalogue.h"
 #include "uom/entry.h"
 
 namespace {
@@ -259,6 +260,112 @@ TEST_F(MemoryTest, TypedTexts) {
                 mem_Free(std::exchange(catalogue().aliasText, nullptr));
                 EXPECT_EQ(held, live());
             });
+    }
+}
+
+// The door and prepared conversions: the whole answer, or that memory is exhausted; never less of it.
+TEST_F(MemoryTest, AnswersOfTheDoorAreWholeOrNone) {
+    UomEntry entry;
+    const auto converted = [](int32_t status, UomConversion *conversion) {
+        const double value = conversion ? uom_ConvertOne(conversion, 20.0) : 0.0;
+        const std::string text = joined(status, conversion != nullptr, value);
+        uom_FreeConversion(conversion);
+        return status == 11 && !conversion ? "exhausted" : text;
+    };
+    const auto typed = [&](const char *classString, const char *text) {
+        const int32_t status = uom_ReadEntry(classString, text, &entry);
+        return status == 11 ? "exhausted"
+                            : joined(status, entry.classString, entry.units, entry.message, entry.suggestion);
+    };
+    const auto pair = [&](const char *classString, const char *from, const char *to) {
+        UomConversion *conversion = nullptr;
+        const int32_t status = uom_NewConversionFromEntries(classString, from, to, &conversion, &entry);
+        return converted(status, conversion) + (status == 11 ? "" : entry.message);
+    };
+    const auto table = [](UomTable *rows) {
+        std::string text;
+        for (const std::string &row : takeLines(rows))
+            text += row + ";";
+        return text == "null;" ? "exhausted" : text;
+    };
+    const Chain pounds("(MassRate) 2 / Pres", "(lb/hr)2/kPag"), kilograms("(MassRate) 2 / Pres", "(kg/sec)2/bar");
+    const std::string data = "BEGINUOMLIST\nn N n 0 0 1\nm M Meter 0 0 1\nENDUOMLIST\nBEGINLIST\nLeng\nm\nENDLIST\n"
+                             "BEGINCLASSLIST\nReach=Leng\nENDCLASSLIST\nBEGINSLATE\nOnly\nLeng=m\nENDSLATE\n";
+    const std::string aliases = "stone = 14 lb\n[Mass]\nslug = 32.17 lb // at sea level\n";
+    const std::pair<const char *, std::function<std::string()>> answers[] = {
+        {"prepared from texts",
+         [&] {
+             UomConversion *made = nullptr;
+             const int32_t status = uoms_NewConversion("(MassRate) 2 / Pres", "(lb/hr)2/kPag", "(kg/sec)2/bar", &made);
+             return converted(status, made);
+         }},
+        {"prepared from chains",
+         [&] {
+             UomConversion *made = nullptr;
+             const int32_t status = uom_NewConversion(pounds.head, kilograms.head, &made);
+             return converted(status, made);
+         }},
+        {"prepared from slates",
+         [&] {
+             UomConversion *made = nullptr;
+             const int32_t status = uoms_NewConversion("MassRate", "English", "Metric", &made);
+             return converted(status, made);
+         }},
+        {"a suggestion", [&] { return typed("Pres", "5 kPs"); }},
+        {"a suggestion of any class", [&] { return typed("", "5 kPs/hr"); }},
+        {"a product of a class string", [&] { return typed("Mass / (Area Time)", "3 lb/m2-hr"); }},
+        {"a class that is none", [&] { return typed("Pressure drop", "3 kPa"); }},
+        {"two texts of a class", [&] { return pair("Pres", "5 kPag", "bar"); }},
+        {"two texts of no class", [&] { return pair("", "kg2/(m3-K)", "lb2/(m3-F)"); }},
+        {"two texts, the second refused", [&] { return pair("", "kPa", "kPs"); }},
+        {"two texts that do not fit", [&] { return pair("", "kPa", "kg"); }},
+        {"classes of a text", [&] { return table(uom_GetEntryClasses("kPag")); }},
+        {"classes of no text", [&] { return table(uom_GetEntryClasses("kPs")) + "."; }},
+        {"words", [&] { return table(uom_Search("pund mass", 9)); }},
+        {"choices", [&] { return table(uom_GetChoices("Pres")); }},
+        {"choices of a class string", [&] { return table(uom_GetChoices("Mass / Area")); }},
+        {"aliases",
+         [&] {
+             if (uom_ReadAliasText(aliases.data(), aliases.size()) != 0)
+                 return std::string("exhausted");
+             const std::string read = typed("Mass", "2 slug");
+             return read == "exhausted" ? read : read + table(uom_GetAliases());
+         }},
+        {"another catalogue", [&] {
+             UomCatalogue *const own = uom_NewCatalogue();
+             if (!own)
+                 return std::string("exhausted");
+             UomCatalogue *const before = uom_UseCatalogue(own);
+             const int32_t status = uom_InitText(data.data(), data.size(), 0, nullptr);
+             const std::string read = status == 0 ? typed("Reach", "2 m") : status == 11 ? "exhausted" : "refused";
+             uom_UseCatalogue(before);
+             uom_FreeCatalogue(own);
+             return read;
+         }}};
+    const auto forget = [] {
+        catalogue_DropWords(catalogue());
+        mem_Free(std::exchange(catalogue().aliasText, nullptr));
+    };
+    for (const auto &pairOf : answers) {
+        const char *const what = pairOf.first;
+        const auto &answer = pairOf.second;
+        forget();
+        const std::string whole = answer();
+        ASSERT_EQ(whole.find("exhausted"), std::string::npos) << what;
+        forget();
+        const int32_t held = live();
+        int refused = 0;
+        std::string text;
+        failEach(
+            what, [&] { text = answer(); },
+            [&](bool failed) {
+                const bool exhausted = text.find("exhausted") != std::string::npos;
+                EXPECT_TRUE(text == whole || (failed && exhausted)) << text << "\nin place of\n" << whole;
+                refused += exhausted;
+                forget();
+                EXPECT_EQ(live(), held);
+            });
+        EXPECT_GT(refused, 0) << what;
     }
 }
 

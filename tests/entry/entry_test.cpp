@@ -6,6 +6,7 @@
 #include "catalogue/units.h"
 #include "tests/entry/fields.h"
 #include "tests/library_fixture.h"
+#include "uom/catalogue.h"
 #include "uom/entry.h"
 
 namespace {
@@ -349,6 +350,33 @@ TEST_F(Entries, TakeAliasesOfTheHost) {
     EXPECT_EQ("liter x 60", read("ActVol", "tubful"));
     EXPECT_EQ("thimble\t2 cm3\t; tubful\t60 liter\t; round\tround\t; bucket\t3 kg/hr\tMassRate; bucket\t10 liter\t",
               rows(uom_GetAliases(), 5));
+}
+
+// Thousands of aliases of one name: each goes before the one before it, in its class.
+TEST_F(Entries, TakeManyAliasesOfOneName) {
+    std::string text;
+    for (int i = 1; i <= 3000; ++i)
+        text += (i % 2 ? "[Mass]\nbucket = " : "[Leng]\nBucket = ") + std::to_string(i) + (i % 2 ? " kg\n" : " m\n");
+    ASSERT_EQ(0, uom_ReadAliasText(text.data(), text.size()));
+    EXPECT_EQ("kg x 2999", read("Mass", "bucket"));
+    EXPECT_EQ("m x 3000", read("Leng", "Bucket"));
+}
+
+// Aliases come from their file, beside the data file, whatever that holds; their compounds are looked up among no units.
+TEST(EntriesWithoutUnits, AreRefused) {
+    UomCatalogue *own = uom_NewCatalogue();
+    uom_UseCatalogue(own);
+    const char aliases[] = "x/y = 3\n";
+    for (const char *data : {static_cast<const char *>(nullptr), "", "BEGINUOMLIST\nENDUOMLIST\n"}) {
+        ASSERT_EQ(0, data ? uom_InitText(data, std::strlen(data), 0, nullptr) : 0);
+        ASSERT_EQ(0, uom_ReadAliasText(aliases, sizeof aliases - 1));
+        UomEntry entry;
+        EXPECT_EQ(1, uom_ReadEntry(nullptr, "x/y", &entry));
+        EXPECT_STREQ("", entry.units);
+        tbl_Free(uom_Search("x/y", 3));
+        uom_Cleanup();
+    }
+    uom_FreeCatalogue(own);
 }
 
 TEST_F(Entries, WithstandAnyText) {
