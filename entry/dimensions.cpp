@@ -1,5 +1,6 @@
 #include "entry/dimensions.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "catalogue/class_table.h"
@@ -60,6 +61,17 @@ BaseQuantity dimension_OfClass(const Catalogue &catalogue, int32_t classId) {
     // A class of the data file with units of its own tells no dimension when the one that it copies has none.
     const bool known = dimension != Dimension{} || (row->kind & CLASS_CUSTOM) == 0;
     return {dimension, 1.0, known};
+}
+
+Ratios ratios_OfPart(const Dimension &dimension, int32_t power) {
+    if (dimension[AXIS_AMOUNT] != 0)
+        return RATIO_OF_AMOUNTS;
+    if (dimension[AXIS_TIME] != 0)
+        return RATIO_OF_OTHERS;
+    if (dimension[AXIS_LENGTH] == 0)
+        return dimension[AXIS_MASS] != 0 ? RATIO_OF_MASSES : RATIO_OF_OTHERS;
+    const bool volume = dimension[AXIS_MASS] == 0 && std::abs(dimension[AXIS_LENGTH] * power) == 3;
+    return volume ? RATIO_OF_VOLUMES : RATIO_OF_OTHERS;
 }
 
 } // namespace uom

@@ -28,6 +28,15 @@ using Dimension = std::array<int16_t, AXES>;
 // The first times the second to a power. Powers stay within their type: a text has few units, of bounded powers.
 Dimension dimension_Times(const Dimension &a, const Dimension &b, int32_t power);
 
+// What a pure number may be a ratio of: a fraction by mass is none by moles, though both are numbers. A set of bits; what
+// is no ratio may be all of them.
+using Ratios = uint8_t;
+constexpr Ratios RATIO_OF_MASSES = 1, RATIO_OF_AMOUNTS = 2, RATIO_OF_VOLUMES = 4, RATIO_OF_OTHERS = 8,
+                 RATIO_OF_ANY = 15;
+
+// What a quantity, to a power, may be a part of a ratio of.
+Ratios ratios_OfPart(const Dimension &dimension, int32_t power);
+
 // What a base class measures, and its base unit in the units above.
 struct BaseQuantity {
     Dimension dimension;
@@ -44,6 +53,7 @@ struct UnitQuantity {
     bool known;
     bool shifted; // has an offset: temperatures on a scale, gauge pressures
     bool gas;     // an amount of gas, stated as its volume under standard conditions
+    Ratios ratios;
     bool formula; // API gravity and its like: no factor tells it
 };
 

@@ -113,12 +113,17 @@ void tellAmbiguous(const Reading &reading, UomEntry &entry) {
 bool readTyped(const Catalogue &catalogue, const Words &words, const char *classString, const char *text, bool suggests,
                UomEntry &entry);
 
-// Whether the one name is the other behind a letter that may be a thousand, or the like: "kpsi" is no misspelt psi.
-bool losesPrefix(std::string_view typed, std::string_view name) {
-    const bool shorter = typed.size() > name.size();
-    const std::string_view longer = shorter ? typed : name, tail = str_Behind(longer, 1);
-    return longer.size() > 1 && str_EqualNoCase(tail, shorter ? name : typed) &&
-           std::strchr("kmgthdcunp", str_Lower(longer[0])) != nullptr;
+// Whether a name may be what was meant: letters of another prefix, and other units of few letters, are no misspellings.
+// "kpsi" is no psi, "Mio" no min, "mcg" no mg, "kDa" no kPa; "kPs" may be kPa.
+bool mayBeMeant(std::string_view typed, std::string_view name) {
+    constexpr size_t SHORT = 4; // letters, of which the last alone may be wrong
+    size_t same = 0;
+    while (same < typed.size() && same < name.size() && str_Lower(typed[same]) == str_Lower(name[same]))
+        ++same;
+    const bool otherPrefix = typed[0] != name[0] && std::strchr("mp", str_Lower(typed[0]));
+    if (same == 0 || otherPrefix)
+        return false;
+    return typed.size() > SHORT || (same + 1 >= typed.size() && name.size() >= typed.size());
 }
 
 // A text with the word at the complaint replaced by a name that is known, if that is read.
@@ -137,7 +142,7 @@ void suggestName(const Catalogue &catalogue, const Words &words, const char *cla
         str_Write(writer, str_Behind(typed, to));
         UomEntry read;
         entry_Begin(read);
-        if (losesPrefix(str_Behind(str_Head(typed, to), from), suggestions.names[i].name))
+        if (!mayBeMeant(str_Behind(str_Head(typed, to), from), suggestions.names[i].name))
             continue;
         if (writer.wanted >= sizeof text || !readTyped(catalogue, words, classString, text, false, read))
             continue;
@@ -173,8 +178,23 @@ void tellParts(const Catalogue &catalogue, const Words &words, const char *class
         str_CopyBounded(entry.suggestion, sizeof entry.suggestion, text);
 }
 
-void complain(const Catalogue &catalogue, const Words &words, const char *classString, const Reading &reading,
-              bool suggests, UomEntry &entry) {
+// What is no name in a class may be one elsewhere: "ppmw" of a mole fraction.
+bool tellOtherClasses(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
+                      UomEntry &entry) {
+    Reading reading;
+    UomEntry read;
+    Candidate candidate;
+    if (!classString || !entry_Read(catalogue, words, CLASS_NONE, text, false, reading, read) || reading.count == 0 ||
+        findClasses(catalogue, words, reading, &candidate, 1) == 0)
+        return false;
+    tellClasses(catalogue, words, classString, reading, entry);
+    return true;
+}
+
+void complain(const Catalogue &catalogue, const Words &words, const char *classString, const char *text,
+              const Reading &reading, bool suggests, UomEntry &entry) {
+    if (suggests && tellOtherClasses(catalogue, words, classString, text, entry))
+        return;
     entry_Locate(entry, reading.folded, reading.complaint.begin, reading.complaint.end);
     entry_Refuse(entry, "%s", reading.complaint.message);
     if (suggests && reading.complaint.unknownWord)
@@ -337,7 +357,8 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
         return entry_Refuse(entry, "The class string is longer than any class string.");
     const int32_t classId = class_Find(catalogue, classString, STYLE_TOKEN);
     // Of a long name of several words the classical reader takes the first.
-    if (class_IsValid(catalogue, classId) && std::strchr(classString, ' '))
+    if (const UomClassRow *row = class_ValidRow(catalogue, classId);
+        row && str_EqualNoCase(row->name, classString) && !str_EqualNoCase(row->token, classString))
         classString = class_Token(catalogue, classId);
     str_CopyBounded(entry.classString, sizeof entry.classString, classString);
     Shape shape = shape_OfClass(words, classId);
@@ -356,7 +377,7 @@ bool readGiven(const Catalogue &catalogue, const Words &words, const char *class
     if (entry_HasNoUnits(reading))
         return true; // the units of Dimensionless
     if (reading.count == 0) {
-        complain(catalogue, words, classString, reading, suggests, entry);
+        complain(catalogue, words, classString, text, reading, suggests, entry);
         return false;
     }
     if (shape.count == 0) {
@@ -387,7 +408,7 @@ bool readAny(const Catalogue &catalogue, const Words &words, const char *text, b
     if (!entry_Read(catalogue, words, CLASS_NONE, text, false, reading, entry))
         return false;
     if (reading.count == 0) {
-        complain(catalogue, words, nullptr, reading, suggests, entry);
+        complain(catalogue, words, nullptr, text, reading, suggests, entry);
         return false;
     }
     Candidate best;
@@ -440,7 +461,14 @@ int32_t uom_ReadEntry(const Catalogue &catalogue, const char *classString, const
         error_Set("%s", entry->message);
         return UOM_NO_MEMORY;
     }
+    if (catalogue.units.count == 0) {
+        entry_Refuse(*entry, "The catalogue holds no units: the library is not started.");
+        error_Set("%s", entry->message);
+        return UOM_REFUSED;
+    }
     const bool read = readTyped(catalogue, *words, any ? nullptr : classString, text, true, *entry);
+    str_MakeUtf8(entry->message);
+    str_MakeUtf8(entry->suggestion);
     if (!read)
         error_Set("%s", entry->message);
     return read ? UOM_DONE : UOM_REFUSED;

@@ -254,8 +254,13 @@ Shape shape_OfClass(const Words &words, int32_t classId) {
     std::copy_n(found.classes, found.slots, shape.classes);
     std::copy_n(found.exponents, found.slots, shape.exponents);
     shape.dimension = found.dimension;
+    shape.ratios = found.ratios;
     shape.known = found.known;
     return shape;
+}
+
+bool ratio_Differs(Ratios a, Ratios b) {
+    return (a & b) == 0;
 }
 
 bool fit_IsPossible(const Product &product, const Measure &measure, const ClassShape &shape) {
@@ -269,6 +274,8 @@ Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &p
     // Units that tell what they measure are in no list of a class that measures something else.
     if (!product.scale && measure.known && shape.known && measure.dimension != shape.dimension &&
         !isWeightByArea(fitter))
+        return fitter.fit;
+    if (ratio_Differs(measure.ratios, shape.ratios))
         return fitter.fit;
     if (shape.count == 0 || (product.count == 0 && shape.dimension != Dimension{}))
         return fitter.fit;

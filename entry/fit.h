@@ -34,6 +34,9 @@ Shape shape_OfClass(const Words &words, int32_t classId);
 // cheap question, for those who go through all classes.
 bool fit_IsPossible(const Product &product, const Measure &measure, const ClassShape &shape);
 
+// Whether two are ratios of things that are not counted alike: masses and moles, say.
+bool ratio_Differs(Ratios a, Ratios b);
+
 Fit fit_Product(const Catalogue &catalogue, const Words &words, const Product &product, const Measure &measure,
                 const Shape &shape);
 

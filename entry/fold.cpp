@@ -110,6 +110,15 @@ bool put(FoldedText &folded, std::string_view plain, size_t place) {
     return true;
 }
 
+// Whether a unit, with its power, is what stands last: "lb" of "BTU/lb°F", and not the number of "5°F".
+bool endsInUnit(const FoldedText &folded) {
+    int32_t end = folded.length;
+    while (end > 0 && (str_IsDigit(folded.text[end - 1]) || folded.text[end - 1] == '^'))
+        --end;
+    const bool isNumber = end > 1 && str_Lower(folded.text[end - 1]) == 'e' && str_IsDigit(folded.text[end - 2]);
+    return end > 0 && str_IsLetter(folded.text[end - 1]) && !isNumber;
+}
+
 // "deg C" is "C": only an angle keeps the word.
 bool isDegreeOfTemperature(std::string_view behind) {
     while (!behind.empty() && behind.front() == ' ')
@@ -167,7 +176,7 @@ bool fold_Text(FoldedText &folded, std::string_view typed) {
                 plain = "";
             raised = isSuperscript(*sign) || (!plain.empty() && plain[0] == '^');
             if (plain == "deg " && isDegreeOfTemperature(str_Behind(typed, i + size)))
-                plain = "";
+                plain = endsInUnit(folded) ? "-" : "";
         }
         if (!put(folded, plain, i)) {
             folded.tooLong = true;

@@ -91,6 +91,32 @@ bool refuseGasAndLiquid(Pair &pair, const char *classString) {
     return true;
 }
 
+// "mg/kg" and "mL/L": numbers both, and not of the same.
+bool refuseRatios(Pair &pair, const char *classString) {
+    static constexpr const char *names[] = {"", "masses",          "amounts", "", "volumes", "", "amounts and volumes",
+                                            "", "other quantities"};
+    const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
+    if (classId < CLASS_DIMENSIONLESS || classId >= pair.words.classCount ||
+        pair.words.classes[classId].dimension != Dimension{})
+        return false;
+    Ratios ratios[2] = {RATIO_OF_ANY, RATIO_OF_ANY};
+    for (int32_t which = 0; which < 2; ++which) {
+        UomEntry entry;
+        Reading &reading = pair.readings[which];
+        if (entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, reading, entry) &&
+            reading.count > 0)
+            ratios[which] = reading.measures[0].ratios;
+    }
+    if (!ratio_Differs(ratios[0], ratios[1]))
+        return false;
+    char message[sizeof UomEntry::message];
+    str_FormatBounded(message, sizeof message,
+                      "\"%.60s\" and \"%.60s\" do not convert into each other: one is a ratio of %s, the other of %s.",
+                      pair.texts[0], pair.texts[1], names[ratios[0]], names[ratios[1]]);
+    error_Set("%s", message);
+    return true;
+}
+
 int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readSide(pair, which, classString))
@@ -102,7 +128,8 @@ int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomE
         error_Set("%s", pair.sides[which].entry.message);
         return !known ? PAIR_BAD_CLASS : which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
     }
-    int32_t status = refuseGasAndLiquid(pair, classString) ? PAIR_REFUSED : convertUnder(pair, out);
+    const bool refused = refuseGasAndLiquid(pair, classString) || refuseRatios(pair, classString);
+    int32_t status = refused ? PAIR_REFUSED : convertUnder(pair, out);
     if (status == PAIR_REFUSED)
         str_CopyBounded(pair.sides[0].entry.message, sizeof pair.sides[0].entry.message, error_Text());
     if (entry)
@@ -411,6 +438,8 @@ int32_t uom_NewConversionFromEntries(const Catalogue &catalogue, const char *cla
         entry_Begin(*entry);
     if (!from || !to || !out) {
         error_Set("Invalid input arguments detected in function uom_NewConversionFromEntries().");
+        if (entry)
+            str_CopyBounded(entry->message, sizeof entry->message, "There is no text to read.");
         return PAIR_REFUSED;
     }
     const Words *words = words_Of(catalogue);

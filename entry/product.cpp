@@ -18,6 +18,7 @@ namespace {
 constexpr int32_t DEEPEST = 12;       // parentheses, and aliases of aliases
 constexpr int32_t HIGHEST_POWER = 99; // in a text
 constexpr int32_t MOST_DIGITS = 18;   // of a number that is kept to the last digit
+constexpr int32_t SHORTEST_NAME = 3;  // that is no symbol
 
 void skipBlanks(TextReader &reader) {
     while (reader.at(reader.place) == ' ')
@@ -36,6 +37,15 @@ void multiply(Product &product, const Wide &factor, int32_t exponent) {
 
 bool isNumberStart(const TextReader &reader, int32_t place) {
     return str_IsDigit(reader.at(place)) || (reader.at(place) == '.' && str_IsDigit(reader.at(place + 1)));
+}
+
+// Whether the digits of a marked exponent go on as a fraction, "^1/2": "^3/100lb" is a quotient.
+bool isFractionAt(const TextReader &reader, int32_t place, bool marked) {
+    if (!marked || reader.at(place) != '/' || !str_IsDigit(reader.at(place + 1)))
+        return false;
+    for (++place; str_IsDigit(reader.at(place));)
+        ++place;
+    return !text_IsLetter(reader.at(place));
 }
 
 // An exponent behind a unit or a parenthesis: "2", "^2", "**2", "^-1", "-1" directly behind a letter.
@@ -62,7 +72,7 @@ bool readExponent(TextReader &reader, int32_t *exponent) {
     const int32_t first = i;
     while (str_IsDigit(reader.at(i)) && value <= HIGHEST_POWER)
         value = 10 * value + (reader.at(i++) - '0');
-    if (i == first || value == 0 || value > HIGHEST_POWER || reader.at(i) == '.')
+    if (i == first || value == 0 || value > HIGHEST_POWER || reader.at(i) == '.' || isFractionAt(reader, i, marked))
         return word_Refuse(reader, reader.place, i + 1,
                            "An exponent is to be a whole number of at most two digits, and not 0.");
     if (open && reader.at(i++) != ')')
@@ -135,11 +145,11 @@ struct KeyWord {
 constexpr KeyWord powersInFront[] = {{"square", 2}, {"sq", 2}, {"cubic", 3}, {"cu", 3}};
 constexpr KeyWord powersBehind[] = {{"squared", 2}, {"square", 2}, {"cubed", 3}};
 constexpr KeyWord scaleMarks[] = {
-    {"(g)", 'g'},      {"[g]", 'g'},          {"(gauge)", 'g'}, {"gauge", 'g'},    {"gage", 'g'},
-    {"(ga)", 'g'},     {"(a)", 'a'},          {"[a]", 'a'},     {"(abs)", 'a'},    {"abs.", 'a'},
-    {"absolute", 'a'}, {"(absolute)", 'a'},   {"abs", 'a'},     {"(v)", 'v'},      {"(vac)", 'v'},
-    {"vacuum", 'v'},   {"vac.", 'v'},         {"vac", 'v'},     {"(vacuum)", 'v'}, {"(d)", 'd'},
-    {"diff", 'd'},     {"differential", 'd'}, {"d", 'd'},       {"g", 'g'},        {"a", 'a'},
+    {"(g)", 'g'},      {"[g]", 'g'}, {"(gauge)", 'g'}, {"gauge", 'g'},        {"gage", 'g'},     {"(ga)", 'g'},
+    {"(a)", 'a'},      {"[a]", 'a'}, {"(abs)", 'a'},   {"abs.", 'a'},         {"absolute", 'a'}, {"(absolute)", 'a'},
+    {"abs", 'a'},      {"(v)", 'v'}, {"(vac)", 'v'},   {"vacuum", 'v'},       {"vac.", 'v'},     {"vac", 'v'},
+    {"(vacuum)", 'v'}, {"(d)", 'd'}, {"diff", 'd'},    {"differential", 'd'}, {"d", 'd'},        {"g", 'g'},
+    {"a", 'a'},        {"-g", 'g'},  {"_g", 'g'},      {"(e)", 'g'},          {"-a", 'a'},       {"_a", 'a'},
 };
 
 // The entry that stands at this place and ends there; the place behind it in `end`.
@@ -269,14 +279,35 @@ bool readGroup(TextReader &reader, int32_t sign) {
     return true;
 }
 
-// Whether what stands directly behind a word may: no letter, but behind a power a temperature ("W/m2K") or the scale of a
-// pressure ("kgf/cm2g").
-bool mayFollow(const TextReader &reader, const Word &word, int32_t behindName) {
+// Whether what stands directly behind a word may: no letter, but behind a power a temperature ("W/m2K"), below the line a
+// time ("kg/m2s"), or the scale of a pressure ("kgf/cm2g").
+bool mayFollow(const TextReader &reader, const Word &word, int32_t behindName, int32_t sign) {
     const char next = reader.at(reader.place);
     if (!str_IsLetter(next) || word.joined)
         return true;
     const bool power = reader.place > behindName || str_IsDigit(reader.at(reader.place - 1));
-    return power && std::strchr("KCFRagk", next) && !str_IsLetter(reader.at(reader.place + 1));
+    return power && std::strchr(sign < 0 ? "KCFRagksh" : "KCFRagk", next) && !str_IsLetter(reader.at(reader.place + 1));
+}
+
+// A single word in parentheses behind a unit is a remark ("hp(S)", "Nm3 (dry)") and no factor. "(s)" makes a plural of
+// a name.
+bool takeNote(TextReader &reader, const Word &word) {
+    int32_t open = reader.place;
+    while (reader.at(open) == ' ')
+        ++open;
+    if (reader.at(open) != '(')
+        return true;
+    const int32_t end = word_EndOfLetters(reader, open + 1);
+    if (reader.at(end) != ')')
+        return true;
+    if (open == reader.place && end == open + 2 && str_Lower(reader.at(open + 1)) == 's' &&
+        word.match.end - word.begin >= SHORTEST_NAME) {
+        reader.place = end + 1;
+        return true;
+    }
+    return word_Refuse(
+        reader, open, end + 1,
+        "A word in parentheses behind a unit may be a remark: a product is written with \"-\" or \"*\".");
 }
 
 bool readWord(TextReader &reader, int32_t sign) {
@@ -289,7 +320,7 @@ bool readWord(TextReader &reader, int32_t sign) {
     const int32_t behindName = reader.place;
     if (!readExponent(reader, &exponent))
         return false;
-    if (!mayFollow(reader, word, behindName))
+    if (!mayFollow(reader, word, behindName, sign))
         return word_Refuse(reader, reader.place, word_EndOfLetters(reader, reader.place),
                            "A unit follows without a sign between: write \"-\" or \"*\".");
     takePowerBehind(reader, &exponent);
@@ -299,9 +330,9 @@ bool readWord(TextReader &reader, int32_t sign) {
     if (reader.at(reader.place) == '.' && !text_IsLetter(reader.at(reader.place + 1)) &&
         !str_IsDigit(reader.at(reader.place + 1)))
         ++reader.place;
-    if (!addWord(reader, word, sign * exponent))
+    if (!addWord(reader, word, sign * exponent) || !takeScaleMark(reader))
         return false;
-    return takeScaleMark(reader);
+    return takeNote(reader, word);
 }
 
 bool readFactor(TextReader &reader, int32_t sign) {
@@ -477,7 +508,7 @@ bool product_Read(const Catalogue &catalogue, const Words &words, const FoldedTe
 }
 
 Measure product_Measure(const Words &words, const Product &product) {
-    Measure measure = {{}, wide_Rounded(product.number), true, false, false, false};
+    Measure measure = {{}, wide_Rounded(product.number), true, false, false, false, RATIO_OF_ANY};
     for (int32_t i = 0; i < product.count; ++i) {
         const Term &term = product.terms[i];
         const UnitQuantity &unit = words.units[term.unit];
@@ -486,6 +517,7 @@ Measure product_Measure(const Words &words, const Product &product) {
         const bool alone = product.count == 1 && term.exponent == 1;
         measure.shifted = measure.shifted || (unit.shifted && (alone || unit.dimension[AXIS_TEMPERATURE] == 0));
         measure.gas = measure.gas || unit.gas;
+        measure.ratios &= unit.dimension == Dimension{} ? unit.ratios : ratios_OfPart(unit.dimension, term.exponent);
         measure.formula = measure.formula || unit.formula;
         measure.dimension = dimension_Times(measure.dimension, unit.dimension, term.exponent);
         const double power = num_PowInt(unit.size, term.exponent);
@@ -493,6 +525,8 @@ Measure product_Measure(const Words &words, const Product &product) {
         if (term.multiplier)
             measure.size *= std::pow(multiplier_Factor(term.multiplier), term.exponent);
     }
+    if (measure.ratios == 0 || measure.dimension != Dimension{})
+        measure.ratios = RATIO_OF_ANY;
     return measure;
 }
 

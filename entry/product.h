@@ -66,6 +66,7 @@ struct Measure {
     Dimension dimension;
     double size;
     bool known, shifted, gas, formula;
+    Ratios ratios; // of a product without a dimension: what its units are
 };
 Measure product_Measure(const Words &words, const Product &product);
 

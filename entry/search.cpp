@@ -197,7 +197,8 @@ UomTable *uom_Search(const Catalogue &catalogue, const char *words, int32_t most
         return nullptr;
     const std::string_view wanted = str_Trimmed(words);
     most = std::clamp(most, 0, LARGEST);
-    if (wanted.empty() || most == 0)
+    constexpr size_t LONGEST = 255; // of words that anything may be found by
+    if (wanted.empty() || wanted.size() > LONGEST || most == 0)
         return table_Create(0, TABLE_TEXT);
     Row *rows = mem_NewArray<Row>(static_cast<size_t>(most));
     if (!rows)

@@ -20,7 +20,7 @@ struct Suggestion {
     int32_t edits;
 };
 struct Suggestions {
-    static constexpr int32_t LIMIT = 6;
+    static constexpr int32_t LIMIT = 12;
     Suggestion names[LIMIT];
     int32_t count = 0;
 };

@@ -132,6 +132,7 @@ Match nameOf(TextReader &reader, int32_t begin, int32_t end, bool exactOnly = fa
 }
 
 constexpr int32_t SHORTEST_PLURAL = 3; // letters of a name that takes an s
+constexpr std::string_view pluralsWithE[] = {"ches", "shes", "sses", "xes", "moles"};
 
 // A name without what grammar put behind it: the s of a plural, the e of "lb-mole". "kPas" is no plural of a pressure.
 Match changedName(TextReader &reader, int32_t begin, int32_t end) {
@@ -142,7 +143,7 @@ Match changedName(TextReader &reader, int32_t begin, int32_t end) {
     else if (last == 's' && str_IsLetter(before) && end - 1 - begin >= SHORTEST_PLURAL &&
              !word_EndsIn(reader, end, "Pas")) {
         match = nameOf(reader, begin, end - 1);
-        for (const std::string_view tail : {std::string_view("es"), std::string_view("moles")})
+        for (const std::string_view tail : pluralsWithE)
             if (!match.name && word_EndsIn(reader, end, tail))
                 match = nameOf(reader, begin, end - 2);
     }
@@ -169,8 +170,15 @@ bool refuseTwoMeanings(TextReader &reader, const Word &word, const char *other, 
     return word_Refuse(reader, word.begin, otherEnd, "This can mean %s: write it in the case of its symbol.", meanings);
 }
 
+// Whether the class that is read is one list of units, and has this one.
+bool isOfClass(const TextReader &reader, const Match &match) {
+    return reader.classId > CLASS_NONE && reader.classId < reader.words.classCount &&
+           reader.words.classes[reader.classId].slots == 1 && match.name && match.name->kind != NameKind::ALIAS &&
+           uom_GetUnitListIndex(reader.catalogue, reader.classId, match.name->target) >= 0;
+}
+
 // In another case than its own, a name may be taken for a prefix and a symbol: "mw" is neither mW nor MW.
-bool isAmbiguous(TextReader &reader, const Word &word) {
+bool isAmbiguous(TextReader &reader, Word &word) {
     const PrefixedUnit other = prefix_IfCaseWereFree(word_Ahead(reader, word.begin));
     if (other.prefixLength != 1 || other.rare || word.match.name->text[0] == reader.at(word.begin) ||
         std::strchr(word.match.name->text, ' '))
@@ -178,6 +186,14 @@ bool isAmbiguous(TextReader &reader, const Word &word) {
     const Match behind = word_Longest(reader, word.begin + 1);
     if (!behind.name)
         return false;
+    const bool isListed = isOfClass(reader, word.match), isOtherListed = isOfClass(reader, behind);
+    if (isListed && !isOtherListed)
+        return false;
+    if (isOtherListed && !isListed) {
+        word.match = behind;
+        word.power = other.power;
+        return false;
+    }
     const double meant = sizeOf(reader, word.match);
     const double otherwise = sizeOf(reader, behind) * std::pow(10.0, other.power);
     if (std::fabs(meant / otherwise - 1.0) < 1e-9)
@@ -241,6 +257,24 @@ bool findStretch(TextReader &reader, Word &word, int32_t end) {
     return word.match.name && !isAmbiguous(reader, word);
 }
 
+// What is written directly behind a unit: an s, m or h behind a few ("Pas", "Nm", "Wh"), a temperature behind amounts and
+// lengths ("kgK").
+struct Joint {
+    char last;
+    std::string_view behind;
+};
+constexpr Joint joints[] = {{'s', "aWNA"}, {'m', "Nf"}, {'h', "WAr"}};
+
+bool mayBeJoined(const TextReader &reader, const Word &head, char behind, char last) {
+    for (const Joint &joint : joints)
+        if (joint.last == last)
+            return joint.behind.find(behind) != std::string_view::npos;
+    if (head.match.name->kind == NameKind::ALIAS)
+        return true;
+    const Dimension &dimension = reader.words.units[head.match.name->target].dimension;
+    return dimension[AXIS_MASS] + dimension[AXIS_AMOUNT] == 1 || dimension[AXIS_LENGTH] > 0;
+}
+
 // Units that people write without a sign between ("kgK", "Nm", "Pas"): a name in its own case, then one of these.
 bool findJoinedWord(TextReader &reader, Word &word) {
     const int32_t end = word_EndOfLetters(reader, word.begin);
@@ -252,8 +286,7 @@ bool findJoinedWord(TextReader &reader, Word &word) {
     head.match = nameOf(reader, word.begin, end - 1, true);
     if (!head.match.name && !(takePrefixed(reader, head, prefix_OfSymbol(typed), true) && head.match.end == end - 1))
         return false;
-    // An s is a second behind these alone, a plural behind others.
-    if (last == 's' && !std::strchr("aWNA", typed.back()))
+    if (!mayBeJoined(reader, head, typed.back(), last))
         return false;
     word = head;
     word.match.end = end - 1;
@@ -301,7 +334,7 @@ bool findPrefixedInAnyCase(TextReader &reader, Word &word) {
     if (!takePrefixed(reader, word, prefix_IfCaseWereFree(word_Ahead(reader, word.begin)), false))
         return false;
     // "mwh" is neither mWh nor MWh.
-    return str_Lower(reader.at(word.begin)) != 'm' || word.match.exactCase ||
+    return reader.at(word.begin) != 'm' || word.match.exactCase ||
            word_Refuse(reader, word.begin, word.match.end,
                        "This can mean a mega or a milli of %s: write it in the case of its symbol.",
                        word.match.name->text);
@@ -339,29 +372,56 @@ bool isMultiplierSign(const TextReader &reader, int32_t begin) {
     return false;
 }
 
-// Words that the trades read in two ways.
+// Words that the trades read in two ways. Behind the first letter the case of some is free, and an s may follow.
 struct Disputed {
     std::string_view text;
     const char *meanings;
+    bool anyCase = false;
 };
 constexpr Disputed disputedWords[] = {
     {"MT", "tonne, or Mt (a million tonnes)"},
-    {"Mton", "2000000 lb, or Mt (a million tonnes)"},
-    {"MTON", "2000000 lb, or Mt (a million tonnes)"},
-    {"Mgal", "1000 gal, or 1000000 gal"},
-    {"MGAL", "1000 gal, or 1000000 gal"},
+    {"Mton", "2000000 lb, or Mt (a million tonnes)", true},
+    {"Mgal", "1000 gal, or 1000000 gal", true},
+    {"MUSD", "1000 USD, or 1000000 USD", true},
+    {"MDollar", "1000 $, or 1000000 $", true},
+    {"M$", "1000 $, or 1000000 $"},
     {"TPA", "tonne/yr, or TPa"},
     {"KV", "kV, or Kv"},
+    {"Cal", "cal, or kcal (the calorie of food)"},
+    {"Cals", "cal, or kcal (the calorie of food)"},
+    {"sft", "ft2, ftUS (a survey foot), or with a power SCF"},
+    {"gr/cc", "g/cc, or grain/cc"},
+    {"gr/cm", "g/cm, or grain/cm"},
+    {"gr/ml", "g/ml, or grain/ml", true},
+    {"gr/l", "g/liter, or grain/liter", true},
+    {"ct/kWh", "cent/kW-hr, or carat/kW-hr", true},
+    {"ct/MWh", "cent/MW-hr, or carat/MW-hr", true},
+    {"mM", "mm, or mmol/liter"},
+    {"uM", "um, or umol/liter"},
+    {"nM", "nm, or nmol/liter"},
     {"lm", "a lumen, which is not known here, or liter-m"},
     {"cd", "a candela, which is not known here, or 0.01 day"},
 };
 
+// Where the class itself calls something so, nothing is in dispute.
+bool isNameOfClass(TextReader &reader, int32_t begin, int32_t end) {
+    const Match match = nameOf(reader, begin, end, true);
+    return match.name && bindingOf(reader, *match.name) == Binding::OWN;
+}
+
 bool isDisputed(TextReader &reader, int32_t begin) {
-    const int32_t end = word_EndOfLetters(reader, begin);
-    const std::string_view typed = str_Head(word_Ahead(reader, begin), static_cast<size_t>(end - begin));
-    for (const Disputed &word : disputedWords)
-        if (typed == word.text)
+    const std::string_view ahead = word_Ahead(reader, begin);
+    for (const Disputed &word : disputedWords) {
+        const size_t size = word.text.size();
+        if (ahead.empty() || ahead[0] != word.text[0] || !str_StartsNoCase(ahead, word.text) ||
+            (!word.anyCase && str_Head(ahead, size) != word.text))
+            continue;
+        int32_t end = begin + static_cast<int32_t>(size);
+        if (word.anyCase && str_Lower(reader.at(end)) == 's')
+            ++end;
+        if (!text_IsLetter(reader.at(end)) && !isNameOfClass(reader, begin, end))
             return !word_Refuse(reader, begin, end, "This can mean %s: write which.", word.meanings);
+    }
     return false;
 }
 
@@ -414,7 +474,8 @@ bool word_Find(TextReader &reader, Word &word) {
         (!name.name || name.end <= prefixed.match.end)) {
         // Of a prefix that nobody writes and a name in another case nobody knows which is meant.
         if (name.name && prefix.rare && name.end == prefixed.match.end)
-            return refuseTwoMeanings(reader, word, prefixed.match.name->text, name.end);
+            return (isOfClass(reader, name) && !isOfClass(reader, prefixed.match)) ||
+                   refuseTwoMeanings(reader, word, prefixed.match.name->text, name.end);
         word = prefixed;
         return true;
     }

@@ -140,6 +140,35 @@ void noteUnits(Builder &builder) {
     }
 }
 
+struct RatioClass {
+    const char *token;
+    Ratios ratios;
+};
+constexpr RatioClass ratioClasses[] = {
+    {"MassFrac", RATIO_OF_MASSES}, {"MoleFrac", RATIO_OF_AMOUNTS}, {"VolFrac", RATIO_OF_VOLUMES}};
+
+Ratios ratiosOf(const UomClassRow &row) {
+    for (const RatioClass &known : ratioClasses)
+        if (row.token && std::strcmp(row.token, known.token) == 0)
+            return known.ratios;
+    return RATIO_OF_ANY;
+}
+
+// "mg/kg" is in the list of one of these classes, "percent" in all.
+void noteRatios(Builder &builder) {
+    const Catalogue &catalogue = builder.catalogue;
+    for (int32_t c = CLASS_DIMENSIONLESS; c < builder.words.classCount; ++c) {
+        const Ratios ratios = class_IsValid(catalogue, c) ? ratiosOf(*class_Row(catalogue, c)) : RATIO_OF_ANY;
+        const int32_t *units = ratios != RATIO_OF_ANY ? uom_GetClassUnits(catalogue, c) : nullptr;
+        for (; units && *units != NO_UNIT; ++units)
+            if (*units > NO_UNIT && *units < builder.words.unitCount)
+                builder.pieces.units[*units].ratios |= ratios;
+    }
+    for (int32_t unit = 0; unit < builder.words.unitCount; ++unit)
+        if (builder.pieces.units[unit].ratios == 0 || uom_GetUnitListIndex(catalogue, CLASS_FRAC, unit) >= 0)
+            builder.pieces.units[unit].ratios = RATIO_OF_ANY;
+}
+
 ClassShape shapeOf(const Catalogue &catalogue, int32_t classId) {
     ClassShape shape = {};
     const UomClassRow *row = class_ValidRow(catalogue, classId);
@@ -147,6 +176,7 @@ ClassShape shapeOf(const Catalogue &catalogue, int32_t classId) {
         return shape;
     shape.shown = class_IsOffered(catalogue, classId);
     shape.known = true;
+    shape.ratios = ratiosOf(*row);
     const bool single = row->baseClass[0] == 0;
     for (int32_t slot = 0; slot < (single ? 1 : CLASS_SLOTS); ++slot) {
         const int32_t base = single ? classId : row->baseClass[slot];
@@ -159,9 +189,13 @@ ClassShape shapeOf(const Catalogue &catalogue, int32_t classId) {
         shape.exponents[shape.slots] = single ? 1 : row->baseExponent[slot];
         const BaseQuantity quantity = dimension_OfClass(catalogue, base);
         shape.known = shape.known && quantity.known;
+        if (!single && quantity.dimension != Dimension{})
+            shape.ratios &= ratios_OfPart(quantity.dimension, shape.exponents[shape.slots]);
         shape.dimension = dimension_Times(shape.dimension, quantity.dimension, shape.exponents[shape.slots]);
         ++shape.slots;
     }
+    if (shape.ratios == 0 || shape.dimension != Dimension{})
+        shape.ratios = RATIO_OF_ANY;
     return shape;
 }
 
@@ -319,6 +353,7 @@ Words *build(const Catalogue &catalogue) {
     words.mask = static_cast<uint32_t>(sizes.places - 1);
     std::fill_n(builder.pieces.places, sizes.places, -1);
     noteUnits(builder);
+    noteRatios(builder);
     for (int32_t c = 0; c < words.classCount; ++c)
         builder.pieces.classes[c] = shapeOf(catalogue, c);
     readAliases(builder, fileText);

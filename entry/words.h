@@ -51,6 +51,7 @@ struct ClassShape {
     int32_t classes[CLASS_SLOTS];
     int32_t exponents[CLASS_SLOTS];
     Dimension dimension;
+    Ratios ratios = RATIO_OF_ANY;
     bool known; // the dimension is
     bool shown; // to users
 };
@@ -83,6 +84,7 @@ struct Shape {
     int32_t classes[LIMIT];
     int32_t exponents[LIMIT];
     Dimension dimension;
+    Ratios ratios = RATIO_OF_ANY;
     bool known;
 };
 

@@ -129,6 +129,33 @@ std::string_view str_WithoutMark(std::string_view text) {
     return text.starts_with(MARK) ? str_Behind(text, MARK.size()) : text;
 }
 
+// Bytes of the UTF-8 character at this place, 0 for what is none: overlong forms and surrogates are none either.
+static size_t utf8Size(const char *text) {
+    const auto byte = [text](size_t i) { return static_cast<uint8_t>(text[i]); };
+    const uint8_t first = byte(0);
+    const size_t size = first < 0x80   ? 1
+                        : first < 0xC2 ? 0
+                        : first < 0xE0 ? 2
+                        : first < 0xF0 ? 3
+                        : first < 0xF5 ? 4
+                                       : 0;
+    for (size_t i = 1; i < size; ++i)
+        if ((byte(i) & 0xC0) != 0x80)
+            return 0;
+    const bool bad = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) > 0x9F) ||
+                     (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F);
+    return bad ? 0 : size;
+}
+
+void str_MakeUtf8(char *text) {
+    while (*text) {
+        const size_t size = utf8Size(text);
+        if (size == 0 || static_cast<uint8_t>(*text) < ' ' || *text == 0x7F)
+            *text = '?';
+        text += size > 0 ? size : 1;
+    }
+}
+
 std::string_view str_Trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
     while (!text.empty() && blanks.find(text.back()) != std::string_view::npos)

@@ -107,6 +107,9 @@ inline bool str_IsEmpty(const char *text) {
 // Copies the text without its blanks; returns the length of the result.
 size_t str_RemoveBlanks(char *out, size_t size, std::string_view source);
 
+// Puts a question mark in the place of each byte that is no part of a UTF-8 character, and of each control character.
+void str_MakeUtf8(char *text);
+
 // Without blanks, tabs and carriage returns at the ends.
 std::string_view str_Trimmed(std::string_view text);
 

@@ -105,9 +105,27 @@ TEST_F(Entries, ReadWhatIsMeant) {
         {"Energy", "10^6 BTU", "BTU x 1e+06"},
         {"MassPrice", "$/100lb", "$/lb x 0.01"},
         // Dimensionless has the empty unit text; a long name may have blanks.
+        // What the trades write.
+        {"Pres", "10 kpsi", "10 psi x 1000"},
+        {"Pres", "kpa-g", "kPag"},
+        {"Pres", "lbs/in2 gauge", "psig"},
+        {"Cp", "BTU/lb°F", "BTU/lb-F"},
+        {"Htco", "kcal/m²h°C", "kcal/hr-m2-C"},
+        {"MassFlux", "kg/m²s", "kg/m2-sec"},
+        {"Potential", "13.8 kv", "13.8 V x 1000"},
+        {"Potential", "13.8 KV", "13.8 V x 1000"},
+        {"Pres", "PA", "Pa"},
+        {"VolRate", "gallon(s)/min", "gal/min"},
+        {"ActVolRate", "Am3/h", "m3/hr"},
+        {"Power", "Mw", "MW"},
+        {"Energy", "Mwh", "W-hr x 1e+06"},
+        {"SolubilityParam", "MPa^1/2", "sqrtMPa"},
+        {"MoleDensity", "5 mM", "5 g-mol/m3"},
+        {"Power", "5 tons", "5 BTU/hr x 12000"},
         {"Dimensionless", " 5 ", "5 "},
         {"Dimensionless", "", ""},
         {"Mass Rate", "kg/h", "kg/hr"},
+        {"GasLiqRatio", "Sm3/Sm3", "Sm3/m3"},
     };
     for (const auto &c : cases)
         EXPECT_EQ(c.expected, read(c.classString, c.text)) << c.classString << ' ' << c.text;
@@ -137,7 +155,7 @@ TEST_F(Entries, FindTheQuantityOfAText) {
         {"ACFM", "ActVolRate ft3/min"},
         {"psid", "PresDiff psi"},
         {"W/mK", "Cond W/m-K"},
-        {"mole percent", "Frac percent"},
+        {"mole percent", "MoleFrac percent"},
         {"500 \xC2\xB5S/cm", "ElecConductivity 500 uS/cm"},
     };
     for (const auto &c : cases) {
@@ -146,7 +164,7 @@ TEST_F(Entries, FindTheQuantityOfAText) {
         EXPECT_EQ(c.expected, joined(entry.classString, read(nullptr, c.text))) << c.text;
     }
     for (const char *text :
-         {"1 500 kg/h", "1.5.2 m", "5 ft 3 in", "m3/h 24", "1/2 in", "pJ", "nm3/h", "Mm3/d", "m3s/hr", "Sm3/Sm3"})
+         {"1 500 kg/h", "1.5.2 m", "5 ft 3 in", "m3/h 24", "1/2 in", "pJ", "nm3/h", "Mm3/d", "m3s/hr"})
         EXPECT_EQ('1', read(nullptr, text)[0]) << text << ' ' << read(nullptr, text);
 }
 
@@ -189,7 +207,24 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
         {"Pres", "bara g", "The pressure in front has another scale.", "", 5, 1},
         {"MassRate", "MT/d", "This can mean tonne, or Mt (a million tonnes): write which.", "", 0, 2},
         {"VolRate", "3 Mgal/d", "This can mean 1000 gal, or 1000000 gal: write which.", "", 2, 4},
-        {"Pres", "10 kpsi", "\"kpsi\" is no unit that is known here.", "10 ksi", 3, 4},
+        // What was silently something else.
+        {"MassFrac", "mole%", "\"mole%\" is no unit of MassFrac; it is one of MoleFrac.", "", 0, 5},
+        {"VolFrac", "mg/kg", "\"mg/kg\" is no unit of VolFrac; it is one of MassFrac or Frac.", "", 0, 5},
+        {"VolRate", "MGal/d", "This can mean 1000 gal, or 1000000 gal: write which.", "", 0, 4},
+        {"Mass", "Mtons", "This can mean 2000000 lb, or Mt (a million tonnes): write which.", "", 0, 5},
+        {"Energy", "Cal", "This can mean cal, or kcal (the calorie of food): write which.", "", 0, 3},
+        {"Density", "gr/cc", "This can mean g/cc, or grain/cc: write which.", "", 0, 5},
+        {"Leng", "5 mM", "This can mean mm, or mmol/liter: write which.", "", 2, 2},
+        {"ActVolRate", "sft3/min", "This can mean ft2, ftUS (a survey foot), or with a power SCF: write which.", "", 0,
+         3},
+        {"Pres", "5 kPa^1/2", "An exponent is to be a whole number of at most two digits, and not 0.", "", 5, 3},
+        {"Power", "hp(S)",
+         "A word in parentheses behind a unit may be a remark: a product is written with \"-\" or \"*\".", "", 2, 3},
+        {"Leng", "cupm", "\"cupm\" is no unit that is known here.", "", 0, 4},
+        {"Mass", "kges", "\"kges\" is no unit that is known here.", "", 0, 4},
+        // No unit of another kind, and no other prefix, is suggested.
+        {"Pres", "10 Mpsi", "\"Mpsi\" is no unit that is known here.", "", 3, 4},
+        {nullptr, "5 kDa", "\"kDa\" is no unit that is known here.", "", 2, 3},
         {"Mass", "10 20 kg", "A second number stands behind the first: write a number without blanks.", "", 3, 1},
         {"MassRate", "5 lb*hr", "The power of \"hr\" is 1 here, and -1 in MassRate.", "5 lb/hr", 5, 2},
         {"MassRate", "lb", "\"lb\" is no unit of MassRate; it is one of Mass.", "lb/hr", 0, 2},
@@ -332,6 +367,37 @@ TEST_F(Entries, CountGasInMoles) {
         EXPECT_EQ(c.status != 0, *entry.message != '\0') << c.from << ' ' << entry.message;
         if (conversion) {
             EXPECT_NEAR(c.expected, uom_ConvertOne(conversion, 1.0), 1e-14 * c.expected) << c.from;
+        }
+        uom_FreeConversion(conversion);
+    }
+}
+
+// Numbers all of them, and of different things.
+TEST_F(Entries, KeepRatiosApart) {
+    const struct {
+        const char *classString, *from, *to;
+        double expected; // NaN: refused
+    } cases[] = {
+        {nullptr, "mole %", "wt%", NAN},
+        {nullptr, "mg/kg", "ppmv", NAN},
+        {nullptr, "mL/L", "mg/kg", NAN},
+        {nullptr, "mol/mol", "ppmw", NAN},
+        {"Frac", "2 g/kg", "L/m3", NAN},
+        {"Frac", "2 g/kg", "ppm", 2000},
+        {nullptr, "ppm", "ppmv", 1},
+        {nullptr, "kg/kg", "wt%", 100},
+        {nullptr, "kJ/kJ", "%", 100},
+        {nullptr, "mL/L", "m3/m3", 0.001},
+        {nullptr, "BTU/kWh", "kJ/kWh", 1.05505585262},
+    };
+    for (const auto &c : cases) {
+        UomConversion *conversion = nullptr;
+        UomEntry entry;
+        const int32_t status = uom_NewConversionFromEntries(c.classString, c.from, c.to, &conversion, &entry);
+        EXPECT_EQ(std::isnan(c.expected), status != 0) << c.from << ' ' << c.to;
+        EXPECT_EQ(status != 0, *entry.message != '\0') << c.from << ' ' << c.to;
+        if (conversion) {
+            EXPECT_NEAR(c.expected, uom_ConvertOne(conversion, 1.0), 1e-14 * c.expected) << c.from << ' ' << c.to;
         }
         uom_FreeConversion(conversion);
     }
