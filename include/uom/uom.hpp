@@ -42,6 +42,7 @@
 #include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -519,6 +520,18 @@ public:
 #endif
 };
 
+namespace detail {
+// A list that the library gives but for want of memory. Throws std::bad_alloc then, as the vectors made of it do; without
+// exceptions the list is empty.
+inline Table whole(UomTable *owned) {
+#if UOM_HPP_THROWS
+    if (!owned)
+        throw std::bad_alloc();
+#endif
+    return Table(owned);
+}
+} // namespace detail
+
 // --- chains ----------------------------------------------------------------------------------------------------
 
 // The classes of a quantity with their units. One made without arguments, or moved away, is empty: it cannot be filled
@@ -802,10 +815,12 @@ inline Result<Entry> tryReadEntry(std::string_view classString, std::string_view
 // The classes that read a typed text, and what a drop-down offers for a class: best first; empty when there are none.
 // [reads]
 inline std::vector<std::string> entryClasses(std::string_view text) {
-    return Table(uom_GetEntryClasses(std::string(text).c_str())).texts();
+    return detail::whole(uom_GetEntryClasses(std::string(text).c_str())).texts();
 }
 inline std::vector<std::string> choices(std::string_view classString) {
-    return Table(uom_GetChoices(std::string(classString).c_str())).texts();
+    UomTable *const table = uom_GetChoices(std::string(classString).c_str());
+    const bool none = !table && uoms_IsClassValid(std::string(classString).c_str()) != 1; // null for no class, too
+    return none ? std::vector<std::string>() : detail::whole(table).texts();
 }
 
 namespace detail {
@@ -830,7 +845,7 @@ struct Found {
 // The best `most` finds. [reads]
 inline std::vector<Found> search(std::string_view words, int32_t most = 20) {
     std::vector<Found> all;
-    for (const std::string &row : Table(uom_Search(std::string(words).c_str(), most)).texts()) {
+    for (const std::string &row : detail::whole(uom_Search(std::string(words).c_str(), most)).texts()) {
         auto fields = detail::fieldsOf<4>(row);
         all.push_back({std::move(fields[0]), std::move(fields[1]), std::move(fields[2]), std::move(fields[3])});
     }
@@ -845,7 +860,7 @@ struct Alias {
 // All aliases, those that go before others of the name in front of them. [reads]
 inline std::vector<Alias> aliases() {
     std::vector<Alias> all;
-    for (const std::string &row : Table(uom_GetAliases()).texts()) {
+    for (const std::string &row : detail::whole(uom_GetAliases()).texts()) {
         auto fields = detail::fieldsOf<3>(row);
         all.push_back({std::move(fields[0]), std::move(fields[1]), std::move(fields[2])});
     }
@@ -911,7 +926,7 @@ struct ClassEntry {
 inline std::vector<ClassEntry> classes() {
     constexpr int32_t FIRST_CLASS = 3; // 1 and 2 are the parentheses
     constexpr size_t CUT = 79;         // the list has so many characters of a token at most
-    const Table listed(uom_GetClassList(UOM_STYLE_TOKEN));
+    const Table listed = detail::whole(uom_GetClassList(UOM_STYLE_TOKEN));
     std::vector<ClassEntry> all;
     size_t at = 0; // in the list, which goes by number
     for (int32_t c = 1; c < uom_GetUOMClassCount() && at < listed.size(); ++c) {
@@ -943,12 +958,14 @@ struct UnitEntry {
 
 // The units that a class offers, in the order of its list; by number none for a class without a list. [reads]
 inline std::vector<UnitEntry> units(int32_t classId) {
-    const Table list(uom_GetUnitList(classId));
-    std::vector<int32_t> numbers(list.size());
-    if (!numbers.empty())
-        uom_GetUnitIndices(classId, numbers.data(), static_cast<int32_t>(numbers.size()));
+    std::vector<int32_t> numbers(64); // until zeros stand behind the units
+    while (uom_GetUnitIndices(classId, numbers.data(), static_cast<int32_t>(numbers.size())) == 0 &&
+           numbers.back() != 0)
+        numbers.resize(2 * numbers.size());
     std::vector<UnitEntry> all;
     for (const int32_t unit : numbers) {
+        if (unit == 0)
+            break;
         UnitEntry entry = {unit, unitText(unit), unitText(unit, UOM_STYLE_LONG_NAME), 0.0, 1.0};
         uom_GetConvConstants(unit, &entry.offset, &entry.factor);
         all.push_back(std::move(entry));
@@ -1066,7 +1083,7 @@ struct SlateEntry {
 
 // All slates, by number. [reads]
 inline std::vector<SlateEntry> slates() {
-    const Table names(uom_GetSetList());
+    const Table names = detail::whole(uom_GetSetList());
     std::vector<SlateEntry> all;
     for (size_t i = 1; i < names.size(); ++i) { // slate 0 has no name and is none
         const auto slate = static_cast<int32_t>(i);

@@ -216,9 +216,16 @@ PyObject *search(PyObject *self, PyObject *arguments) {
 template <UomTable *(*LIST)(const char *)> PyObject *listOf(PyObject *self, PyObject *object) {
     return guarded([&] {
         const char *const text = textOf(object, "a quantity");
-        const uom::Table rows(within(catalogueOf(self), [&] { return LIST(text); }));
-        if (!rows.get())
+        bool known = true;
+        const uom::Table rows(within(catalogueOf(self), [&] {
+            UomTable *const list = LIST(text);
+            known = list || LIST == uom_GetEntryClasses || uoms_IsClassValid(text) == 1;
+            return list;
+        }));
+        if (!known)
             refuse((uom::detail::quoted(text) + " is no quantity that is known here.").c_str(), object);
+        if (!rows.get())
+            throw std::bad_alloc();
         return pythonList(rows.texts()).release();
     });
 }
