@@ -1,4 +1,4 @@
-#include "adapters/blank_padded.h"
+#include "uom/blank_padded.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 // Texts, exponents, chains and tables of any size: answered, and in time that grows with them.
 #include <cmath>
 
-#include "adapters/blank_padded.h"
+#include "uom/blank_padded.h"
 #include "catalogue/slate_table.h"
 #include "slates/registry.h"
 #include "slates/unit_pairs.h"

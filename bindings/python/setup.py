@@ -1,6 +1,7 @@
 """Builds the extension, with the library within it or with one that is installed.
 
     UOM_SYSTEM=1   link the libuom that pkg-config knows (PKG_CONFIG_PATH); its data files are not packed either
+    UOM_RPATH=0    with it: keep no path of that library, as it lies where the system looks
     UOM_WERROR=1   warnings are errors
     UOM_JOBS=2     compilers at a time
 
@@ -55,7 +56,8 @@ class BuildExtension(build_ext):
         for extension in self.extensions:
             if system:
                 # The installed library is found where it is, wherever that is.
-                paths = [f"-Wl,-rpath,{path}" for path in pkg_config("--variable=libdir")]
+                keep = os.environ.get("UOM_RPATH", "1") != "0"
+                paths = [f"-Wl,-rpath,{path}" for path in pkg_config("--variable=libdir") if keep]
                 extension.extra_compile_args += pkg_config("--cflags")
                 extension.extra_link_args += pkg_config("--libs") + paths
             else:
@@ -65,7 +67,7 @@ class BuildExtension(build_ext):
 
     def static_library(self) -> str:
         build = Path(self.build_temp).resolve() / "libuom"
-        off = ["-DBUILD_TESTING=OFF", "-DUOM_TOOL=OFF", "-DUOM_BENCH=OFF", "-DUOM_WARNINGS_AS_ERRORS=OFF"]
+        off = ["-DBUILD_TESTING=OFF", "-DUOM_INSTALL=OFF", "-DUOM_TOOL=OFF", "-DUOM_BENCH=OFF", "-DUOM_WARNINGS_AS_ERRORS=OFF"]
         self.run_command_line("cmake", "-S", root, "-B", build, "-DCMAKE_BUILD_TYPE=Release", *off)
         jobs = os.environ.get("UOM_JOBS") or str(os.cpu_count() or 2)
         self.run_command_line("cmake", "--build", build, "--target", "uom_static", "-j", jobs)

@@ -1,5 +1,5 @@
 // Calls with texts as pointer and length, padded with blanks and without a terminator.
-#include "adapters/blank_padded.h"
+#include "uom/blank_padded.h"
 
 #include "tests/library_fixture.h"
 
