@@ -119,7 +119,7 @@ def main(words: list[str]) -> int:
             stream.reconfigure(errors="backslashreplace")
     try:
         status = _run(words)
-        sys.stdout.flush()
+        print(end="", flush=True)  # which passes over an output that is closed
         return status
     except OSError as error:
         os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())  # for the interpreter, which writes the rest at its end
