@@ -132,7 +132,7 @@ const Meaning meanings[] = {
     {"lb-in", "0.0254 0.45359237 9.80665 kg m2/sec2", "0", "Torque"},
     {"m-kg", "9.80665 kg m2/sec2", "0", "Torque Energy"}, {"watt|volt-ampere|volt ampere", "1 kg m2/sec3"},
     {"GW", "10^9 kg m2/sec3"},
-    {"horse power|horsepower (550 ft*lbf/s)|bhp|horsepower (mechanical)|mechanical horsepower", "550 0.3048 0.45359237 9.80665 kg m2/sec3"},
+    {"horsepower|horsepower (550 ft*lbf/s)|bhp|horsepower (mechanical)|mechanical horsepower", "550 0.3048 0.45359237 9.80665 kg m2/sec3"},
     {"PS|metric hp|metric horsepower|horsepower (metric)", "75 9.80665 kg m2/sec3"},
     {"EHP|electric horsepower|horsepower (electric)", "746 kg m2/sec3"},
     {"boilerHP|BoHP|boiler horsepower|horsepower (boiler)", "9809.5 kg m2/sec3"},

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cfenv>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -261,6 +262,14 @@ void convertWalk(const UomConversion *conversion, const Walk &walk, double *copy
     }
 }
 
+// The same, and whether the processor has noted an overflow. Asking first spares most calls the clearing, which is slow.
+bool convertAndWatch(const UomConversion *conversion, const Walk &walk, double *copy) {
+    if (std::fetestexcept(FE_OVERFLOW))
+        std::feclearexcept(FE_OVERFLOW);
+    convertWalk(conversion, walk, copy);
+    return std::fetestexcept(FE_OVERFLOW) != 0;
+}
+
 void checkShapes(const Py_buffer &in, const Py_buffer &out) {
     if (in.ndim == out.ndim && std::equal(in.shape, in.shape + in.ndim, out.shape))
         return;
@@ -287,7 +296,7 @@ void checkElements(const Walk &walk, const Py_buffer &in, const Py_buffer &out) 
 
 } // namespace
 
-void convertBuffers(const UomConversion *conversion, PyObject *in, PyObject *out) {
+bool convertBuffers(const UomConversion *conversion, PyObject *in, PyObject *out) {
     const Lease from(in, PyBUF_RECORDS_RO), to(out, PyBUF_RECORDS);
     checkShapes(from.view, to.view);
     bool inSwapped, outSwapped;
@@ -300,13 +309,14 @@ void convertBuffers(const UomConversion *conversion, PyObject *in, PyObject *out
     walk.outSwapped = outSwapped;
     checkElements(walk, from.view, to.view);
     if (walk.count == 0)
-        return;
+        return false;
     std::unique_ptr<double[]> copy;
     if (overlaps(walk))
         copy.reset(new double[static_cast<size_t>(walk.count)]);
     if (walk.count < LONG_ARRAY)
-        return convertWalk(conversion, walk, copy.get());
+        return convertAndWatch(conversion, walk, copy.get());
     PyThreadState *const state = PyEval_SaveThread();
-    convertWalk(conversion, walk, copy.get());
+    const bool overflowed = convertAndWatch(conversion, walk, copy.get());
     PyEval_RestoreThread(state);
+    return overflowed;
 }

@@ -7,7 +7,8 @@
 
 // Converts all elements of one object into another of the same shape, which holds float32 or float64. The interpreter lock
 // is released over long arrays. Throws ErrorIsSet: TypeError for what holds no real numbers, ValueError for other shapes,
-// BufferError for memory that can't be written.
-void convertBuffers(const UomConversion *conversion, PyObject *in, PyObject *out);
+// BufferError for memory that can't be written. Whether the processor has noted an overflow: a result, or a step to one
+// that was of no use.
+bool convertBuffers(const UomConversion *conversion, PyObject *in, PyObject *out);
 
 #endif

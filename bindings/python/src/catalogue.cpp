@@ -32,6 +32,17 @@ template <class Row, class Make> PyObject *listOfRows(const std::vector<Row> &ro
     return list.release();
 }
 
+// UnitError with the nearest class for a text that is no class string. For a call that has failed: it reads units.
+void checkClass(CatalogueObject &self, PyObject *quantity) {
+    const char *const text = classTextOf(quantity);
+    UomConversion *made = nullptr;
+    UomEntry entry;
+    const int32_t status = within(self, [&] { return uom_NewConversionFromEntries(text, "kg", "kg", &made, &entry); });
+    uom_FreeConversion(made);
+    if (status == UOM_CONVERT_BAD_CLASS)
+        refuseEntry(quantity, entry);
+}
+
 // --- its life
 
 PyObject *newCatalogue(PyTypeObject *type, PyObject *, PyObject *) {
@@ -185,11 +196,13 @@ PyObject *readEntry(PyObject *self, PyObject *arguments) {
         return nullptr;
     return guarded([&] {
         const char *const text = textOf(typed, "a quantity with its unit");
-        const char *const classString = textOrNone(quantity, "a quantity");
+        const char *const classString = classTextOrNone(quantity);
         UomEntry entry;
         const int32_t status = within(catalogueOf(self), [&] { return uom_ReadEntry(classString, text, &entry); });
         if (status == UOM_NO_MEMORY)
             throw std::bad_alloc();
+        if (status != UOM_DONE && classString)
+            checkClass(catalogueOf(self), quantity);
         if (status != UOM_DONE)
             refuseEntry(typed, entry);
         return Py_BuildValue("ddNN", entry.value, entry.scale, pythonText(entry.units).release(),
@@ -212,18 +225,31 @@ PyObject *search(PyObject *self, PyObject *arguments) {
     });
 }
 
-// A method of one text that answers a list of texts, or raises UnitError when there is none.
-template <UomTable *(*LIST)(const char *)> PyObject *listOf(PyObject *self, PyObject *object) {
+// _choices(quantity): what an interface would offer.
+PyObject *choices(PyObject *self, PyObject *quantity) {
     return guarded([&] {
-        const char *const text = textOf(object, "a quantity");
+        const char *const text = classTextOf(quantity);
         bool known = true;
         const uom::Table rows(within(catalogueOf(self), [&] {
-            UomTable *const list = LIST(text);
-            known = list || LIST == uom_GetEntryClasses || uoms_IsClassValid(text) == 1;
+            UomTable *const list = uom_GetChoices(text);
+            known = list || uoms_IsClassValid(text) == 1;
             return list;
         }));
-        if (!known)
-            refuse((uom::detail::quoted(text) + " is no quantity that is known here.").c_str(), object);
+        if (!known) {
+            checkClass(catalogueOf(self), quantity);
+            refuse((uom::detail::quoted(text) + " is no quantity that is known here.").c_str(), quantity);
+        }
+        if (!rows.get())
+            throw std::bad_alloc();
+        return pythonList(rows.texts()).release();
+    });
+}
+
+// _entry_classes(units): those that read them, best first.
+PyObject *entryClasses(PyObject *self, PyObject *typed) {
+    return guarded([&] {
+        const char *const text = textOf(typed, "a unit");
+        const uom::Table rows(within(catalogueOf(self), [&] { return uom_GetEntryClasses(text); }));
         if (!rows.get())
             throw std::bad_alloc();
         return pythonList(rows.texts()).release();
@@ -267,19 +293,22 @@ PyObject *slates(PyObject *self, PyObject *) {
     });
 }
 
-// Methods of two texts that answer a text.
+// Methods of a slate and a quantity that answer a text.
 template <uom::Result<std::string> (*ASK)(std::string_view, std::string_view)>
-PyObject *textOfTwo(PyObject *self, PyObject *arguments) {
-    PyObject *a, *b;
-    if (!PyArg_ParseTuple(arguments, "OO", &a, &b))
+PyObject *textOfSlate(PyObject *self, PyObject *arguments) {
+    PyObject *slate, *quantity;
+    if (!PyArg_ParseTuple(arguments, "OO", &slate, &quantity))
         return nullptr;
     return guarded([&] {
-        const char *const first = textOf(a, "a name"), *const second = textOf(b, "a name");
-        return pythonText(within(catalogueOf(self), [&] { return ASK(first, second); }).take()).release();
+        const char *const name = textOf(slate, "a slate"), *const classText = classTextOf(quantity);
+        auto answer = within(catalogueOf(self), [&] { return ASK(name, classText); });
+        if (!answer)
+            checkClass(catalogueOf(self), quantity);
+        return pythonText(std::move(answer).take()).release();
     });
 }
 
-uom::Result<std::string> displayUnits(std::string_view quantity, std::string_view slate) {
+uom::Result<std::string> displayUnits(std::string_view slate, std::string_view quantity) {
     return uom::tryDisplayUnits(quantity, slate);
 }
 
@@ -338,7 +367,8 @@ PyDoc_STRVAR(
     "           or overlap it\n\n"
     "Returns what it was given: a number for a number, an array of the same shape for an array or sequence, a\n"
     "Series with the same index for a Series; or `out`. NaN and values below -1e35 (no value) pass as they\n"
-    "are. The conversion is kept: the same texts cost no second reading.\n\n"
+    "are. A result beyond the range is infinite, with a RuntimeWarning for an array as numpy.errstate says. The\n"
+    "conversion is kept: the same texts cost no second reading.\n\n"
     "Raises UnitError for texts that are not understood and for units that don't convert into each other,\n"
     "TypeError for values that are no real numbers, ValueError for an `out` of another shape.");
 
@@ -349,13 +379,13 @@ PyMethodDef methods[] = {{"convert", reinterpret_cast<PyCFunction>(reinterpret_c
                          {"_prepared", prepared, METH_VARARGS, nullptr},
                          {"_read", readEntry, METH_VARARGS, nullptr},
                          {"_search", search, METH_VARARGS, nullptr},
-                         {"_choices", listOf<uom_GetChoices>, METH_O, nullptr},
-                         {"_entry_classes", listOf<uom_GetEntryClasses>, METH_O, nullptr},
+                         {"_choices", choices, METH_O, nullptr},
+                         {"_entry_classes", entryClasses, METH_O, nullptr},
                          {"_units", units, METH_O, nullptr},
                          {"_classes", classes, METH_NOARGS, nullptr},
                          {"_slates", slates, METH_NOARGS, nullptr},
-                         {"_display", textOfTwo<displayUnits>, METH_VARARGS, nullptr},
-                         {"_stated", textOfTwo<uom::tryStatedDefault>, METH_VARARGS, nullptr},
+                         {"_display", textOfSlate<displayUnits>, METH_VARARGS, nullptr},
+                         {"_stated", textOfSlate<uom::tryStatedDefault>, METH_VARARGS, nullptr},
                          {"_state", state, METH_VARARGS, nullptr},
                          {"_new_slate", newSlate, METH_VARARGS, nullptr},
                          {}};

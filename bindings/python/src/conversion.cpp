@@ -41,8 +41,7 @@ bool saysAll(const UomEntry &entry) {
 }
 
 void warnOf(PyObject *note) {
-    if (PyErr_WarnFormat(lent.unitWarning, 1, "%U quantity= says which one is meant.", note) != 0)
-        throw ErrorIsSet();
+    checked(PyObject_CallOneArg(lent.warn, note));
 }
 
 PyObject *newConversion(PyTypeObject *, PyObject *arguments, PyObject *names) {
@@ -155,14 +154,12 @@ PyObject *represent(PyObject *self) {
     return PyUnicode_FromFormat("uom.Conversion(%R, %R, quantity=%R)", object.from, object.to, object.given);
 }
 
-// _into(values, out): between two objects with the buffer protocol.
+// _into(values, out): between two objects with the buffer protocol. Whether something has overflowed.
 PyObject *into(PyObject *self, PyObject *const *arguments, Py_ssize_t count) {
     if (count != 2)
         return PyErr_Format(PyExc_TypeError, "_into() takes values and out");
-    return guarded([&] {
-        convertBuffers(conversionOf(self)->conversion, arguments[0], arguments[1]);
-        return Py_NewRef(Py_None);
-    });
+    return guarded(
+        [&] { return PyBool_FromLong(convertBuffers(conversionOf(self)->conversion, arguments[0], arguments[1])); });
 }
 
 PyMethodDef methods[] = {
@@ -228,7 +225,7 @@ PyType_Spec conversionSpec = {"uom.Conversion", sizeof(ConversionObject), 0,
 
 Ref makeConversion(CatalogueObject &catalogue, PyObject *from, PyObject *to, PyObject *quantity, bool warns) {
     const char *const fromText = textOf(from, "a unit"), *const toText = textOf(to, "a unit");
-    const char *const quantityText = textOrNone(quantity, "a quantity");
+    const char *const quantityText = classTextOrNone(quantity);
     UomConversion *made = nullptr;
     UomEntry entry;
     const int32_t status =

@@ -9,11 +9,11 @@ namespace {
 
 PyObject *lend(PyObject *, PyObject *arguments) {
     Lent given = {};
-    if (!PyArg_ParseTuple(arguments, "OOOOOO:lend", &given.unitError, &given.unitWarning, &given.convertOther,
-                          &given.remake, &given.inverse, &given.catalogue))
+    if (!PyArg_ParseTuple(arguments, "OOOOOO:lend", &given.unitError, &given.warn, &given.convertOther, &given.remake,
+                          &given.inverse, &given.catalogue))
         return nullptr;
     for (PyObject *object :
-         {given.unitError, given.unitWarning, given.convertOther, given.remake, given.inverse, given.catalogue})
+         {given.unitError, given.warn, given.convertOther, given.remake, given.inverse, given.catalogue})
         Py_INCREF(object); // for the life of the process, as the types are
     lent = given;
     Py_RETURN_NONE;

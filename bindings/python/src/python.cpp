@@ -61,8 +61,21 @@ const char *textOf(PyObject *object, const char *what) {
     return text;
 }
 
-const char *textOrNone(PyObject *object, const char *what) {
-    return object == Py_None ? nullptr : textOf(object, what);
+const char *classTextOf(PyObject *object) {
+    const char *const text = textOf(object, "a quantity");
+    if (!*text)
+        refuse("The quantity is an empty text: without one it is None, and the units decide.", object);
+    for (const char *slash = std::strchr(text, '/'); slash; slash = std::strchr(slash + 1, '/')) {
+        const char behind = slash[1 + std::strspn(slash + 1, " \t")];
+        if (behind == '\0' || behind == '/')
+            raiseUnitError(checked(PyUnicode_FromFormat("A \"/\" of \"%U\" has no class behind it.", object)), object,
+                           characters({text, static_cast<size_t>(slash - text)}), 1, "");
+    }
+    return text;
+}
+
+const char *classTextOrNone(PyObject *object) {
+    return object == Py_None ? nullptr : classTextOf(object);
 }
 
 Ref pythonText(std::string_view text) {

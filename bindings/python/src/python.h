@@ -40,7 +40,8 @@ private:
 
 // What the Python side registers when the package is imported.
 struct Lent {
-    PyObject *unitError, *unitWarning;
+    PyObject *unitError;
+    PyObject *warn;         // (note): gives a UnitWarning to whoever called the package
     PyObject *convertOther; // (conversion, values, out): what is no float and no int
     PyObject *remake;       // makes a conversion again from its pickled parts
     PyObject *inverse;      // (conversion): the one back
@@ -73,10 +74,14 @@ template <class Call> PyObject *guarded(Call &&call) {
 // The reference, or ErrorIsSet for null.
 Ref checked(PyObject *owned);
 
-// A str as UTF-8 that ends at its zero byte, for as long as the object lives; null for None where that is allowed.
-// TypeError for another type; UnitError, with the place, for a zero character and for half of a surrogate pair.
+// A str as UTF-8 that ends at its zero byte, for as long as the object lives; TypeError for another
+// type; UnitError, with the place, for a zero character and for half of a surrogate pair.
 const char *textOf(PyObject *object, const char *what);
-const char *textOrNone(PyObject *object, const char *what);
+
+// The same of a class string, which is not empty; UnitError for a "/" with nothing behind it, which the library's reader
+// passes over.
+const char *classTextOf(PyObject *object);
+const char *classTextOrNone(PyObject *object);
 
 // A str from a text of the library: UTF-8, or Latin-1 where it is none. A message may be cut within a character.
 Ref pythonText(std::string_view text);

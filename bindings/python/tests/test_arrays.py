@@ -2,6 +2,7 @@
 
 import array
 import tracemalloc
+import warnings
 from decimal import Decimal
 from fractions import Fraction
 
@@ -107,6 +108,7 @@ def test_numbers_and_sequences():
             return numpy.arange(3.0)
 
     assert same(to_psi(Columns()), one_by_one(numpy.arange(3.0)))
+    assert to_psi([numpy.float32(1)]).dtype == to_psi([numpy.zeros(2, "f4"), [1, 2]]).dtype == "f8"
 
 
 def test_objects_and_masks():
@@ -120,10 +122,35 @@ def test_objects_and_masks():
     out = numpy.ma.zeros(3)
     assert to_psi(masked, out=out) is out and out.mask.tolist() == [False, True, False] and out[2] == to_psi(3.0)
     assert to_psi(numpy.ma.masked) is numpy.ma.masked and not to_psi(numpy.ma.zeros(2)).mask.any()
+    for several in ([masked, [4, 5, 6]], [[masked], (masked,)], (1.0, numpy.ma.masked)):
+        found = to_psi(several)
+        assert found.mask.tolist() in ([False, True], [[False, True, False], [False] * 3], [[[False, True, False]]] * 2)
+        assert found.ravel()[0] == to_psi(1.0)
+    hard = to_psi(numpy.ma.array([1.0, 2.0], mask=[0, 1], fill_value=-9, hard_mask=True))
+    assert hard.fill_value == -9 and hard.hardmask
+    assert to_psi(numpy.ma.array([1, "bad"], mask=[0, 1], dtype=object)).tolist() == [to_psi(1.0), None]
+
+
+@pytest.mark.parametrize("kind", ["f8", ">f8", "f4"])
+def test_overflow(kind):
+    """What numpy.errstate says of an infinite result, and nothing of values that pass as they are."""
+    to_pa, large = uom.Conversion("MPa", "Pa", "Pres"), numpy.array([1, numpy.finfo(kind).max], dtype=kind)
+    for call in (lambda: to_pa(large), lambda: to_pa(large.repeat(5000)[1::2]), lambda: to_pa(large, out=large.copy())):
+        with pytest.warns(RuntimeWarning, match="overflow") as told:
+            assert call()[-1] == numpy.inf
+        assert told[0].filename == __file__
+    with numpy.errstate(over="raise"), pytest.raises(FloatingPointError):
+        to_pa(large)
+    with warnings.catch_warnings(), numpy.errstate(over="ignore"):
+        warnings.simplefilter("error")
+        to_pa(large)
+        with numpy.errstate(over="warn"):
+            to_pa(numpy.array([numpy.inf, numpy.nan, -1e38, 1], dtype=kind))
 
 
 NO_NUMBERS = [None, True, "1", b"1", 1j, {}, {1}, iter([1]), object(), numpy.bool_(True), ["1"], [1j], [True]]
-NO_NUMBERS += [numpy.array(["2020-01-01"], dtype="M8[D]"), numpy.zeros(2, dtype="f8,f4"), numpy.array([[], "a"], dtype=object)]
+NO_NUMBERS += [[True, 1.0], [[1, 2], (1, True)], [numpy.array([True]), [1.0]], numpy.array([1, numpy.bool_(True)], dtype=object)]
+NO_NUMBERS += [numpy.array([numpy.datetime64("2020")], dtype=object), numpy.array(["2020-01-01"], dtype="M8[D]"), numpy.zeros(2, dtype="f8,f4"), numpy.array([[], "a"], dtype=object)]
 
 
 @pytest.mark.parametrize("values", NO_NUMBERS, ids=repr)
@@ -140,17 +167,19 @@ def test_outputs_that_are_none():
     for out, kind, message in [
         (numpy.zeros(4), ValueError, r"\(3,\), and out has \(4,\)"),
         (numpy.zeros((1, 3)), ValueError, "out has"),
-        (numpy.zeros(3, dtype="i8"), TypeError, "float64 or float32"),
+        (numpy.zeros(3, dtype="i8"), TypeError, "float64 or float32, not of int64"),
         (numpy.zeros(3, dtype="f2"), TypeError, "float64 or float32"),
         (fixed, ValueError, "read-only"),
         ([0.0] * 3, TypeError, "list"),
+        ((numpy.zeros(3),), TypeError, "tuple"),
+        ("x", TypeError, "str"),
         (numpy.ma.zeros(3), TypeError, "masked"),
     ]:
         with pytest.raises(kind, match=message):
             to_psi(numpy.zeros(3), out=out)
     with pytest.raises(TypeError, match="masked"):
         to_psi(numpy.ma.zeros(3), out=numpy.zeros(3))
-    with pytest.raises(ValueError):
+    with pytest.raises(ValueError, match="different lengths"):
         to_psi([[1], [2, 3]])
     with pytest.raises(OverflowError):
         to_psi(10**400)

@@ -1,5 +1,7 @@
 """Catalogues and slates: their own atmospheres, lives, changes, threads; what of them a pickle takes along."""
 
+import copy
+import functools
 import gc
 import multiprocessing
 import pickle
@@ -24,7 +26,7 @@ def test_an_atmosphere_of_its_own(site):
     assert site.read("250 kPag").to("kPa").value == 333.5
     assert uom.Conversion("kPag", "kPa", "Pres", catalogue=site).offset == 83.5 == site.conversion("barg", "kPa").offset * 100
     assert site.read("250 kPag") != uom.read("250 kPag")
-    for gauge in (0, -1, 83500, float("nan"), "83.5", True, [1]):
+    for gauge in (0, -1, 5e-324, 83500, float("nan"), "83.5", True, [1]):
         with pytest.raises((ValueError, TypeError)):
             uom.Catalogue(gauge=gauge)
 
@@ -41,30 +43,40 @@ def test_slates(site):
     assert plant["Temp"] == "F" and plant.display("TempAbs") == "R"
     del plant["Temp"]
     assert plant.get("Temp") is None and site.slate("plant").display("Temp") == "K"
+    assert 5 not in plant and copy.deepcopy(plant)["Pres"] == "kPag" and "<td>kPag</td>" in plant._repr_html_()
+    assert site.slate("plant", based_on="si", Pres="bar")["Pres"] == "bar"  # again, as of a notebook's cell
+    plant["Pres"] = "kPag"
     line = site.slate("Line", based_on=plant)
     assert line.display("Pres") == "kPag" and ("Line", "Plant") in site.slates()
 
 
 def test_slates_that_are_refused(site):
-    site.slate("Plant", Pres="kPag")
+    plant = site.slate("Plant", based_on="SI", Pres="kPag")
     names = site.slates()
-    for call in (
-        lambda: site.slate("Other", based_on="Nothing"),
-        lambda: site.slate("Other", Pres="kPs"),
-        lambda: site.slate("Other", Leng="m", Pres="m"),
-        lambda: site.slate("Other", Pres="5 kPa"),
-        lambda: site.slate("Other", Leng="100 ft"),
-        lambda: site.slate("Other", **{"Pres/Leng": "kPa/m"}),
-        lambda: site.slate("Other", GaugePresBasis="90"),
-        lambda: site.slate("bar"),
-        lambda: site.slate(""),
-        lambda: site.slate("Plant", based_on="English"),
-        lambda: site.slate("Plant").__setitem__("Prs", "kPa"),
-        lambda: site.slate("Plant").display("Prs"),
-        lambda: site.slate("Plant").convert(1, "Pres", from_="Nothing"),
+    for call, text, suggestion in (
+        (lambda: site.slate("Other", based_on="Englsh"), "Englsh", "English"),
+        (lambda: site.slate("Plnat"), "Plnat", "Plant"),
+        (lambda: site.slate("Plnat", Pres="kPag"), "Plnat", "Plant"),
+        (lambda: site.slate("Other", based_on="SI", Pres="kPs"), "kPs", "kPa"),
+        (lambda: site.slate("Other", based_on="SI", Prez="kPa"), "Prez", "Pres"),
+        (lambda: site.slate("Other", based_on="SI", Leng="m", Pres="m"), "m", ""),
+        (lambda: site.slate("Other", based_on="SI", Pres="5 kPa"), "5 kPa", ""),
+        (lambda: site.slate("Other", based_on="SI", Leng="100 ft"), "100 ft", ""),
+        (lambda: site.slate("Other", based_on="SI", **{"Pres/Leng": "kPa/m"}), "Pres/Leng", ""),
+        (lambda: site.slate("Other", based_on="SI", GaugePresBasis="90"), "GaugePresBasis", ""),
+        (lambda: site.slate("bar", based_on="SI"), "bar", ""),
+        (lambda: site.slate("Plant", based_on="English"), "Plant", ""),
+        (lambda: plant.__setitem__("Prez", "kPa"), "Prez", "Pres"),
+        (lambda: plant.display("Densit"), "Densit", "Density"),
+        (lambda: plant.display("Pres/"), "Pres/", ""),
+        (lambda: plant.convert(1, "Prez", to="SI"), "Prez", "Pres"),
+        (lambda: plant.convert(1, "Pres", from_="Engish"), "Engish", "English"),
     ):
-        with pytest.raises(uom.UnitError):
+        with pytest.raises(uom.UnitError) as raised:
             call()
+        assert (raised.value.text, raised.value.suggestion) == (text, suggestion)
+    with pytest.raises(uom.UnitError, match="needs a name"):
+        site.slate("", based_on="SI")
     with pytest.raises(KeyError):
         site.slate("Plant")["Prs"]
     for arguments in ({}, {"from_": "kPa", "to": "kPa"}):
@@ -74,7 +86,7 @@ def test_slates_that_are_refused(site):
     with pytest.raises(ValueError, match="don't change"):
         uom.slate("SI")["Pres"] = "kPag"
     with pytest.raises(ValueError, match="don't change"):
-        uom.slate("New")
+        uom.slate("New", based_on="SI")
 
 
 def test_cache_is_bounded_and_forgets(site):
@@ -83,14 +95,16 @@ def test_cache_is_bounded_and_forgets(site):
         assert site.convert(1.0, f"{factor} ft", "ft", "Leng") == factor
         assert site._prepared_count <= 512
     kept = site._prepared("ft", "m", None)
-    site.slate("Plant", Pres="kPag")
+    site.slate("Plant", based_on="SI")
     assert site._prepared_count == 0 and site._prepared("ft", "m", None) is not kept
 
 
 def test_closed(site):
     conversion, quantity, slate = site.conversion("kPag", "kPa"), site.read("1 kPag"), site.slate("SI")
+    assert repr(site) == "<uom.Catalogue: gauge=83.5>"
     site.close()
     site.close()
+    assert repr(site) == "<uom.Catalogue: closed, gauge=83.5>"
     assert site.closed and conversion(250) == 333.5
     assert pickle.loads(pickle.dumps(conversion))(250) == 333.5 and conversion.inverse()(333.5) == 250
     for call in (
@@ -100,9 +114,12 @@ def test_closed(site):
         lambda: quantity.to("kPa"),
         lambda: slate.display("Pres"),
         lambda: uom.Conversion("ft", "m", catalogue=site),
+        lambda: site.__enter__(),
     ):
         with pytest.raises(ValueError, match="closed"):
             call()
+    with pytest.raises(ValueError, match="__init__"):
+        uom.Catalogue.__new__(uom.Catalogue).convert(1, "ft", "m")
 
 
 def test_lives():
@@ -132,6 +149,36 @@ def test_data_of_its_own(tmp_path):
         uom.Catalogue(data=path)
     with pytest.raises(OSError):
         uom.Catalogue(data=tmp_path / "none.txt")
+    with pytest.raises(TypeError):
+        uom.Catalogue(data=0)
+
+
+@pytest.mark.parametrize(
+    "lines, number, message",
+    [
+        ("foo=kPa", 1, 'no "alias = unit text"'),
+        ("// more\nfoo bar baz", 2, 'no "alias = unit text"'),
+        ("foo = ", 1, 'no "alias = unit text"'),
+        ("[Pres]\nfoo = kPa\n[Presure]", 3, '"Presure" is no class'),
+        ("[Pres\nfoo = kPa", 1, '"]"'),
+        ("\n\nfoo = kPs // ?", 3, '"kPs" is no unit.*Did you mean "kPa"'),
+        ("[Pres]\nkPa = psi", 2, "another way"),
+        ("kPa = psi", 1, "another way"),
+        ("foo = kPa\nfoo = psi", 1, "another way"),
+        ("foo\0 = kPa", 0, "zero character"),
+    ],
+)
+def test_aliases_that_are_refused(lines, number, message):
+    with pytest.raises(uom.UnitError, match=(f"Line {number} of.*" if number else "") + message):
+        uom.Catalogue(aliases=lines)
+
+
+def test_aliases():
+    with uom.Catalogue(aliases="\ufefffoo = kPa // a comment\r\n[]\r\ndegg = F\nbarrg = barg\nres = kPa/(m3/sec)2") as own:
+        assert own.convert(1, "foo", "Pa") == 1000 and own.convert(212, "degg", "C", "Temp") == 100
+        assert own.convert(0, "barrg", "kPa") == 101.325 and own.convert(1, "res", "Pa/(m3/sec)2") == 1000
+    with pytest.raises(TypeError, match="not bytes"):
+        uom.Catalogue(aliases=b"foo = kPa")
 
 
 def test_pickles(site):
@@ -142,8 +189,11 @@ def test_pickles(site):
     remake, parts = conversion.__reduce__()
     with pytest.raises(uom.UnitError, match="other constants"):
         remake(*parts[:4], (1.0, 2.0, 3.0))
-    with pytest.raises(TypeError, match="does not pickle"):
-        pickle.dumps(site)
+    for kept in (site, site.convert, site.read):
+        with pytest.raises(TypeError, match="does not pickle"):
+            pickle.dumps(kept)
+    for name in ("convert", "read", "units", "search", "classes", "quantities", "slate", "slates"):
+        assert pickle.loads(pickle.dumps(getattr(uom, name))) == getattr(uom, name)
     for gauge in range(70, 110):  # more sites than are kept
         with uom.Catalogue(gauge=gauge) as other:
             data = pickle.dumps(other.conversion("kPag", "kPa"))
@@ -153,6 +203,7 @@ def test_pickles(site):
 def test_pickles_in_a_new_process(site):
     with multiprocessing.get_context("spawn").Pool(1) as pool:
         assert pool.map(site.conversion("kPag", "kPa"), [250.0, 0.0]) == [333.5, 83.5]
+        assert pool.map(functools.partial(uom.convert, from_="ft", to="m"), [1.0]) == [0.3048]
 
 
 def test_eight_threads():
@@ -172,7 +223,8 @@ def test_eight_threads():
             results.append(float(site.conversion("barg", "psia")(values).sum()))
             results.append(float(conversion(values, out=values.copy())[i]))
             with uom.Catalogue(gauge=gauge) as own:
-                own.slate("Plant", Pres="kPag")
+                own.slate("Plant", based_on="SI", Pres="kPag")
+                site.slate(f"Plant {i}", based_on="SI")
                 results.append(own.slate("Plant").convert(float(i), "Pres", to="Pa"))
         return results
 

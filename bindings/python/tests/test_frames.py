@@ -18,13 +18,12 @@ def frame():
 
 
 def test_series(frame):
-    frame["P"].attrs["from"] = "test"
     series = frame["P"]
     series.attrs["from"] = "test"
     found = uom.convert(series, "psig", "kPa", quantity="Pres")
     assert type(found) is pandas.Series and found.index is series.index and found.name == "P"
     assert numpy.array_equal(found, to_kpa(series.to_numpy()), equal_nan=True)
-    assert found.attrs == {"from": "test", "units": "kPa"} and series.attrs == {"from": "test"}
+    assert found.attrs == {"from": "test", "units": "kPa", "quantity": "Pres"} and series.attrs == {"from": "test"}
     assert to_kpa(series.astype("f4")).dtype == "f4" and to_kpa(frame["T"]).dtype == "f8"
     assert found.uom.units == "kPa" and found.uom.convert("kPa", "bar").tolist()[0] == found.uom.convert("bar").iloc[0]
 
@@ -34,6 +33,9 @@ def test_series_with_missing_values(kind, wanted):
     found = to_kpa(pandas.Series([1, None, 3], dtype=kind))
     assert found.dtype == wanted and found.isna().tolist() == [False, True, False]
     assert found[2] == (numpy.float32(to_kpa(3.0)) if wanted == "Float32" else to_kpa(3.0))
+    values = pandas.array([1, None, 3], dtype=kind)
+    assert to_kpa(values).dtype == to_kpa(pandas.Index(values)).dtype == wanted
+    assert to_kpa(values).equals(found.array) and to_kpa(pandas.Index(values)).array.equals(found.array)
 
 
 def test_other_series():
@@ -42,6 +44,8 @@ def test_other_series():
     for series in (["a"], [True], pandas.Categorical([1]), pandas.to_datetime(["2020-01-01"]), [1j], pandas.array([True])):
         with pytest.raises(TypeError, match="Series.*number"):
             to_kpa(pandas.Series(series))
+    with pytest.raises(TypeError, match="Categorical.*number"):
+        to_kpa(pandas.Categorical([1, 2]))
     with pytest.raises(TypeError, match="out is for arrays"):
         to_kpa(pandas.Series([1.0]), out=numpy.zeros(1))
     with pytest.raises(TypeError, match="out is an array"):
@@ -76,12 +80,67 @@ def test_accessor(frame):
         assert frame.uom.convert({"P": ("kPag", "kPa")}, catalogue=site)["P"].iloc[0] == 84.5
 
 
+def test_what_is_known_of_a_column(frame):
+    """No way leads to a second conversion, to that of another quantity or to that from another atmosphere."""
+    with uom.Catalogue(gauge=83.5) as site:
+        found = frame.uom.convert({"P": ("psig", "kPag", "Pres"), "T": ("F", "C", "TempDiff")}, catalogue=site)
+        column, alone = found["P"], found["P"].uom.convert("kPag", "kPag", catalogue=site)
+        assert column.uom.units == alone.uom.units == alone.to_frame().uom.units["P"] == "kPag"
+        for held in (column, alone):
+            assert held.uom.convert("psig", catalogue=site).tolist()[:2] == pytest.approx([1, 2])
+            for call in (
+                lambda: held.uom.convert("psig", "kPa"),
+                lambda: uom.convert(held, "psig", "kPa"),
+                lambda: uom.convert(held.to_frame(), "psig", "kPa"),
+                lambda: to_kpa(held),
+            ):
+                with pytest.raises(uom.UnitError, match='is in "kPag" and not in "psig"'):
+                    call()
+            for call in (
+                lambda: held.uom.convert("kPa"),
+                lambda: held.to_frame().uom.convert({"P": "kPa"}),
+                lambda: uom.convert(held, "kPag", "kPa"),
+                lambda: found.uom.convert({"P": ("kPag", "kPa")}),
+            ):
+                with pytest.raises(uom.UnitError, match="atmosphere of 83.5 kPa, and not of 101.325"):
+                    call()
+            assert uom.convert(held, "kPag", "psi", "PresDiff").iloc[0] == uom.convert(held.iloc[0], "kPa", "psi")
+    assert found.uom.convert({"T": "F"})["T"].tolist() == found["T"].uom.convert("F").tolist() == [32, 212, 50]
+    with pytest.warns(uom.UnitWarning) as told, pytest.raises(uom.UnitError, match="is a TempDiff"):
+        found.uom.convert({"T": ("C", "R")})
+    assert told[0].filename == __file__
+    assert found.uom.convert({"T": ("C", "F", "Temp")})["T"].iloc[0] == pytest.approx(64)  # it was asked for
+
+
+def test_units_that_somebody_states(frame):
+    numbers = frame[["P", "T"]]
+    for held in ("bad", 5):
+        numbers.attrs["units"] = held
+        for call in (lambda: numbers.uom.units, lambda: numbers.uom.convert({"P": ("psig", "kPa")})):
+            with pytest.raises(uom.UnitError, match=repr(held)):
+                call()
+        assert uom.convert(numbers, "ft", "m").uom.units == {"P": "m", "T": "m"}  # which say nothing
+    numbers.attrs["units"] = "K"
+    with pytest.raises(uom.UnitError, match='is in "K" and not in "ft"'):
+        uom.convert(numbers, "ft", "m")
+    numbers.uom.units = {"P": "kPa"}
+    assert numbers.attrs == {"units": {"P": "kPa"}} and numbers["P"].uom.convert("Pa").iloc[0] == 1000
+    with pytest.raises(TypeError):
+        numbers.uom.units["P"] = "psig"
+    column = to_kpa(frame["P"])
+    column.uom.units = "bar"
+    assert column.attrs == {"units": "bar"}
+    with pytest.raises(TypeError, match="not int"):
+        column.uom.units = 5
+
+
 def test_accessor_refuses(frame):
     for columns, error in [
         ({"Q": ("psig", "kPa")}, KeyError),
         ({"P": "kPa"}, uom.UnitError),
         ({"P": ("psig", "m")}, uom.UnitError),
         ({"P": ("psig",)}, TypeError),
+        ("P", TypeError),
         ({"tag": ("psig", "kPa")}, TypeError),
     ]:
         with pytest.raises(error):
@@ -101,6 +160,8 @@ def test_accessor_in_either_order(order):
 
 # --- Dask
 
+dask = pytest.importorskip("dask")
+dask_bag = pytest.importorskip("dask.bag")
 dask_array = pytest.importorskip("dask.array")
 dask_frame = pytest.importorskip("dask.dataframe")
 
@@ -115,7 +176,7 @@ def test_dask_is_lazy(frame):
     series = uom.convert(pieces["P"], "psig", "kPa", "Pres")
     assert isinstance(series, dask_frame.Series) and series.compute(scheduler="sync").equals(to_kpa(frame["P"]))
     assert to_kpa(pieces[["P", "T"]]).compute(scheduler="sync").equals(to_kpa(frame[["P", "T"]]))
-    for bad in (dask_array.zeros(3, dtype=bool), pieces["T"] > 5):
+    for bad in (dask_array.zeros(3, dtype=bool), pieces["T"] > 5, dask.delayed(5.0), dask_bag.from_sequence([1])):
         with pytest.raises(TypeError, match="number"):
             to_kpa(bad)
     with pytest.raises(TypeError, match="out is for arrays"):

@@ -93,6 +93,7 @@ def library():
     return library
 
 
+@pytest.mark.filterwarnings("ignore:overflow")
 @pytest.mark.parametrize("source, target, quantity", CASES)
 def test_bit_for_bit(library, source, target, quantity):
     conversion = ctypes.c_void_p()

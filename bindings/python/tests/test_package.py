@@ -15,8 +15,8 @@ import uom
 root = pathlib.Path(__file__).parents[3]
 
 
-def run(*words):
-    done = subprocess.run([sys.executable, *words], capture_output=True, text=True, env={**os.environ, "PYTHONUTF8": "1"})
+def run(*words, **names):
+    done = subprocess.run([sys.executable, *words], capture_output=True, text=True, env={**os.environ, "PYTHONUTF8": "1", **names})
     return done.returncode, done.stdout, done.stderr
 
 
@@ -37,12 +37,30 @@ def run(*words):
         ("5 kPa", 2, "", "uom: "),
         ("5 kPa psi --precision 0", 2, "", "uom: --precision"),
         ("5 kPa psi --digits 3", 2, "", "uom: there is no option --digits\n"),
+        ("--quantity=Temp --precision full -- -5 C F", 0, "-5 C = 23 F\n", ""),
+        ("0.1 kPa psi --precision full", 0, "0.1 kPa = 0.014503773773020921 psi\n", ""),
+        ("1/min 1/hr", 0, "1/min = 60 1/hr\n", ""),
+        ("--version", 0, f"uom {uom.__version__}\n", ""),
+        ("1e400 kPa psi", 2, "", "uom: the number 1e400 is beyond"),
+        ("1e308 MPa Pa", 2, "", "uom: the result is beyond"),
+        ("٣ kPa psi", 2, "", 'uom: The sign "٣"'),
+        ("search", 2, "", "uom: search wants words\n"),
+        ("units", 2, "", "uom: units wants a class\n"),
+        ("classes foo", 2, "", "uom: classes wants nothing"),
     ],
 )
 def test_command_line(words, status, out, err):
     found = run("-m", "uom", *words.split())
     assert found[0] == status and found[1].startswith(out) and found[2].startswith(err), found
-    assert bool(found[2]) == bool(err)
+    assert bool(found[2]) == bool(err) and "quantity= " not in found[2]
+
+
+def test_command_line_and_its_output():
+    assert run("-m", "uom", "5", "m³/h", "m³/h", PYTHONUTF8="0", PYTHONIOENCODING="ascii")[1] == "5 m\\xb3/h = 5 m\\xb3/h\n"
+    shell = f"'{sys.executable}' -m uom classes"
+    assert subprocess.run(f"{shell} | true", shell=True, capture_output=True, text=True).stderr == ""
+    full = subprocess.run(f"{shell} > /dev/full", shell=True, capture_output=True, text=True)
+    assert (full.returncode, full.stderr) == (1, "uom: Unable to write the output.\n")
 
 
 @pytest.mark.filterwarnings("ignore")
@@ -102,10 +120,12 @@ def test_nothing_leaks():
                 to_psi(masked)
                 to_psi([1, 2])
                 plant.display("Density")
+                refused(plant.display, "Densit")
+                refused(uom.convert, 1.0, "ft", "m", "Leng/")
             if i % 1000 == 0:
                 with uom.Catalogue(gauge=90) as site:
-                    site.slate("Plant", Pres="kPag").convert(1.0, "Pres", to="psia")
-                    refused(site.slate, "bar")
+                    site.slate("Plant", based_on="SI", Pres="kPag").convert(1.0, "Pres", to="psia")
+                    refused(site.slate, "bar", based_on="SI")
 
     calls(5_000)
     before = resident()

@@ -1,5 +1,6 @@
 """Texts: what is read, what is refused, and where."""
 
+import copy
 import pickle
 import warnings
 
@@ -18,7 +19,12 @@ def test_read():
     alone = uom.read("kPag")
     assert alone.value != alone.value and str(read) == "250.0 kPag"
     assert read == uom.read("250  kPag") != uom.read("251 kPag") and hash(read) == hash(uom.read("250 kPag"))
-    assert pickle.loads(pickle.dumps(read)) == read
+    assert pickle.loads(pickle.dumps(read)) == copy.deepcopy(read) == read
+    for change in (lambda: setattr(read, "value", 3.0), lambda: delattr(read, "units")):
+        with pytest.raises(AttributeError):
+            change()
+    assert str(uom.read("9 F", "Temp").to("C", "TempDiff")) == "5.0 C"
+    assert uom.read("5", "Dimensionless").value == 5 and uom.search("barrel per day")[0].kind == "text"
     assert uom.convert(100, "BTU/(hr·ft²·°F)", "W/m²/K", "Htco") == pytest.approx(567.826, abs=1e-3)
 
 
@@ -76,6 +82,9 @@ def test_any_text(text, quantity):
         (("kPs", "psi", None), "kPs"),
         (("kPa", "psj", "Pres"), "psj"),
         (("kPa", "psi", "Pss"), "Pss"),
+        (("kPa", "psi", "Pres/"), "Pres/"),
+        (("kPa", "psi", "Pres / / Leng"), "Pres / / Leng"),
+        (("kPa", "psi", ""), ""),
         (("kPa", "m", None), "m"),
         (("Sm3/h", "m3/h", None), "m3/h"),
         (("m3/fortnigh", "m3/h", "VolRate"), "m3/fortnigh"),
@@ -130,13 +139,17 @@ def test_lists():
     assert "gal/min" in dict(uom.units("VolRate")) and len(uom.classes()) > 65
     assert ("Pres", "Pressure") in [row[:2] for row in uom.classes()]
     assert uom.search("SCFM", most=1)[0].quantity == "VapVolRate"
-    assert uom.quantities("kPag")[0] == "Pres" and uom.quantities("no unit") == []
+    assert uom.quantities("kPag")[0] == "Pres" and uom.quantities("kPa/(m3/sec)2") == []
+    for call, text, suggestion in ((uom.quantities, "kPs", "kPa"), (uom.units, "VolRat", "VolRate"), (uom.units, "Pres/", "")):
+        with pytest.raises(uom.UnitError) as raised:
+            call(text)
+        assert (raised.value.text, raised.value.suggestion) == (text, suggestion)
     for most in (0, -1, 1001):
         with pytest.raises(ValueError):
             uom.search("SCFM", most=most)
     found = uom.search("bar")
     assert str(found).splitlines()[0].split() == ["kind", "quantity", "name", "description"]
-    assert found._repr_html_().count("<tr>") == len(found) + 1
+    assert found[:2]._repr_html_().count("<tr>") == 3 and found[0] in found[:2]
     assert "&lt;" in uom.Table(("a",), [("<b>",)])._repr_html_()
 
 

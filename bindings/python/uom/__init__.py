@@ -18,6 +18,7 @@ from ._catalogue import remake as _remake
 from ._catalogue import shipped as _shipped
 from ._core import Conversion
 from ._errors import UnitError, UnitWarning
+from ._errors import warn as _warn
 from ._pandas import register as _register
 
 TYPE_CHECKING = False  # that of typing, which costs an import of milliseconds
@@ -47,7 +48,7 @@ __all__ = [
     "units",
 ]
 
-_core.lend(UnitError, UnitWarning, _convert_other, _remake, _inverse, _shipped)
+_core.lend(UnitError, _warn, _convert_other, _remake, _inverse, _shipped)
 _register()
 
 convert = _shipped.convert

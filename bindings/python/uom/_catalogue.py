@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import math
 import os
+from _thread import allocate_lock
 from collections.abc import MutableMapping
 
 from . import _core
@@ -18,6 +19,9 @@ if TYPE_CHECKING:
 
     from ._tables import Class, Found, SlateName, Table, Unit
 
+# Held while a slate is looked for and made.
+_making = allocate_lock()
+
 # What it takes to make a catalogue again: the bytes of its data file, None for the shipped one, the text of its aliases,
 # and its atmospheric pressure in kPa, None for that of the data file.
 Origin = tuple[bytes | None, str | None, float | None]
@@ -25,7 +29,7 @@ Origin = tuple[bytes | None, str | None, float | None]
 
 def _bytes_of(path: str | os.PathLike[str]) -> bytes:
     """A data file. The library's own reader wants lines that end with a line feed."""
-    with open(path, "rb") as file:
+    with open(os.fspath(path), "rb") as file:
         return file.read().replace(b"\r\n", b"\n")
 
 
@@ -63,7 +67,10 @@ class Catalogue(_core.Catalogue):
         data: str | os.PathLike[str] | None = None,
         aliases: str | None = None,
     ) -> None:
-        self._begin((None if data is None else _bytes_of(data), aliases, _checked_gauge(gauge)))
+        text = None if aliases is None else _checked_text(aliases)
+        self._begin((None if data is None else _bytes_of(data), text, _checked_gauge(gauge)))
+        if text is not None:
+            self._check_aliases(text)
 
     def _begin(self, origin: Origin) -> None:
         self._origin = origin
@@ -74,17 +81,69 @@ class Catalogue(_core.Catalogue):
 
     def _open(self) -> None:
         """Starts it; the extension calls this at the first use of a catalogue that is not started."""
+        if self._origin is None:
+            raise ValueError("the catalogue was made without its __init__, and has nothing to start from")
         data, aliases, gauge = self._origin
         own = b"" if aliases is None else b"\n[]\n" + aliases.encode()
         self._start(_bytes_of(data_file()) if data is None else data, _unfound_aliases() + own)
         if gauge is not None:
             self._state("Current", "GaugePresBasis", repr(gauge))
 
+    def _check_aliases(self, text: str) -> None:
+        """Raises UnitError for a line of aliases that is none, or that does not mean what it says."""
+        classes: list[str] = []
+        for number, line in enumerate(text.split("\n"), 1):
+            line = line.strip()
+            line = "" if line.startswith("//") else line.split(" //")[0].strip()
+            try:
+                if line.startswith("["):
+                    classes = self._bound_classes(line)
+                elif line:
+                    self._check_alias(line, classes)
+            except UnitError as error:
+                self.close()
+                raise UnitError(f"Line {number} of the aliases: {error.message}", line, suggestion=error.suggestion) from None
+
+    def _bound_classes(self, line: str) -> list[str]:
+        if not line.endswith("]"):
+            raise UnitError('There is no "]" behind the classes.')
+        classes = line[1:-1].replace(",", " ").split()
+        for name in classes:
+            self._choices(name)
+        return classes
+
+    def _check_alias(self, line: str, classes: list[str]) -> None:
+        name, _, target = (part.strip() for part in line.partition(" = "))
+        if not name or not target:
+            raise UnitError('It is no "alias = unit text".')
+        quantities: list[str | None] = [*classes] or [None]
+        Conversion(target, target, catalogue=self, _quiet=True)
+        for quantity in quantities:
+            if quantity and not self._reads(target, quantity):
+                continue  # a part of its units: revolutions of a rotation
+            try:
+                meant = Conversion(name, target, quantity, catalogue=self, _quiet=True)
+                same = all(math.isclose(meant(value), value, rel_tol=1e-12) for value in (1.0, 50.0))
+            except UnitError:
+                same = False
+            if not same:
+                raise UnitError(f'"{name}" is read in another way: as a unit, or by another line.')
+
     def close(self) -> None:
         """Frees its memory. What is asked of it from then on raises ValueError; conversions go on."""
         self._close()
 
+    def __repr__(self) -> str:
+        data, aliases, gauge = self._origin or (None, None, None)
+        told = ["closed"] if self.closed else []
+        told += [] if gauge is None else [f"gauge={gauge}"]
+        told += ["data of its own"] if data is not None else []
+        told += ["aliases of its own"] if aliases is not None else []
+        return f"<uom.Catalogue{': ' if told else ''}{', '.join(told)}>"
+
     def __enter__(self) -> Catalogue:
+        if self.closed:
+            raise ValueError("the catalogue is closed")
         return self
 
     def __exit__(
@@ -109,8 +168,14 @@ class Catalogue(_core.Catalogue):
         return Quantity(value * scale, units, found, self)
 
     def quantities(self, units: str) -> list[str]:
-        """The quantities that a unit text can belong to, best first; empty when it is not understood."""
-        return self._entry_classes(units)
+        """The quantities that a unit text can belong to, best first; empty for a product that is of no class.
+
+        Raises UnitError for a text that is not understood.
+        """
+        found = self._entry_classes(units)
+        if not found:
+            Conversion(units, units, catalogue=self, _quiet=True)
+        return found
 
     def units(self, quantity: str) -> Table[Unit]:
         """The units of a quantity: all of a class that has units of its own; for others what an interface would offer.
@@ -153,30 +218,48 @@ class Catalogue(_core.Catalogue):
         return Table(SlateName._fields, (SlateName(*row) for row in self._slates()))
 
     def slate(self, name: str, based_on: str | Slate | None = None, **defaults: str) -> Slate:
-        """A slate: the one of this name, or a new one, based on another, "SI" when nothing is said.
+        """The slate of this name; with `based_on` a new one, unless there is one that is based on the same.
 
+        based_on  the slate whose units it takes where it states none: a Slate, or a name, "SI", "English"
         defaults  units by quantity, Pres="kPag", stated in this order: some follow from others (a length sets areas)
 
-        Raises UnitError for a text that is not understood; the slates are then as they were.
+        Raises UnitError for a text that is not understood and for a slate that is not known; the slates are then as they
+        were.
         """
-        known = self._slate_named(name)
-        stated = {quantity: self._default_units(quantity, units) for quantity, units in defaults.items()}
-        if known is None:
-            if self.quantities(name):
-                raise UnitError("A slate can't be named like a unit.", name)
-            self._new_slate(name, self._parent_named(based_on))
-        elif based_on is not None:
-            raise UnitError(f'There is a slate "{known}" already: it keeps what it is based on.', name)
-        slate = Slate(self, known or name)
-        for quantity, units in stated.items():
-            self._state(slate.name, quantity, units)
-        return slate
+        with _making:
+            known = self._slate_named(name)
+            if based_on is None and known is None:
+                raise self._no_slate(name)
+            stated = {quantity: self._default_units(quantity, units) for quantity, units in defaults.items()}
+            if based_on is not None:
+                self._make_slate(known or name, self._parent_named(based_on), known is None)
+            slate = Slate(self, known or name)
+            for quantity, units in stated.items():
+                self._state(slate.name, quantity, units)
+            return slate
 
-    def _parent_named(self, based_on: str | Slate | None) -> str:
-        wanted = "SI" if based_on is None else based_on.name if isinstance(based_on, Slate) else based_on
+    def _make_slate(self, name: str, parent: str, is_new: bool) -> None:
+        if is_new:
+            if self._entry_classes(name):
+                raise UnitError("A slate can't be named like a unit.", name)
+            self._new_slate(name, parent)
+        elif (old := dict(self._slates())[name]).lower() != parent.lower():
+            raise UnitError(f'There is a slate "{name}" already, which is based on "{old}" and keeps it.', name)
+
+    def _no_slate(self, name: str) -> UnitError:
+        return UnitError(f'There is no slate "{name}".', name, 0, len(name), self._nearest_slate(name))
+
+    def _nearest_slate(self, name: str) -> str:
+        from difflib import get_close_matches
+
+        slates = {slate.lower(): slate for slate, _ in self._slates()}
+        return next((slates[near] for near in get_close_matches(name.lower(), slates, 1)), "")
+
+    def _parent_named(self, based_on: str | Slate) -> str:
+        wanted = based_on.name if isinstance(based_on, Slate) else based_on
         parent = self._slate_named(wanted)
         if parent is None:
-            raise UnitError(f'There is no slate "{wanted}".', wanted)
+            raise self._no_slate(wanted)
         return parent
 
     def _slate_named(self, name: str) -> str | None:
@@ -201,9 +284,17 @@ def _checked_gauge(gauge: float | None) -> float | None:
     if gauge is None:
         return None
     value = float(gauge)
-    if isinstance(gauge, (bool, str)) or not 0.0 < value < 10_000.0:
+    if isinstance(gauge, (bool, str)) or not 0.001 <= value < 10_000.0:
         raise ValueError(f"gauge is an atmospheric pressure in kPa, 101.325 at sea level, not {gauge!r}")
     return value
+
+
+def _checked_text(aliases: str) -> str:
+    if not isinstance(aliases, str):
+        raise TypeError(f"aliases is a text, not {type(aliases).__name__}")
+    if "\0" in aliases:
+        raise UnitError("The aliases hold a zero character.", aliases, aliases.index("\0"), 1)
+    return aliases.removeprefix("\ufeff").replace("\r\n", "\n")
 
 
 class Slate(MutableMapping[str, str]):
@@ -219,9 +310,17 @@ class Slate(MutableMapping[str, str]):
     def __repr__(self) -> str:
         return f"<uom.Slate {self.name!r}>"
 
+    def _repr_html_(self) -> str:
+        from ._tables import Table
+
+        return Table(("quantity", self.name), self.items())._repr_html_()
+
+    def __deepcopy__(self, memo: object) -> Slate:
+        return Slate(self._catalogue, self.name)
+
     def __getitem__(self, quantity: str) -> str:
         try:
-            stated = self._catalogue._stated(self.name, quantity)
+            stated = self._catalogue._stated(self.name, quantity) if isinstance(quantity, str) else ""
         except UnitError:
             stated = ""
         if not stated:
@@ -243,7 +342,7 @@ class Slate(MutableMapping[str, str]):
 
     def display(self, quantity: str) -> str:
         """The units that a quantity is shown in, "kPa/(m3/sec)2"; any class string will do."""
-        return self._catalogue._display(quantity, self.name)
+        return self._catalogue._display(self.name, quantity)
 
     def convert(
         self,
@@ -261,7 +360,13 @@ class Slate(MutableMapping[str, str]):
         if (from_ is None) == (to is None):
             raise TypeError("convert() takes from_ or to: the other one is this slate")
         units = [self._units_of(side, quantity) for side in (from_, to)]
-        return self._catalogue.convert(values, units[0], units[1], quantity, out=out)
+        try:
+            return self._catalogue.convert(values, units[0], units[1], quantity, out=out)
+        except UnitError as error:
+            if error.text not in (from_, to) or error.suggestion:
+                raise
+            near = self._catalogue._nearest_slate(error.text)
+            raise UnitError(error.message, error.text, error.position, error.length, near) from None
 
     def _units_of(self, side: str | Slate | None, quantity: str) -> str:
         if isinstance(side, str):
@@ -275,7 +380,7 @@ class Slate(MutableMapping[str, str]):
 
 
 class Quantity:
-    """A number with its unit, as read() gives it: value, units and quantity."""
+    """A number with its unit, as read() gives it: value, units and quantity, which don't change."""
 
     __slots__ = {
         "value": "The number, NaN for a unit alone.",
@@ -283,17 +388,25 @@ class Quantity:
         "quantity": "The class string.",
         "_catalogue": "",
     }
+    value: float
+    units: str
+    quantity: str
+    _catalogue: Catalogue
 
     def __init__(self, value: float, units: str, quantity: str, catalogue: Catalogue) -> None:
-        self.value = value
-        self.units = units
-        self.quantity = quantity
-        self._catalogue = catalogue
+        for field, its in zip(self.__slots__, (value, units, quantity, catalogue)):
+            object.__setattr__(self, field, its)
 
-    def to(self, units: str) -> Quantity:
-        """The same in other units. Raises UnitError for units of another quantity."""
-        value = self._catalogue.convert(self.value, self.units, units, self.quantity)
-        return Quantity(value, units, self.quantity, self._catalogue)
+    def __setattr__(self, name: str, value: object) -> None:
+        raise AttributeError(f"a Quantity does not change: {name} is fixed")
+
+    def __delattr__(self, name: str) -> None:
+        self.__setattr__(name, None)
+
+    def to(self, units: str, quantity: str | None = None) -> Quantity:
+        """The same in other units, of its quantity or of the one that is given. UnitError for units of another one."""
+        wanted = self.quantity if quantity is None else quantity
+        return Quantity(self._catalogue.convert(self.value, self.units, units, wanted), units, wanted, self._catalogue)
 
     def __format__(self, layout: str) -> str:
         return f"{self.value:{layout}} {self.units}".rstrip()
@@ -327,6 +440,12 @@ class _Shipped(Catalogue):
     def __init__(self) -> None:
         self._origin = (None, None, None)
 
+    def __reduce__(self) -> str:
+        return "shipped"  # by reference, and with it the functions of the module
+
+    def __repr__(self) -> str:
+        return "<uom.Catalogue of the module>"
+
     def close(self) -> None:
         raise ValueError("the catalogue of the module stays open")
 
@@ -344,7 +463,7 @@ _MOST_REMADE = 16
 _remade: dict[Origin, Catalogue] = {(None, None, None): shipped}
 
 
-def _catalogue_of(origin: Origin) -> Catalogue:
+def catalogue_of(origin: Origin) -> Catalogue:
     known = _remade.get(origin)
     if known is not None:
         return known
@@ -357,20 +476,20 @@ def _catalogue_of(origin: Origin) -> Catalogue:
 
 def remake(from_: str, to: str, quantity: str | None, origin: Origin, constants: tuple[Any, ...]) -> Conversion:
     """A conversion from its pickled parts, with the constants that it had; UnitError when they are others here."""
-    conversion = Conversion(from_, to, quantity, catalogue=_catalogue_of(origin), _quiet=True)
+    conversion = Conversion(from_, to, quantity, catalogue=catalogue_of(origin), _quiet=True)
     if conversion._probe != constants:
         raise UnitError(f'The conversion from "{from_}" to "{to}" was made with other constants.', from_)
     return conversion
 
 
 def _remake_quantity(value: float, units: str, quantity: str, origin: Origin) -> Quantity:
-    return Quantity(value, units, quantity, _catalogue_of(origin))
+    return Quantity(value, units, quantity, catalogue_of(origin))
 
 
 def inverse(conversion: Conversion) -> Conversion:
     """The conversion back, of the quantity that the units were read in."""
-    catalogue = _catalogue_of(conversion._origin)
-    for quantity in (conversion.quantity, conversion._given):
+    catalogue = catalogue_of(conversion._origin)
+    for quantity in (conversion.quantity or None, conversion._given):
         try:
             return Conversion(conversion.to, conversion.from_, quantity, catalogue=catalogue, _quiet=True)
         except UnitError as error:

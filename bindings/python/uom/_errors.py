@@ -1,5 +1,8 @@
 """What is raised and warned about texts."""
 
+import sys
+import warnings
+
 
 class UnitError(ValueError):
     """A text that is not understood, or units that do not convert into each other.
@@ -29,3 +32,16 @@ class UnitError(ValueError):
 
 class UnitWarning(UserWarning):
     """Units that could mean another quantity, in which they convert in another way: F to C as a difference."""
+
+
+def warn_caller(message: str, kind: type[Warning] = UnitWarning) -> None:
+    """A warning at the line that called the package, from however deep within it."""
+    level = 1
+    while sys._getframe(level - 1).f_globals.get("__name__", "").startswith("uom.") and sys._getframe(level - 1).f_back:
+        level += 1
+    warnings.warn(message, kind, stacklevel=level)
+
+
+def warn(note: str) -> None:
+    """Called by the extension: what else the units of a conversion could mean."""
+    warn_caller(f"{note} quantity= says which one is meant.")

@@ -1,19 +1,22 @@
 """The accessors `frame.uom` and `series.uom`, registered when pandas is loaded, before or after this package.
 
-What a column is in stands in `attrs["units"]`: of a Series a text, of a frame a mapping by column.
+What a column is in stands in `attrs["units"]`, as _stated.py says.
 """
 
 from __future__ import annotations
 
 import sys
+from collections.abc import Mapping
+from types import MappingProxyType
 
+from ._arrays import convert_column
 from ._catalogue import Catalogue, shipped
 from ._core import Conversion
 from ._errors import UnitError
+from ._stated import Stated, check_stated, put_column, put_frame, result_of, stated_of
 
 TYPE_CHECKING = False  # that of typing, which costs an import of milliseconds
 if TYPE_CHECKING:
-    from collections.abc import Mapping, Sequence
     from importlib.machinery import ModuleSpec
     from types import ModuleType
     from typing import Any
@@ -23,29 +26,17 @@ if TYPE_CHECKING:
 Wanted = str | tuple[str, str] | tuple[str, str, str]
 
 
-def _check_stated(conversion: Conversion, stated: object, label: object, catalogue: Catalogue) -> None:
-    """A column whose units are known is not converted from others."""
-    if not isinstance(stated, str) or stated == conversion.from_:
-        return
-    try:
-        same = Conversion(stated, conversion.from_, conversion.quantity, catalogue=catalogue, _quiet=True)
-        is_same = same.linear and (same.factor, same.offset) == (1.0, 0.0)
-    except UnitError:
-        is_same = False
-    if not is_same:
-        raise UnitError(f'The column {label!r} is in "{stated}" and not in "{conversion.from_}".', conversion.from_)
-
-
-def _conversion_of(wanted: Wanted, stated: object, label: object, catalogue: Catalogue) -> Conversion:
-    if isinstance(wanted, str):
-        if not isinstance(stated, str):
-            raise UnitError(f"The units of the column {label!r} are not known: name them in front.", wanted)
-        wanted = (stated, wanted)
-    texts = tuple(wanted)
-    if len(texts) not in (2, 3):
-        raise TypeError(f"the column {label!r} wants (from, to) or (from, to, quantity), not {wanted!r}")
-    conversion = catalogue._prepared(texts[0], texts[1], texts[2] if len(texts) == 3 else None)
-    _check_stated(conversion, stated, label, catalogue)
+def _conversion_of(wanted: Wanted, stated: Stated | None, label: object, catalogue: Catalogue) -> Conversion:
+    if not isinstance(wanted, str):
+        texts = tuple(wanted)
+        if len(texts) not in (2, 3):
+            raise TypeError(f"the column {label!r} wants (from, to) or (from, to, quantity), not {wanted!r}")
+        conversion = catalogue._prepared(texts[0], texts[1], texts[2] if len(texts) == 3 else None)
+    elif stated is None:
+        raise UnitError(f"The units of the column {label!r} are not known: name them in front.", wanted)
+    else:
+        conversion = catalogue._prepared(stated.units, wanted, stated.quantity or None)
+    check_stated(conversion, stated, label)
     return conversion
 
 
@@ -56,9 +47,25 @@ class FrameUnits:
         self._frame = frame
 
     @property
-    def units(self) -> dict[Any, str]:
-        """The units that are known, by column: a copy of attrs["units"]."""
-        return dict(self._frame.attrs.get("units", {}))
+    def units(self) -> Mapping[Any, str]:
+        """The units that are known, by column; attrs["units"] has them. Set a mapping to state others.
+
+        A single text there is that of the only column. UnitError for one of a frame of several, and for what is no text.
+        """
+        return MappingProxyType({label: stated.units for label, stated in self._stated().items()})
+
+    @units.setter
+    def units(self, units: Mapping[Any, str]) -> None:
+        put_frame(self._frame.attrs, {label: Stated(_checked_units(text)) for label, text in units.items()})
+
+    def _stated(self) -> dict[Any, Stated]:
+        attrs = self._frame.attrs
+        held = attrs.get("units", {})
+        by_column = isinstance(held, Mapping)
+        if not by_column and (len(self._frame.columns) != 1 or not isinstance(held, str)):
+            raise UnitError(f'attrs["units"] of the frame is {held!r}, and no mapping by column.')
+        labels = held if by_column else self._frame.columns
+        return {label: stated for label in labels if (stated := stated_of(attrs, label))}
 
     def convert(self, columns: Mapping[Any, Wanted], *, catalogue: Catalogue | None = None) -> pandas.DataFrame:
         """A new frame with some columns converted; the others, and the index, are as they were.
@@ -66,24 +73,26 @@ class FrameUnits:
         columns    by label (from, to), (from, to, quantity), or the wanted units alone where attrs["units"] has the others
         catalogue  whose units and atmospheric pressure count
 
-        The new units stand in attrs["units"]. Raises KeyError for a column that is not there, UnitError for units, also
-        for a column that attrs["units"] has in others than those given.
+        The new units stand in attrs["units"], the quantities beside them. Raises KeyError for a column that is not there,
+        UnitError for units, also for a column that attrs["units"] has in others than those given.
         """
-        known = self.units
+        if not hasattr(columns, "items"):
+            raise TypeError(f'columns is a mapping, {{"P": ("psig", "kPa")}}, not {columns!r}')
+        known = self._stated()
         result = self._frame.copy()
         for label, wanted in columns.items():
             conversion = _conversion_of(wanted, known.get(label), label, catalogue or shipped)
-            places = self._places(label)
-            result.isetitem(places[0], conversion(self._frame.iloc[:, places[0]]))
-            known[label] = conversion.to
-        result.attrs["units"] = known
+            place = self._place(label)
+            result.isetitem(place, convert_column(conversion, self._frame.iloc[:, place], label))
+            known[label] = result_of(conversion)
+        put_frame(result.attrs, known)
         return result
 
-    def _places(self, label: Any) -> Sequence[int]:
+    def _place(self, label: Any) -> int:
         places = [i for i, column in enumerate(self._frame.columns) if column == label]
         if len(places) != 1:
             raise KeyError(label) if not places else ValueError(f"there are {len(places)} columns {label!r}")
-        return places
+        return places[0]
 
 
 class SeriesUnits:
@@ -94,15 +103,28 @@ class SeriesUnits:
 
     @property
     def units(self) -> str | None:
-        """The units that are known: attrs["units"]."""
-        units: str | None = self._series.attrs.get("units")
-        return units
+        """The units that are known: attrs["units"], of a column of a frame those of its name. Set a text to state others."""
+        stated = self._stated()
+        return stated.units if stated else None
+
+    @units.setter
+    def units(self, units: str) -> None:
+        put_column(self._series.attrs, Stated(_checked_units(units)))
+
+    def _stated(self) -> Stated | None:
+        return stated_of(self._series.attrs, self._series.name)
 
     def convert(self, *wanted: str, catalogue: Catalogue | None = None) -> pandas.Series[Any]:
         """A new Series: convert(from_, to, quantity), or convert(to) where attrs["units"] has the others."""
         given: Any = wanted[0] if len(wanted) == 1 else wanted
-        conversion = _conversion_of(given, self.units, self._series.name, catalogue or shipped)
+        conversion = _conversion_of(given, self._stated(), self._series.name, catalogue or shipped)
         return conversion(self._series)
+
+
+def _checked_units(units: str) -> str:
+    if not isinstance(units, str):
+        raise TypeError(f"units are a text, not {type(units).__name__}")
+    return units
 
 
 def _register(pandas: Any) -> None:

@@ -3,7 +3,7 @@
 from __future__ import annotations
 
 from collections.abc import Iterable
-from typing import Generic, NamedTuple, TypeVar
+from typing import Any, Generic, NamedTuple, SupportsIndex, TypeVar, overload
 
 
 class Unit(NamedTuple):
@@ -46,6 +46,14 @@ class Table(list[Row], Generic[Row]):
     def __init__(self, headings: tuple[str, ...], rows: Iterable[Row]) -> None:
         super().__init__(rows)
         self.headings = headings
+
+    @overload
+    def __getitem__(self, place: SupportsIndex, /) -> Row: ...
+    @overload
+    def __getitem__(self, place: slice, /) -> Table[Row]: ...
+    def __getitem__(self, place: Any, /) -> Any:
+        rows: Any = super().__getitem__(place)
+        return Table(self.headings, rows) if isinstance(place, slice) else rows
 
     def __str__(self) -> str:
         rows: list[tuple[str, ...]] = [self.headings, *self]
