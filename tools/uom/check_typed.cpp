@@ -145,16 +145,21 @@ void checkHeading(SlateFile &file, const Line &line) {
         addFinding(file.findings, line.number, repeated(file.sections, file.slate, line.number));
 }
 
-// A line of parents that leads back to its own slate.
+// A line of parents that leads back to its own slate; one that is its own parent has none.
 std::string circle(const std::string &slate) {
-    std::string text = "\"" + slate + "\"", at = slate;
-    for (size_t most = uom::slates().size(); most > 0; --most) {
-        at = statedDefault(at, "BasedOn");
-        text += " is based on \"" + at + "\"";
-        if (equalNoCase(at, slate))
-            return text;
-        if (at.empty() || !uom::tryFindSlate(at) || equalNoCase(statedDefault(at, "BasedOn"), at))
+    std::map<std::string, std::string> parents;
+    for (const uom::SlateEntry &entry : uom::slates())
+        parents.emplace(lowerCase(entry.name), lowerCase(entry.parent));
+    const std::string start = lowerCase(slate);
+    std::string at = start, way;
+    for (size_t most = parents.size(); most > 0; --most) {
+        const std::string parent = parents[at];
+        if (parent == start && at != start)
+            return "\"" + slate + "\" is based on itself, by way of " + way;
+        if (parent.empty() || parent == at)
             return "";
+        at = parent;
+        way += (way.empty() ? "\"" : ", \"") + at + "\"";
     }
     return "";
 }
