@@ -92,20 +92,24 @@ void printUnitsText(const uom::Chain &chain, bool marked) {
     }
 }
 
-// One table, in which the units tell their classes.
-void printUnitsTable(const uom::Chain &chain, bool marked, Output output) {
-    TextTable table = unitTable();
-    for (const UomStructNode &node : componentNodes(chain))
-        addUnitsOf(table, node);
-    if (!marked)
-        eraseColumn(table, 0);
-    print(table, output);
-}
-
 struct UnitsArguments {
     std::string classString, slate;
     Output output = Output::TEXT;
 };
+
+// One table, in which the units tell their classes: those offered for a quantity that is made of several first, without
+// numbers.
+void printUnitsTable(const uom::Chain &chain, bool marked, const UnitsArguments &arguments) {
+    TextTable table = unitTable();
+    if (chain.get()->next)
+        for (const std::string &choice : uom::choices(arguments.classString))
+            table.rows.push_back({"", chain.classText(), choice, "", "", "Offered"});
+    for (const UomStructNode &node : componentNodes(chain))
+        addUnitsOf(table, node);
+    if (!marked)
+        eraseColumn(table, 0);
+    print(table, arguments.output);
+}
 
 // What interfaces offer for a quantity that is made of several.
 void printChoices(const std::string &classString) {
@@ -129,7 +133,7 @@ int runUnits(const UnitsArguments &arguments) {
     if (arguments.output == Output::TEXT)
         printUnitsText(chain, marked);
     else
-        printUnitsTable(chain, marked, arguments.output);
+        printUnitsTable(chain, marked, arguments);
     return 0;
 }
 
