@@ -138,5 +138,6 @@ is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { p
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"
 is "version" "uom $(sed -n 's/^#define UOM_VERSION "\(.*\)"/\1/p' "$2/include/uom/uom.h") status 0" "$(run --version | xargs)"
 run --help | grep -q 'uom convert Temp C F' || is "help" "examples" "none"
+is "help as a word" "$("$uom" --help)" "$("$uom" help)"
 is "help's status" "status 0" "$(run convert --help | tail -1)"
 exit $failed

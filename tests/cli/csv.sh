@@ -72,7 +72,7 @@ a column twice!L,b\n1,2\n!--column L=ft:m@Leng --column 1=m:ft@Leng!"L" and "1" 
 a heading that is near!Pres,b\n1,2\n!--column Prs=ft:m!There is no column "Prs"; those there are: "Pres", "b". Did you mean "Pres"?;status 1
 two meanings!T\n212\n!--column T=F:C!T\n100;Column "T": Read as Temp; as TempDiff, 1 F is 0.555556 C.
 classic units!W\n1\n!--classic --column W=mW:MW@Power!W\n1
-UTF-16!\xFF\xFEL\0\n\0!--column L=ft:m!The file the standard input is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).;status 1
+UTF-16!\xFF\xFEL\0\n\0!--column L=ft:m!the standard input is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).;status 1
 no class!L,b\n1,2\n!--column L=ft:m!L,b\n0.3048,2
 a bad class!L,b\n1,2\n!--column L=ft:m@Nope!Column "L": "Nope" is no class of quantities.;status 1
 a bad unit!L,b\n1,2\n!--column L=nope:m@Leng!Column "L": "nope" is no unit that is known here.;status 1

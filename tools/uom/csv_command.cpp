@@ -211,9 +211,9 @@ bool isProgressShown(const CsvArguments &arguments) {
 // Editors and spreadsheets write UTF-16 too, in which half of the bytes are 0.
 void requireText(std::string_view head, const std::string &name) {
     if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF"))
-        throw Failure("The file " + name + " is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).");
+        throw Failure(name + " is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).");
     if (head.substr(0, 1000).find('\0') != std::string_view::npos)
-        throw Failure("The file " + name + " has bytes of 0 in it: it is no text in UTF-8.");
+        throw Failure(name + " has bytes of 0 in it, as UTF-16 has: UTF-8 is wanted (iconv -f UTF-16LE -t UTF-8).");
 }
 
 std::string_view headOf(std::string_view text) {

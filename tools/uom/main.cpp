@@ -164,6 +164,10 @@ void nameCommand(std::vector<std::string> &given, bool atPrompt) {
     if (place == given.size() || isCommand(given[place]))
         return;
     const auto isOption = [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); };
+    if (place + 1 == given.size() && given[place] == "help") {
+        given[place] = "--help";
+        return;
+    }
     const bool single = place + 1 == given.size() || isOption(given[place + 1]);
     if (!single || atPrompt)
         given.insert(given.begin(), single ? "search" : "typed");

@@ -107,8 +107,6 @@ Completions complete(const PromptCommands &commands, const std::string &line, si
 std::vector<std::string> withoutHabits(std::vector<std::string> words) {
     if (!words.empty() && words[0] == "uom")
         words.erase(words.begin());
-    if (words.size() == 1 && (words[0] == "help" || words[0] == "?"))
-        words[0] = "--help";
     return words;
 }
 
