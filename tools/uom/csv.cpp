@@ -27,13 +27,15 @@ const char *cellEnd(const char *at, const char *end, char separator) {
     if (at != end && *at == '"')
         at = behindQuotes(at, end);
     // The ends of rows are below nearly all that cells hold: two comparisons a byte.
-    while (at != end && *at != separator && (*at > '\r' || !isRowEnd(at, end)))
-        ++at;
+    for (; at != end && *at != separator; ++at)
+        if (static_cast<unsigned char>(*at) <= '\r' && isRowEnd(at, end))
+            break;
     return at;
 }
 
-const char *plainRowEnd(const char *at, const char *end) {
-    return find(at, find(at, end, '\n'), '\r');
+const char *plainRowEnd(const char *at, const char *end, bool hasReturns) {
+    const char *feed = find(at, end, '\n');
+    return hasReturns ? find(at, feed, '\r') : feed;
 }
 
 // Where the row at `at` ends.

@@ -22,8 +22,9 @@ inline const char *behindRowEnd(const char *at, const char *end) {
     return at + (*at == '\r' && at + 1 != end && at[1] == '\n' ? 2 : 1);
 }
 
-// Where a row ends in which no cell begins with a quotation mark from here on.
-const char *plainRowEnd(const char *at, const char *end);
+// Where a row ends in which no cell begins with a quotation mark from here on. Without carriage returns in the text there is
+// no need to look for them.
+const char *plainRowEnd(const char *at, const char *end, bool hasReturns);
 
 // The length of the row at the head of a text, with its end; that of the text when it has none.
 size_t rowLength(std::string_view text, char separator);

@@ -47,7 +47,8 @@ class BlockReader {
 public:
     BlockReader(const CsvRules &rules, CsvBlock &block)
         : rules_(rules), block_(block), end_(block.in.data() + block.in.size()),
-          hasQuotes_(block.in.find('"') != std::string_view::npos) {}
+          hasQuotes_(block.in.find('"') != std::string_view::npos),
+          hasReturns_(block.in.find('\r') != std::string_view::npos) {}
 
     void readRows() {
         const char *row = block_.in.data();
@@ -89,7 +90,7 @@ private:
 
     const char *passCells(const char *at) const {
         if (!hasQuotes_)
-            return plainRowEnd(at, end_);
+            return plainRowEnd(at, end_, hasReturns_);
         for (;; ++at) {
             at = cellEnd(at, end_, rules_.separator);
             if (isRowEnd(at, end_))
@@ -129,7 +130,7 @@ private:
     const CsvRules &rules_;
     CsvBlock &block_;
     const char *const end_;
-    const bool hasQuotes_;
+    const bool hasQuotes_, hasReturns_;
 };
 
 void clear(const CsvRules &rules, CsvBlock &block) {
