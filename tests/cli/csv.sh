@@ -137,18 +137,25 @@ echo "what stood there, and longer" >out.csv
 is "over a file" $'status 0\nL\n3.048' "$(run convert --csv in.csv "${column[@]}" -o out.csv; cat out.csv)"
 echo "stays" >out.csv
 # A file takes its name at the end; what is behind a link is replaced, with its permissions, and the rest is left alone.
-chmod 640 out.csv && ln -s out.csv link.csv
-is "over a link" "status 0 640 link L 3.048" \
-    "$({ run convert --csv in.csv "${column[@]}" -o link.csv; stat -c %a out.csv; [ -L link.csv ] && echo link; cat out.csv; } | xargs)"
-for text in 'L\n"1\n' 'L\n1\n'; do
+if [ -z "$windows" ]; then
+    chmod 640 out.csv && ln -s out.csv link.csv
+    is "over a link" "status 0 640 link L 3.048" \
+        "$({ run convert --csv in.csv "${column[@]}" -o link.csv; stat -c %a out.csv; [ -L link.csv ] && echo link; cat out.csv; } | xargs)"
     echo "stays" >out.csv
-    (printf "$text"; [[ $text == *\"* ]] || sleep 4) | "$uom" convert --csv - "${column[@]}" -o out.csv 2>/dev/null &
+    printf 'L\n"1\n' | "$uom" convert --csv - "${column[@]}" -o out.csv 2>/dev/null
+    is "a failed call leaves the output alone" "stays " "$(cat out.csv) $(find . -name 'out.csv.part*')"
+    { echo L; seq 600000; sleep 4; } | "$uom" convert --csv - "${column[@]}" -o out.csv 2>/dev/null &
     tool=$!
-    [[ $text == *\"* ]] || { sleep 1; kill -INT $tool; kill $tool; } 2>/dev/null
-    wait $tool 2>/dev/null
-    is "a failed or interrupted call leaves the output alone" "stays " "$(cat out.csv) $(find . -name 'out.csv.part*')"
-done
-is "a pipe for output" $'L\n3.048' "$(mkfifo pipe; cat pipe & "$uom" convert --csv in.csv "${column[@]}" -o pipe; wait)"
+    for ((i = 0; i < 30; i++)); do
+        [ -z "$(find . -name 'out.csv.part*' -size +0)" ] || break
+        sleep 0.1
+    done
+    is "the output of a call that goes on" "1 stays" "$(find . -name 'out.csv.part*' | wc -l) $(cat out.csv)"
+    kill "$tool"
+    wait "$tool" 2>/dev/null
+    is "an interrupted call leaves the output alone" "stays " "$(cat out.csv) $(find . -name 'out.csv.part*')"
+    is "a pipe for output" $'L\n3.048' "$(mkfifo pipe; cat pipe & "$uom" convert --csv in.csv "${column[@]}" -o pipe; wait)"
+fi
 is "a refused call leaves the output alone" "stays" "$(run convert --csv in.csv --column M=ft:m@Leng -o out.csv >/dev/null; cat out.csv)"
 is "the input for output" $'uom: The output is the input file "in.csv".\nstatus 1' "$(run convert --csv in.csv "${column[@]}" -o ./in.csv)"
 is "which stays" "L 10" "$(xargs <in.csv)"
