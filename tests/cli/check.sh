@@ -21,6 +21,55 @@ is "slate" 'slate.txt:3: "kPs" is no unit that is known here. Did you mean "kPa"
 slate.txt:4: "Presure" is no class of quantities. Did you mean "Pres"?
 slate.txt:5: a slate takes units as the catalogue prints them: "BTU/hr-ft2-F"
 status 1' "$("$uom" check slate.txt 2>&1; echo "status $?")"
+printf '%s\n' 'm = ft' '[Pres' >hides.txt
+is "aliases that hide units" 'hides.txt:1: "m" is a unit of Leng, which the alias hides
+hides.txt:2: "[Pres" has no "]" at its end
+status 1' "$(run check hides.txt)"
+cat >odd.txt <<'TEXT'
+Temp=C
+[P]
+# a remark
+BasedOn=Nowhere
+Temp=C
+temp=F
+Pres=
+=
+nonsense
+[]
+Temp=C
+[P2
+Temp=C
+[R1]
+BasedOn=R2
+[R2]
+BasedOn=R1
+[p]
+NewClass0=OddFlux,MassRate / Area
+OddFlux=kg/hr-m2
+OdFlux=kg/hr-m2
+TEXT
+is "slate definitions that cannot be meant" '1: "Temp=C" does not belong to a slate.
+4: There is no slate "Nowhere".
+6: "temp" stands in line 5 already
+7: there are no units behind "Pres="
+8: "=" has nothing in front of the "=".
+9: "nonsense" is not a key=value line.
+10: "[]" is not a section name.
+11: "Temp=C" does not belong to a slate.
+12: "[P2" is not a section name.
+13: "Temp=C" does not belong to a slate.
+15: "R1" is based on itself, by way of "r2"
+17: "R2" is based on itself, by way of "r1"
+18: "p" stands in line 2 already
+21: "OdFlux" is no class of quantities. Did you mean "OddFlux"?' "$("$uom" check odd.txt | sed 's/^odd.txt://')"
+"$uom" slate Current >current.txt
+is "what the tool writes" "status 0" "$(run check current.txt)"
+echo nonsense >nonsense.txt
+is "several files, and standard input" 'nonsense.txt:1: this is no data file, no file of aliases and none of slate definitions
+hides.txt:1: "m" is a unit of Leng, which the alias hides
+hides.txt:2: "[Pres" has no "]" at its end
+standard input:1: "m" is a unit of Leng, which the alias hides
+status 1' "$(head -1 hides.txt | run check nonsense.txt hides.txt -)"
 is "no file" 'uom: Unable to open the Unit of Measure data file "none.txt".; status 1' \
     "$("$uom" check none.txt 2>&1 | tr '\n' ';'; echo " status ${PIPESTATUS[0]}")"
 
@@ -30,6 +79,7 @@ sed -e '/^BEGINUOMLIST/i Stray=1\nUOMOPTION fast' \
     -e "/^ENDUOMLIST/i KPA KPA2 'Again' 0 0.0 1.0\n9th NINTH 'Digit' 0 0.0 1.0\n'a - b' AB 'Blanks' 0 0.0 1.0" \
     -e "/^ENDUOMLIST/i lost LOST 'Lost' 0 0.0 1.0 // remark\nret RET 'Return' 0 0.0 1.0\r" \
     -e "/^ENDUOMLIST/i split SPLIT 'Split' 0 0.0 1.0${blanks}tail" \
+    -e "/^ENDUOMLIST/i zero ZERO 'Zero' 0 0.0 0\nminus MINUS 'Minus' 0 0.0 -1\nnone1 NAN 'NaN' 2 inf nan" \
     -e '/^BTU\/Kg-C /d' \
     -e '/^Dimensionless$/s/.*/Nonsense/' \
     -e '/^ENDSELECTLISTS/i BEGINLIST\nOXTimeList\nsec\nnone\nENDLIST' \
@@ -64,6 +114,11 @@ $(line lost): the comment mark in the line hides all of it: lost LOST 'Lost' 0 0
 $(line ret): a carriage return stays in the last field (lines with one: 1)
 $(line split): the line has more than 131 characters, the rest is read as a line of its own: tail
 $(line split): the unit has 1 fields in place of 6
+$(line ZERO): the factor "0" is not a finite number above 0
+$(line MINUS): the factor "-1" is not a finite number above 0
+$(line "'NaN'"): the multiplier style "2" is not 0 or 1
+$(line "'NaN'"): the offset "inf" is not a finite number
+$(line "'NaN'"): the factor "nan" is not a finite number above 0
 $(line ENDUOMLIST): the unit "BTU/Kg-C" is missing
 $(line Nonsense): the list "Nonsense" names no class and no application list
 $(line BTU/Kg-C): "BTU/Kg-C" in the list "Cp" is no unit

@@ -90,11 +90,46 @@ gpm m³/h --precision 6|1 gpm = 0.227125 m³/h
 250 kPag psia --class Pres --classic --precision 6|250 kPag = 50.9554 psia
 mW MW --class Power --classic|1 mW = 1 MW
 mW MW --class Power|1 mW = 1e-09 MW
+-40 F C --class Temp|-40 F = -40 C
+-5m ft --precision 4|-5 m = -16.4 ft
+−5 m ft --precision 4|-5 m = -16.4 ft
+--class TempDiff --precision 3 212 F C|212 F = 118 C
+--mode kesta --class Leng --precision 4 -- -5 m ft|-5 m = -16.4 ft
+1e308 km mm|uom: 1e+308 km has no finite result in "mm".
+1e400 m ft|uom: "1e400" is beyond the range of numbers.
+0x10 m ft|uom: "0x10" is not a number.
+unitz Leng|uom: "unitz" is no command and no unit. Did you mean "units"? (see uom typed --help)
+untis|uom: "untis" is no command. Did you mean "units"? A conversion has two units: uom 250 kPag psia (see uom --help)
+kPa|uom: "kPa" is no command. A conversion has two units: uom 250 kPag psia (see uom --help)
+-x|uom: "-x" is no option. (see uom --help)
+5 m ft --clas Leng|uom: "--clas" is no option of uom typed. Did you mean "--class"? (see uom typed --help)
+5 m ft --class|uom: --class has no value behind it. (see uom typed --help)
+5 m ft --output jsn|uom: --output: "jsn" is not csv, json or text. Did you mean "json"? (see uom typed --help)
+--mode kest slates|uom: --mode: "kest" is not kesta, vel2go or orbex. Did you mean "kesta"? (see uom slates --help)
+convert Presure kPa psi 1|uom: "Presure" is no class of quantities. Did you mean "Pres"?
+constants Pres kPs psi|uom: "kPs" is no unit that is known here. Did you mean "kPa"?
+convert Temp --from-slate Englsh --to-slate SI 1|uom: There is no slate "Englsh". Did you mean "English"?
+convert Leng km mm 1e308|uom: "1e308" has no finite result.
+search zzzzqq --output json|[];uom: Nothing is found for "zzzzqq".
+convert Leng ft m 1 2 --output csv|Value,Result;1,0.3048;2,0.6096
+convert Temp F C 32.00000018 --precision 3|1e-07
+convert Temp C F 20 --precision full|68
+convert Leng 10ft English 3|uom: "10ft" is a multiple of a unit, and a slate has units alone.
+constants Temp F C --precision full|factor 0.5555555555555556;offset -32
 212 F C --class TempDiff --output csv|Value,From,Result,To;212,F,117.777777778,C
 TEXT
 
+is "a unit behind a sign" "-40 F = -40 C" "$("$uom" "-40 F" C --class Temp)"
+is "no control characters" 'uom: There is no slate "\x1B[31m\x9B".' "$("$uom" slate $'\e[31m\u9b' 2>&1)"
+for words in '"" m ft' '5 m ft --class ""' '5 "" ft' '--data "" slates' 'show Pres --units ""' 'units Pres --slate " "'; do
+    eval "refused $words"
+done
 # A byte-order mark, and returns; words that other programs take for options or for patterns of file names.
 is "marked input" "0.3048 0.6096" "$(printf '\xEF\xBB\xBF1\r\n2\r\n' | "$uom" convert Leng ft m | xargs)"
+is "input with CR" "0.3048 0.6096 0.9144" "$(printf '1\r2\r\n3' | "$uom" convert Leng ft m | xargs)"
+is "input without results" "0.3048  status 1" "$(printf '1\n1e400' | run convert Leng ft m 2>/dev/null | sed '/^uom/d' | paste -sd' ')"
+is "input as a table" '[,  {"value":1,"result":0.3048},,  {"value":null,"result":null},]' \
+    "$(printf '1\n\n' | "$uom" convert Leng ft m --output json | paste -sd,)"
 is "words with a slash in front" "3600" "$(run convert /Time /sec /hr 1 | head -1)"
 is "words with a star" "1000" "$(cd "$(mktemp -d)" && touch kam && "$uom" convert Leng 'k*m' m 1; rm kam; rmdir "$PWD" 2>&1)"
 
@@ -103,5 +138,6 @@ is "constants" "212.000" "$(awk '/factor/ { f = $2 } /offset/ { o = $2 } END { p
 is "not linear" $'uom: The conversion from "API" to "kg/m3" is not linear.\nstatus 1' "$(run constants PetroDensity API kg/m3)"
 is "version" "uom $(sed -n 's/^#define UOM_VERSION "\(.*\)"/\1/p' "$2/include/uom/uom.h") status 0" "$(run --version | xargs)"
 run --help | grep -q 'uom convert Temp C F' || is "help" "examples" "none"
+is "help as a word" "$("$uom" --help)" "$("$uom" help)"
 is "help's status" "status 0" "$(run convert --help | tail -1)"
 exit $failed

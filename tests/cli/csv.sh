@@ -43,7 +43,10 @@ quotes inside cells!a,L\n5" pipe,10\nx"y,20\n!--column L=ft:m@Leng!a,L\n5" pipe,
 text behind a closing quote!a,L\n"x"y,10\n"x" ,20\n!--column L=ft:m@Leng!a,L\n"x"y,3.048\n"x" ,6.096
 quoted headings!"the ""L"", in ft",b\n10,x\n!--column 1=ft:m@Leng!"the ""L"", in ft",b\n3.048,x
 empty cells!L,b\n,x\n"",y\n  ,z\n" ",w\n10,\n!--column L=ft:m@Leng!L,b\n,x\n"",y\n  ,z\n" ",w\n3.048,
-short and empty rows!a,L\nx\n\n\r\ny,10,more,30\n!--column L=ft:m@Leng!a,L\nx\n\n\r\ny,3.048,more,30
+empty and long rows!a,L\n\n \n\r\ny,10,more,30\n!--column L=ft:m@Leng!a,L\n\n \n\r\ny,3.048,more,30
+short rows!a,L,c,M\nx\ny,10\n!--column L=ft:m@Leng --column M=ft:m@Leng!a,L,c,M\nx\ny,3.048;the standard input: row 2, column "L": the row ends in front of it.;the standard input: row 2, column "M": the row ends in front of it.;the standard input: row 3, column "M": the row ends in front of it.;status 3
+CR alone!L,b\r1,x\r10,y\r!--column L=ft:m@Leng!L,b\r0.3048,x\r3.048,y\r
+all line ends, and a quoted one!b,L\r"x\r",1\r\ny,10\nz,x\rw,20\n!--column L=ft:m@Leng!b,L\r"x\r",0.3048\r\ny,3.048\nz,x\rw,6.096;the standard input: row 4, column "L": "x" is not a number.;status 3
 blanks and signs!L,b\n 10 ,x\n\t+20,y\n-10,z\n!--column L=ft:m@Leng!L,b\n 3.048 ,x\n\t6.096,y\n-3.048,z
 forms of numbers!L\n1e1\n1E+01\n10.\n.1e2\n0010\n!--column L=ft:m@Leng!L\n3.048\n3.048\n3.048\n3.048\n3.048
 no value!L\nnan\nNaN\n-2e35\ninf\n!--column L=ft:m@Leng!L\nnan\nNaN\n-2e35\ninf
@@ -51,10 +54,14 @@ large and small!L\n1e300\n1e-300\n!--column L=m:mm@Leng!L\n1e+303\n1e-297
 semicolons!a;L\nx,y;10\n!--separator ; --column L=ft:m@Leng!a;L\nx,y;3.048
 tabs!a\tL\nx\t10\n\t20\n!--separator tab --column L=ft:m@Leng!a\tL\nx\t3.048\n\t6.096
 bad cells!b,L\nx,abc\ny,1,5\nz,"1,5"\nw,10 ft\nv,0x10\nu,10\n!--column L=ft:m@Leng!b,L\nx,abc\ny,0.3048,5\nz,"1,5"\nw,10 ft\nv,0x10\nu,3.048;the standard input: row 2, column "L": "abc" is not a number.;the standard input: row 4, column "L": "1,5" is not a number.;the standard input: row 5, column "L": "10 ft" is not a number.;the standard input: row 6, column "L": "0x10" is not a number.;status 3
+no finite result!L\n1e308\n1\nx\ninf\n!--column L=km:mm@Leng!L\n1e308\n1e+06\nx\ninf;the standard input: row 2, column "L": "1e308" has no finite result.;the standard input: row 4, column "L": "x" is not a number.;status 3
 too large a number!L\n1e999\n-1e999\n!--column L=ft:m@Leng!L\n1e999\n-1e999;the standard input: row 2, column "L": "1e999" is not a number.;the standard input: row 3, column "L": "-1e999" is not a number.;status 3
 bad cells behind quoted line ends!a,L\n"1\n2",x\n"3\n4",--5\n!--column L=ft:m@Leng!a,L\n"1\n2",x\n"3\n4",--5;the standard input: row 2, column "L": "x" is not a number.;the standard input: row 3, column "L": "--5" is not a number.;status 3
 bad cells without a header!x,y\n!--no-header --column 2=ft:m@Leng!x,y;the standard input: row 1, column "2": "y" is not a number.;status 3
-an open quote!L,b\n10,x\n"10,y\n20,z\n!--column L=ft:m@Leng!L,b\n3.048,x\n"10,y\n20,z;the standard input: row 3, column "L": ""10,y 20,z" is not a number.;status 3
+an open quote!L,b\n10,x\n"10,y\n20,z\n!--column L=ft:m@Leng!L,b\n3.048,x\n"10,y\n20,z;the standard input: row 3, column "L": ""10,y 20,z" is not a number.;the standard input: row 3: a quotation mark is not closed; what is behind it was not converted.;status 1
+an open quote elsewhere!P,R\n1,"5 inch\n2,x\n!--column P=m:cm@Leng!P,R\n100,"5 inch\n2,x;the standard input: row 2: a quotation mark is not closed; what is behind it was not converted.;status 1
+an open quote in the header!P,"R\n1,2\n!--column P=m:cm@Leng!the standard input: row 1: a quotation mark is not closed; what is behind it was not converted.;status 1
+a quote closed at the end!P,R\n1,"a""b"!--column P=m:cm@Leng!P,R\n100,"a""b"
 no such column!L,"b, c"\n1,2\n!--column M=ft:m@Leng!There is no column "M"; those there are: "L", "b, c".;status 1
 number 0!L,b\n1,2\n!--column 0=ft:m@Leng!There is no column "0"; those there are: "L", "b".;status 1
 a number beyond!L,b\n1,2\n!--column 3=ft:m@Leng!There is no column "3"; those there are: "L", "b".;status 1
@@ -62,6 +69,10 @@ a number beyond, no header!1,2\n!--no-header --column 3=ft:m@Leng!There is no co
 a heading without a header!L,2\n!--no-header --column L=ft:m@Leng!There is no column "L"; the first row has 2 cells.;status 1
 two of a name!L,L\n1,2\n!--column L=ft:m@Leng!There are 2 columns "L": name the one by its number.;status 1
 a column twice!L,b\n1,2\n!--column L=ft:m@Leng --column 1=m:ft@Leng!"L" and "1" are the same column.;status 1
+a heading that is near!Pres,b\n1,2\n!--column Prs=ft:m!There is no column "Prs"; those there are: "Pres", "b". Did you mean "Pres"?;status 1
+two meanings!T\n212\n!--column T=F:C!T\n100;Column "T": Read as Temp; as TempDiff, 1 F is 0.555556 C.
+classic units!W\n1\n!--classic --column W=mW:MW@Power!W\n1
+UTF-16!\xFF\xFEL\0\n\0!--column L=ft:m!the standard input is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).;status 1
 no class!L,b\n1,2\n!--column L=ft:m!L,b\n0.3048,2
 a bad class!L,b\n1,2\n!--column L=ft:m@Nope!Column "L": "Nope" is no class of quantities.;status 1
 a bad unit!L,b\n1,2\n!--column L=nope:m@Leng!Column "L": "nope" is no unit that is known here.;status 1
@@ -78,7 +89,7 @@ is "a quoted heading" $'"the ""L"""\n3.048' "$(printf '"the ""L"""\n10\n' | "$uo
 is "status of bad cells" 3 $?
 cmp -s bad.csv out.csv || is "bad cells" "as they were" "others"
 is "so many are told" 21 "$(wc -l <messages.txt)"
-is "the last told" 'uom: "bad.csv": row 21, column "L": "x20" is not a number.;uom: "bad.csv": 11 more cells are not numbers.;' \
+is "the last told" 'uom: "bad.csv": row 21, column "L": "x20" is not a number.;uom: "bad.csv": 11 more cells were not converted.;' \
     "$(tail -2 messages.txt | tr '\n' ';')"
 is "a long cell" "\"$(printf '%040d' 0 | tr 0 z)...\" is not a number." \
     "$(tail -1 bad.csv | "$uom" convert --csv - --no-header --column 1=ft:m@Leng 2>&1 >/dev/null | sed 's/.*: //')"
@@ -110,6 +121,14 @@ is "long rows" "$(sed 's/,10$/,3.048/; s/,20$/,6.096/; s/,30$/,9.144/' long.csv 
 is "a quote that is never closed" 'uom: A row of "open.csv" has more than 64 MB: a closing quotation mark is missing.;1' \
     "$("$uom" convert --csv open.csv --column L=ft:m@Leng 2>&1 >/dev/null | tr '\n' ';'; echo "${PIPESTATUS[0]}")"
 
+# CR alone, over the ends of blocks.
+tr '\n' '\r' <many.csv >returns.csv
+is "many rows with CR" "$(tr '\n' '\r' <expected.csv | cksum)" \
+    "$("$uom" convert --csv returns.csv --column L=ft:in@Leng --column P=kPa:Pa@Pres --precision 10 | cksum)"
+seq 300000 | sed 's/.*/wide&/' | paste -sd, >wide.csv
+is "a message of many columns" 1 "$("$uom" convert --csv wide.csv --column 'wde 1=ft:m@Leng' 2>&1 | awk 'length < 500' | wc -l)"
+is "a tab by itself" $'a\tL\nx\t3.048' "$(printf 'a\tL\nx\t10\n' | "$uom" convert --csv - --separator $'\t' --column L=ft:m@Leng)"
+
 # Files.
 printf 'L\n10\n' >in.csv
 column=(--column L=ft:m@Leng)
@@ -117,6 +136,26 @@ is "to standard output by name" $'L\n3.048\nstatus 0' "$(run convert --csv in.cs
 echo "what stood there, and longer" >out.csv
 is "over a file" $'status 0\nL\n3.048' "$(run convert --csv in.csv "${column[@]}" -o out.csv; cat out.csv)"
 echo "stays" >out.csv
+# A file takes its name at the end; what is behind a link is replaced, with its permissions, and the rest is left alone.
+if [ -z "$windows" ]; then
+    chmod 640 out.csv && ln -s out.csv link.csv
+    is "over a link" "status 0 640 link L 3.048" \
+        "$({ run convert --csv in.csv "${column[@]}" -o link.csv; stat -c %a out.csv; [ -L link.csv ] && echo link; cat out.csv; } | xargs)"
+    echo "stays" >out.csv
+    printf 'L\n"1\n' | "$uom" convert --csv - "${column[@]}" -o out.csv 2>/dev/null
+    is "a failed call leaves the output alone" "stays " "$(cat out.csv) $(find . -name 'out.csv.part*')"
+    { echo L; seq 600000; sleep 4; } | "$uom" convert --csv - "${column[@]}" -o out.csv 2>/dev/null &
+    tool=$!
+    for ((i = 0; i < 30; i++)); do
+        [ -z "$(find . -name 'out.csv.part*' -size +0)" ] || break
+        sleep 0.1
+    done
+    is "the output of a call that goes on" "1 stays" "$(find . -name 'out.csv.part*' | wc -l) $(cat out.csv)"
+    kill "$tool"
+    wait "$tool" 2>/dev/null
+    is "an interrupted call leaves the output alone" "stays " "$(cat out.csv) $(find . -name 'out.csv.part*')"
+    is "a pipe for output" $'L\n3.048' "$(mkfifo pipe; cat pipe & "$uom" convert --csv in.csv "${column[@]}" -o pipe; wait)"
+fi
 is "a refused call leaves the output alone" "stays" "$(run convert --csv in.csv --column M=ft:m@Leng -o out.csv >/dev/null; cat out.csv)"
 is "the input for output" $'uom: The output is the input file "in.csv".\nstatus 1' "$(run convert --csv in.csv "${column[@]}" -o ./in.csv)"
 is "which stays" "L 10" "$(xargs <in.csv)"
@@ -130,7 +169,7 @@ is "no room" $'uom: Unable to write "/dev/full": No space left on device.\nstatu
 is "no room for many" 1 "$("$uom" convert --csv many.csv --column L=ft:m@Leng 2>/dev/null >/dev/full; echo $?)"
 
 for usage in "--csv in.csv" "--csv in.csv Leng" "--column L=ft:m@Leng Leng ft m 1" "--no-header Leng ft m 1" \
-    "--csv in.csv --column "{L,L=ft,=ft:m,L=ft:,L=:m,L=ft:m:in,ft:m} \
+    "--csv in.csv --column "{L,L=ft,=ft:m,L=ft:,L=:m,L=ft:m:in,ft:m,L=ft:m@} "--csv in.csv --classic --column L=ft:m" "--csv in.csv --output json --column L=ft:m" \
     "--csv in.csv --column L=ft:m@Leng --"{"format %g","from-slate SI --to-slate SI","separator .","separator x"}; do
     # shellcheck disable=SC2086 # words
     refused convert $usage

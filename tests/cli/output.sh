@@ -45,6 +45,8 @@ is "no rows" "[] status 0" "$(run check "$data" --output json | xargs)"
 is "findings" '[,  {"file":"none/x","line":1,"finding":"two \"words\""},],status 1' \
     "$(mkdir none; { echo 'two "words"'; cat "$data"; } >none/x
     run check none/x --output json | sed 's/"finding":"[^t]*t[^:]*: two/"finding":"two/' | paste -sd,)"
+is "what is offered" '{"class":"VolRate","unit":"liter/min","offset":null,"factor":null,"description":"Offered"}' \
+    "$("$uom" units VolRate --output json | grep -o '{[^}]*"liter/min"[^}]*}')"
 is "the end" ']' "$("$uom" constants Temp C K --output json | tail -1)"
 is "any case" "$("$uom" slates --output csv)" "$("$uom" slates --output CSV)"
 is "text" "$("$uom" slates)" "$("$uom" slates --output text)"

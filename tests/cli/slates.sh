@@ -79,6 +79,14 @@ is "each broken line" '1:1 2:4 3:5 4:6 5:7 6:8 7:9 8:10 9:11 10:12 11:13 12:16 1
     "$("$uom" --define broken.txt slates 2>&1 | sed -n 's/^uom: broken.txt:\([0-9]*\): ..*/\1/p' | grep -n . | xargs) status $("$uom" --define broken.txt slates >/dev/null 2>&1; echo $?)"
 is "its message" 'uom: broken.txt:5: Unrecognized Unit-of-Measure class "Wrong".' \
     "$("$uom" --define broken.txt slates 2>&1 | grep :5:)"
+printf '[Plant]\nBasedOn=Metrik\nCopyFrom=Englisch\nPres=kPs\n' >near.txt
+is "names that are near" 'near.txt:3: There is no slate "Englisch". Did you mean "English"?
+near.txt:4: UOM string "kPs": unidentified UOM for UOM class "Pres". Did you mean "kPa"?
+near.txt:2: There is no slate "Metrik". Did you mean "Metric"?' "$("$uom" --define near.txt slates 2>&1 | sed 's/^uom: //')"
+for words in "slate Plnat" "show Temp --slate Plnat" "units Temp --slate Plnat"; do
+    # shellcheck disable=SC2086 # words
+    is "$words" 'uom: There is no slate "Plnat". Did you mean "Plant"?' "$("$uom" --define plant.txt $words 2>&1)"
+done
 is "a pressure that is none" \
     'uom: broken.txt:10: "83,5" is no atmospheric pressure: "gaugepresbasis" wants a number in kPa.' \
     "$("$uom" --define broken.txt slates 2>&1 | grep :10:)"

@@ -14,6 +14,8 @@ Standard    Pres / (VolRate Temp)2
 Dimensions  not known for a power of a group
 status 0' "$(run related "PresDiff/(VolRate Temp) 2")"
 is "dimensions" 'Dimensions  M 1  L -7  t 0  T 0  Q 0  $ 0' "$("$uom" related "Pres/VolRate 2" | grep Dim)"
+is "keyword of a unit that is near" 'uom: UOM string "kPs": unidentified UOM for UOM class "Pres". Did you mean "kPa"?' \
+    "$("$uom" keyword Pres kPs 2>&1)"
 is "related to an unknown class" 'uom: Parsing UOM class string "Pres/Nope" but unable to identify the UOM class "Nope".
 status 1' "$(run related Pres/Nope)"
 
@@ -66,6 +68,11 @@ TEXT
 is "report to a file" "status 0" "$(run report -o file.txt)"
 [ -z "$windows" ] || sed -i 's/\r$//' file.txt
 cmp -s full.txt file.txt || is "report to a file" "as to standard output" "other text"
+is "report to standard output by name" "$(cksum <full.txt) $("$uom" report --html | cksum)" \
+    "$("$uom" report --for full -o - | cksum) $("$uom" report --html -o - | cksum)$(find . -name '-')"
+refused report -o ""
+is "no such kind" 'uom: --for: "exel" is not enduser, excel, full, javadoc or uomslates. Did you mean "excel"? (see uom report --help)' \
+    "$("$uom" report --for exel 2>&1)"
 is "no such directory" $'uom: Unable to write the report to "none/file.txt": No such file or directory.\nstatus 1' \
     "$(run report -o none/file.txt)"
 is "no room" $'uom: Unable to write the report to "/dev/full".\nstatus 1' "$(run report -o /dev/full)"

@@ -5,6 +5,7 @@
 #include "class_names.h"
 #include "commands.h"
 #include "library.h"
+#include "options.h"
 #include "table.h"
 #include "text.h"
 
@@ -91,33 +92,23 @@ void printUnitsText(const uom::Chain &chain, bool marked) {
     }
 }
 
-// One table, in which the units tell their classes.
-void printUnitsTable(const uom::Chain &chain, bool marked, Output output) {
-    TextTable table = unitTable();
-    for (const UomStructNode &node : componentNodes(chain))
-        addUnitsOf(table, node);
-    if (!marked)
-        eraseColumn(table, 0);
-    print(table, output);
-}
-
 struct UnitsArguments {
     std::string classString, slate;
     Output output = Output::TEXT;
 };
 
-// A class string is often a unit, or misspelt.
-uom::Chain chainOf(const std::string &classString) {
-    auto chain = uom::Chain::tryMake(fromTerminal(classString));
-    if (chain)
-        return std::move(chain).take();
-    const std::vector<std::string> classes = uom::entryClasses(classString);
-    if (!classes.empty())
-        throw Failure("\"" + classString + "\" is no class; it is a unit of " + classes[0] + " (see uom units " +
-                      classes[0] + ").");
-    const auto asked = uom::tryReadEntry(classString, "kg");
-    const bool suggested = !asked && asked.message().find("Did you mean") != std::string::npos;
-    throw Failure(suggested ? asked.message() : chain.message());
+// One table, in which the units tell their classes: those offered for a quantity that is made of several first, without
+// numbers.
+void printUnitsTable(const uom::Chain &chain, bool marked, const UnitsArguments &arguments) {
+    TextTable table = unitTable();
+    if (chain.get()->next)
+        for (const std::string &choice : uom::choices(arguments.classString))
+            table.rows.push_back({"", chain.classText(), choice, "", "", "Offered"});
+    for (const UomStructNode &node : componentNodes(chain))
+        addUnitsOf(table, node);
+    if (!marked)
+        eraseColumn(table, 0);
+    print(table, arguments.output);
 }
 
 // What interfaces offer for a quantity that is made of several.
@@ -132,17 +123,17 @@ void printChoices(const std::string &classString) {
 }
 
 int runUnits(const UnitsArguments &arguments) {
-    const uom::Chain chain = chainOf(arguments.classString);
+    const uom::Chain chain = requireClass(arguments.classString);
     const bool several = chain.get() && chain.get()->next;
     if (several && arguments.output == Output::TEXT)
         printChoices(arguments.classString);
     const bool marked = !arguments.slate.empty();
     if (marked)
-        uom_InitializeUnits(chain.get(), uom::findSlate(arguments.slate));
+        uom_InitializeUnits(chain.get(), requireSlate(arguments.slate));
     if (arguments.output == Output::TEXT)
         printUnitsText(chain, marked);
     else
-        printUnitsTable(chain, marked, arguments.output);
+        printUnitsTable(chain, marked, arguments);
     return 0;
 }
 
@@ -165,7 +156,8 @@ Action addUnits(CLI::App &command) {
     const auto arguments = std::make_shared<UnitsArguments>();
     command.add_option("CLASS", arguments->classString, "Class, or class string")->required();
     command.add_option("--slate", arguments->slate, "Mark the default units of this slate with *")
-        ->option_text("SLATE");
+        ->option_text("SLATE")
+        ->check(notEmpty());
     addOutput(command, arguments->output);
     command.footer("Value in base units = (value + offset) * factor; the offset counts in temperatures and pressures.\n"
                    "For a composite class, the units of its components.");

@@ -1,4 +1,5 @@
 // The unit list of a data file: what a line says, and what the library looks for by name.
+#include <cmath>
 #include <map>
 #include <sstream>
 
@@ -9,17 +10,43 @@
 namespace {
 
 constexpr size_t UNIT_FIELDS = 6;
-const char *const fieldNames[UNIT_FIELDS] = {"token", "keyword", "description", "multiplier style", "offset", "factor"};
-constexpr size_t FIRST_NUMBER = 3;
 
-void checkFields(const DataLine &unit, Findings &findings) {
+// What a number of each field has to be.
+bool isStyle(double value) {
+    return value == 0.0 || value == 1.0;
+}
+bool isFinite(double value) {
+    return std::isfinite(value);
+}
+bool isFactor(double value) {
+    return std::isfinite(value) && value > 0.0;
+}
+struct NumberField {
+    size_t place;
+    const char *name;
+    bool (*isGood)(double value);
+    const char *wanted;
+};
+const NumberField numberFields[] = {
+    {3, "multiplier style", isStyle, "0 or 1"},
+    {4, "offset", isFinite, "a finite number"},
+    {5, "factor", isFactor, "a finite number above 0"},
+};
+
+void checkFields(const DataLine &unit, bool placeholder, Findings &findings) {
     const size_t count = unit.tokens.size();
     if (count != UNIT_FIELDS)
         findings.push_back({unit.number, "the unit has " + std::to_string(count) + " fields in place of 6"});
-    for (size_t i = FIRST_NUMBER; i < std::min(count, UNIT_FIELDS); ++i)
-        if (!parseNumber(unit.tokens[i]))
-            findings.push_back(
-                {unit.number, "the " + std::string(fieldNames[i]) + " \"" + unit.tokens[i] + "\" is not a number"});
+    for (const NumberField &field : numberFields) {
+        if (field.place >= count)
+            return;
+        const auto value = parseNumber(unit.tokens[field.place]);
+        const std::string what = "the " + std::string(field.name) + " \"" + unit.tokens[field.place] + "\" is not ";
+        if (!value)
+            findings.push_back({unit.number, what + "a number"});
+        else if (!placeholder && !field.isGood(*value))
+            findings.push_back({unit.number, what + field.wanted});
+    }
 }
 
 // Units are found in normal texts, at a letter, "$" or "(".
@@ -74,6 +101,6 @@ void checkTokens(const DataFile &file, Findings &findings) {
 
 void checkUnits(const DataFile &file, Findings &findings) {
     for (const DataLine &unit : file.units)
-        checkFields(unit, findings);
+        checkFields(unit, &unit == &file.units.front(), findings);
     checkTokens(file, findings);
 }

@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -17,6 +19,9 @@ using Action = std::function<int()>;
 
 // Declares the arguments of a command and answers what does its work.
 using AddCommand = Action (*)(CLI::App &command);
+
+// Of all commands.
+std::vector<std::string> commandNames();
 
 Action addTyped(CLI::App &command);
 Action addSearch(CLI::App &command);

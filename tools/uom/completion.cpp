@@ -33,26 +33,35 @@ std::vector<std::string> optionNames(const CommandInfo &command) {
     return names;
 }
 
-bool anyArgument(const CommandInfo &command, bool (*takes)(const OptionInfo &)) {
-    return std::any_of(command.arguments.begin(), command.arguments.end(), takes);
+// The options with a value that may stand in front of a command or of what is typed.
+std::vector<std::string> valueOptions(const ToolInfo &info) {
+    std::vector<std::string> names;
+    for (const CommandInfo *command : {&info.tool, &info.commands.front()})
+        for (const OptionInfo &option : command->options)
+            if (!option.value.empty())
+                names.insert(names.end(), option.names.begin(), option.names.end());
+    return names;
 }
 
-// What a shell does for a value, of which there may be a list: with files, with names of the catalogue, and else.
+// What a shell does for a value, of which there may be a list: with files, with names of the catalogue, and else. "@" is
+// for the kinds of names.
 struct Actions {
     std::string files, names;
 };
+std::string actionOf(bool files, const std::string &kinds, const Actions &actions, const std::string &otherwise) {
+    return files ? actions.files : kinds.empty() ? otherwise : replaced(actions.names, "@", kinds);
+}
 std::string actionOf(const OptionInfo &option, const Actions &actions, const std::string &otherwise) {
-    return takesFile(option) ? actions.files : takesNames(option) ? actions.names : otherwise;
+    return actionOf(takesFile(option), nameKinds(option), actions, otherwise);
 }
 std::string actionOf(const CommandInfo &command, const Actions &actions, const std::string &otherwise) {
-    return anyArgument(command, takesFile)    ? actions.files
-           : anyArgument(command, takesNames) ? actions.names
-                                              : otherwise;
+    const bool files = std::any_of(command.arguments.begin(), command.arguments.end(), takesFile);
+    return actionOf(files, nameKinds(command), actions, otherwise);
 }
 
 // --- bash
 
-const Actions BASH = {"_uom_files", "_uom_names"};
+const Actions BASH = {"_uom_files", "_uom_names @"};
 
 // The case of an option in front of the word: "COMMAND:--option" with what completes its value.
 std::string bashValueCases(const CommandInfo &command, const std::string &pattern) {
@@ -85,7 +94,7 @@ std::string bashScript(const ToolInfo &info) {
         "    compopt -o filenames 2>/dev/null\n"
         "    mapfile -t COMPREPLY < <(compgen -f -- \"$current\")\n"
         "}\n"
-        "_uom_names() { mapfile -t COMPREPLY < <(\"${COMP_WORDS[0]}\" --complete \"$current\" 2>/dev/null); }\n"
+        "_uom_names() { mapfile -t COMPREPLY < <(\"${COMP_WORDS[0]}\" --complete \"$1:$current\" 2>/dev/null); }\n"
         "_uom_options() {\n"
         "    [[ $current == -* ]] || return 1\n"
         "    _uom_words \"$1\"\n"
@@ -98,6 +107,11 @@ std::string bashScript(const ToolInfo &info) {
         "        " +
         joined(commandNames(info), " | ") +
         ") command=${COMP_WORDS[i]}; break ;;\n"
+        "        " +
+        joined(valueOptions(info), " | ") +
+        ") i=$((i + 1)) ;;\n"
+        "        --*) ;;\n"
+        "        *) command=typed; break ;;\n"
         "        esac\n"
         "    done\n"
         "    case $command:$previous in\n";
@@ -107,8 +121,7 @@ std::string bashScript(const ToolInfo &info) {
     text += "    esac\n"
             "    case $command in\n"
             "    '') _uom_options '" +
-            globals + "' || { [[ $previous == [0-9]* ]] || _uom_words '" + commands +
-            "'; [[ ${COMPREPLY[*]} ]] || _uom_names; } ;;\n";
+            globals + "' || { _uom_words '" + commands + "'; [[ ${COMPREPLY[*]} ]] || _uom_names u; } ;;\n";
     for (const CommandInfo &command : info.commands)
         text += bashWordCase(command, globals);
     return text + "    esac\n"
@@ -124,7 +137,7 @@ std::string zshText(std::string text) {
     return replaced(text, "'", "'\\''");
 }
 
-const Actions ZSH = {"_files", "_uom_names"};
+const Actions ZSH = {"_files", "_uom_names @"};
 
 std::string zshAction(const OptionInfo &option) {
     return actionOf(option, ZSH, option.choices.empty() ? " " : "(" + joined(option.choices, " ") + ")");
@@ -146,7 +159,7 @@ std::string zshScript(const ToolInfo &info) {
     const std::string globals = zshOptions(info.tool);
     std::string text = "#compdef uom\n"
                        "_uom_names() { compadd -U -- ${(f)\"$(_call_program names ${service:-uom} --complete "
-                       "${(q)PREFIX})\"} }\n"
+                       "${argv[-1]}:${(q)PREFIX})\"} }\n"
                        "_uom() {\n"
                        "    local curcontext=$curcontext state\n"
                        "    local -a line commands\n"
@@ -158,12 +171,15 @@ std::string zshScript(const ToolInfo &info) {
             globals +
             " \\\n            '1: :->command' '*:: :->arguments'\n"
             "    case $state in\n"
-            "    command) _describe command commands ;;\n"
+            "    command) _describe command commands; _uom_names u ;;\n"
             "    arguments)\n"
             "        case $words[1] in\n";
     for (const CommandInfo &command : info.commands)
         text += "        " + command.name + ") _arguments" + zshOptions(command) + globals +
                 " \\\n            '*: :" + actionOf(command, ZSH, " ") + "' ;;\n";
+    const CommandInfo &typed = info.commands.front(); // whose name may be left out
+    text += "        *) _arguments" + zshOptions(typed) + globals +
+            " \\\n            '*: :" + actionOf(typed, ZSH, " ") + "' ;;\n";
     return text + "        esac ;;\n"
                   "    esac\n"
                   "}\n"
@@ -180,7 +196,7 @@ std::string fishName(const std::string &name) {
     return name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
 }
 
-const std::string FISH_NAMES = " -x -a '(uom --complete (commandline -ct) 2>/dev/null)'";
+const std::string FISH_NAMES = " -x -a '(uom --complete @:(commandline -ct) 2>/dev/null)'";
 const Actions FISH = {" -r -F", FISH_NAMES};
 
 std::string fishOptions(const CommandInfo &command, const std::string &condition) {
@@ -203,7 +219,8 @@ std::string fishScript(const ToolInfo &info) {
     const std::string none = fishText("not " + seen + joined(commandNames(info), " "));
     std::string text = "# fish completion for uom\n"
                        "complete -c uom -f\n" +
-                       fishOptions(info.tool, "") + "complete -c uom -n " + none + FISH_NAMES + "\n";
+                       fishOptions(info.tool, "") + fishOptions(info.commands.front(), " -n " + none) +
+                       "complete -c uom -n " + none + replaced(FISH_NAMES, "@", "u") + "\n";
     for (const CommandInfo &command : info.commands) {
         const std::string condition = " -n " + fishText(seen + command.name);
         text += "complete -c uom -n " + none + " -a " + command.name + " -d " + fishText(command.purpose) + "\n" +

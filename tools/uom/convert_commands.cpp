@@ -5,21 +5,18 @@
 #include <map>
 #include <memory>
 
+#include "class_names.h"
 #include "commands.h"
 #include "csv_command.h"
 #include "library.h"
+#include "options.h"
+#include "prepare_conversion.h"
 #include "table.h"
 #include "text.h"
 
 namespace {
 
 constexpr const char *CSV_GROUP = "Columns of a CSV file";
-
-// Unit texts as the classical operations read them; a typed text may be a multiple of its unit.
-struct Units {
-    std::string classString, from, to;
-    double fromScale = 1.0, toScale = 1.0;
-};
 
 // FROM and TO are either the words behind CLASS or the names of two slates, by option.
 struct ConversionArguments {
@@ -41,41 +38,28 @@ void addConversionArguments(CLI::App &command, ConversionArguments &arguments, c
     CLI::Option *from = command
                             .add_option("--from-slate", arguments.fromSlate,
                                         "Convert from the units of this slate, in place of FROM and TO")
-                            ->option_text("SLATE");
-    CLI::Option *to =
-        command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate")->option_text("SLATE");
+                            ->option_text("SLATE")
+                            ->check(notEmpty());
+    CLI::Option *to = command.add_option("--to-slate", arguments.toSlate, "Convert to the units of this slate")
+                          ->option_text("SLATE")
+                          ->check(notEmpty());
     from->needs(to);
     to->needs(from);
     command.add_flag("--classic", arguments.classic,
                      "Read unit texts as the classical operations do, which pass over what they do not know");
 }
 
-// The catalogue's text for a typed unit, and what one of the typed unit is in it. Names of slates stay as they are.
-std::string readUnit(const std::string &classString, const std::string &text, double &scale) {
-    const uom::Result<uom::Chain> chain = uom::Chain::tryMake(fromTerminal(classString));
-    if (!chain)
-        throw Failure(chain.message());
-    if (uom_GetSetType(fromTerminal(text).c_str()) > 0)
-        return fromTerminal(text);
-    const auto entry = uom::tryReadEntry(classString, text);
-    if (!entry)
-        throw Failure(entry.message());
-    scale = entry->scale * entry->value.value_or(1.0);
-    return entry->units;
-}
-
-Units readUnits(const ConversionArguments &arguments) {
+// Between the units of the words, or of two slates.
+uom::Conversion prepare(const ConversionArguments &arguments) {
+    const std::vector<std::string> &words = arguments.words;
+    requireClass(words[0]);
     if (arguments.hasSlates()) {
-        uom::findSlate(arguments.fromSlate);
-        uom::findSlate(arguments.toSlate);
-        return {fromTerminal(arguments.words[0]), arguments.fromSlate, arguments.toSlate};
+        requireSlate(arguments.fromSlate);
+        requireSlate(arguments.toSlate);
+        return prepareClassic(words[0], arguments.fromSlate, arguments.toSlate);
     }
-    if (arguments.classic)
-        return {fromTerminal(arguments.words[0]), fromTerminal(arguments.words[1]), fromTerminal(arguments.words[2])};
-    Units units = {fromTerminal(arguments.words[0]), {}, {}};
-    units.from = readUnit(arguments.words[0], arguments.words[1], units.fromScale);
-    units.to = readUnit(arguments.words[0], arguments.words[2], units.toScale);
-    return units;
+    return arguments.classic ? prepareClassic(words[0], words[1], words[2])
+                             : prepareConversion(words[0], words[1], words[2], nullptr);
 }
 
 // Too few words, or none at all, are wrong usage, not a failure of the conversion.
@@ -84,62 +68,77 @@ void requireUnitWords(const ConversionArguments &arguments) {
         throw CLI::RequiredError("CLASS, FROM and TO, or CLASS with --from-slate and --to-slate,");
 }
 
-// Says why units were refused; of a class string with no class in it ("", "/") the library says nothing.
-[[noreturn]] void refuse() {
-    const std::string message = uom::lastMessage();
-    throw Failure(message.empty() ? "The Unit-of-Measure class is missing." : message);
+std::string resultText(const ConversionArguments &arguments, double value) {
+    return arguments.format.empty() ? roundedNumber(value, arguments.digits) : formatNumber(arguments.format, value);
 }
 
-// Each value is a call of its own: what a value gives does not depend on its place in the input.
-double convert(const Units &units, double value) {
-    if (units.fromScale != 1.0)
-        value *= units.fromScale;
-    if (uoms_ConvertArray(&value, 1, units.classString.c_str(), units.from.c_str(), units.to.c_str()) != UOM_DONE)
-        refuse();
-    return units.toScale == 1.0 ? value : value / units.toScale;
+void addResult(const ConversionArguments &arguments, TextTable &table, const std::string &typed, double result) {
+    table.rows.push_back({typed, resultText(arguments, result)});
 }
 
-void printValue(const ConversionArguments &arguments, double value) {
-    if (arguments.format.empty())
-        std::cout << roundedNumber(value, arguments.digits) << '\n';
-    else
-        std::cout << formatNumber(arguments.format, value) << '\n';
+TextTable resultTable() {
+    return {{{"Value", true}, {"Result", true}}};
 }
 
-int convertWords(const ConversionArguments &arguments, const Units &units) {
-    std::vector<double> values;
+// As text a result a line, else with its value.
+void printResults(const ConversionArguments &arguments, const TextTable &table) {
+    if (arguments.output != Output::TEXT)
+        return print(table, arguments.output);
+    for (const auto &row : table.rows)
+        std::cout << row[1] << '\n';
+}
+
+int convertWords(const ConversionArguments &arguments, const uom::Conversion &conversion) {
+    TextTable table = resultTable();
     for (size_t i = arguments.unitWords(); i < arguments.words.size(); ++i) {
-        const auto value = parseNumber(arguments.words[i]);
+        const std::string &word = arguments.words[i];
+        const auto value = parseNumber(word);
         if (!value)
-            throw Failure("\"" + arguments.words[i] + "\" is not a number.");
-        values.push_back(*value);
+            throw Failure(numberFault(word));
+        const double result = conversion(*value);
+        if (std::isfinite(*value) && !std::isfinite(result))
+            throw Failure("\"" + std::string(trimmed(word)) + "\" has no finite result.");
+        addResult(arguments, table, std::string(trimmed(word)), result);
     }
-    for (const double value : values)
-        printValue(arguments, convert(units, value));
+    printResults(arguments, table);
     return 0;
+}
+
+// What is wrong with a line of input, and its result.
+std::string convertLine(const uom::Conversion &conversion, const std::string &text, double &result) {
+    const auto value = parseNumber(text);
+    if (!value)
+        return numberFault(text);
+    result = conversion(*value);
+    return std::isfinite(*value) && !std::isfinite(result) ? "\"" + text + "\" has no finite result." : "";
 }
 
 // Each line of input has its line of output, empty where there is no number: a column stays in step with what it was
 // taken from. 1 when a line was no number.
-int convertInput(const ConversionArguments &arguments, const Units &units) {
+int convertInput(const ConversionArguments &arguments, const uom::Conversion &conversion) {
     int status = 0;
     std::string line;
-    for (int number = 1; readLine(std::cin, line, number); ++number) {
+    TextTable table = resultTable();
+    LineReader reader(std::cin);
+    for (int number = 1; reader.next(line); ++number) {
         const std::string text(trimmed(line));
-        const auto value = parseNumber(text);
-        if (value) {
-            printValue(arguments, convert(units, *value));
+        double result = 0.0;
+        const std::string fault = text.empty() ? "" : convertLine(conversion, text, result);
+        const std::string shown = text.empty() || !fault.empty() ? "" : resultText(arguments, result);
+        if (arguments.output == Output::TEXT)
+            std::cout << shown << '\n';
+        else
+            table.rows.push_back({text, shown});
+        if (fault.empty())
             continue;
-        }
-        std::cout << '\n';
-        if (text.empty())
-            continue;
-        std::cerr << "uom: standard input:" << number << ": \"" << toTerminal(text) << "\" is not a number.\n";
+        std::cerr << "uom: standard input:" << number << ": " << toMessage(fault) << '\n';
         status = 1;
     }
     // The stream takes a failed read for the end; the file knows better.
     if (std::ferror(stdin))
         throw Failure("Unable to read the standard input.");
+    if (arguments.output != Output::TEXT)
+        print(table, arguments.output);
     return status;
 }
 
@@ -148,26 +147,22 @@ std::string validateFormat(const std::string &format) {
 }
 
 int runConvert(const ConversionArguments &arguments) {
-    const Units units = readUnits(arguments);
-    convert(units, 0.0); // bad units fail before any input is read
+    const uom::Conversion conversion = prepare(arguments); // bad units fail before any input is read
     if (arguments.words.size() > arguments.unitWords())
-        return convertWords(arguments, units);
-    return convertInput(arguments, units);
+        return convertWords(arguments, conversion);
+    return convertInput(arguments, conversion);
 }
 
 int runConstants(const ConversionArguments &arguments) {
-    const Units units = readUnits(arguments);
-    double factor, offset;
-    const int32_t status =
-        uoms_CalculateConvConstants(units.classString.c_str(), units.from.c_str(), units.to.c_str(), &factor, &offset);
-    if (status == UOM_CONVERT_NOT_LINEAR)
-        throw Failure("The conversion from \"" + units.from + "\" to \"" + units.to + "\" is not linear.");
-    if (status != UOM_DONE)
-        refuse();
-    factor *= units.fromScale / units.toScale;
-    offset /= units.fromScale;
-    TextTable table = {{{"factor", true}, {"offset", true}},
-                       {{roundedNumber(factor, arguments.digits), roundedNumber(offset, arguments.digits)}}};
+    const auto constants = prepare(arguments).constants();
+    if (!constants && arguments.hasSlates())
+        throw Failure("The conversion is not linear.");
+    if (!constants)
+        throw Failure("The conversion from \"" + arguments.words[1] + "\" to \"" + arguments.words[2] +
+                      "\" is not linear.");
+    TextTable table = {
+        {{"factor", true}, {"offset", true}},
+        {{roundedNumber(constants->factor, arguments.digits), roundedNumber(constants->offset, arguments.digits)}}};
     table.upright = true;
     table.gap = 1;
     print(table, arguments.output);
@@ -181,7 +176,8 @@ std::string validateColumn(const std::string &text) {
 }
 
 // None that is a part of numbers.
-const std::map<std::string, char> separators = {{",", ','}, {";", ';'}, {"|", '|'}, {":", ':'}, {"tab", '\t'}};
+const std::map<std::string, char> separators = {{",", ','}, {";", ';'},    {"|", '|'},
+                                                {":", ':'}, {"tab", '\t'}, {"\t", '\t'}};
 
 std::string validateSeparator(const std::string &text) {
     return separators.count(text) ? "" : "\"" + text + "\" does not separate cells";
@@ -208,21 +204,21 @@ CLI::Option *addCsvArguments(CLI::App &command, CsvArguments &arguments) {
                     "NAME=FROM:TO or NAME=FROM:TO@CLASS; NAME is a heading or a number from 1; may be repeated")
         ->option_text("COLUMN")
         ->expected(1)
+        ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->check(CLI::Validator(validateColumn, ""))
         ->needs(csv)
         ->group(CSV_GROUP);
     command.add_option("--class", arguments.classString, "Class of the columns that name none")
         ->option_text("CLASS")
+        ->check(notEmpty())
         ->needs(csv)
         ->group(CSV_GROUP);
     command.add_option("-o", arguments.output, "Write to this file; - or none is standard output")
         ->option_text("FILE")
         ->needs(csv)
         ->group(CSV_GROUP);
-    command
-        .add_flag_callback(
-            "--no-header", [&arguments] { arguments.header = false; }, "The first line is a row like others")
+    command.add_flag("--no-header", arguments.noHeader, "The first line is a row like others")
         ->needs(csv)
         ->group(CSV_GROUP);
     addSeparator(command, csv, arguments.separator);
@@ -239,6 +235,10 @@ void requireCsvColumns(const ConvertArguments &arguments) {
         throw CLI::ExtrasError({arguments.conversion.words.back()});
     if (arguments.csv.columns.empty())
         throw CLI::RequiredError("--column");
+    if (arguments.conversion.classic && !hasClasses(arguments.csv))
+        throw CLI::RequiredError("A class for each column, with --classic,");
+    if (arguments.conversion.output != Output::TEXT)
+        throw CLI::ExcludesError("--csv", "--output");
 }
 
 } // namespace
@@ -251,6 +251,7 @@ Action addConvert(CLI::App &command) {
     CLI::Option *format = command.add_option("--format", conversion.format, "printf format of the results, like %.6g")
                               ->check(CLI::Validator(validateFormat, "FORMAT"))
                               ->excludes(precision);
+    addOutput(command, conversion.output);
     CLI::Option *csv = addCsvArguments(command, arguments->csv);
     csv->excludes(format)->excludes(command.get_option("--from-slate"))->excludes(command.get_option("--to-slate"));
     command.parse_complete_callback([arguments, csv] {
@@ -263,15 +264,16 @@ Action addConvert(CLI::App &command) {
         "Without values, reads them from standard input, one a line, and prints a line for each.\n"
         "\n"
         "With --csv, numbers in the columns named are replaced by their shortest texts that read back as the same\n"
-        "number, or those of --precision. All else goes through byte for byte. A cell that is no number stays as it "
-        "is\n"
-        "and is told on standard error, with its row (the first is 1, a header line too); the first 20 of them, and "
-        "how\n"
-        "many there are more. Then the tool ends with 3. Empty cells and NaN are no fault.\n"
+        "number, or those of --precision. All else goes through byte for byte. A cell that is no number or has no\n"
+        "finite result stays as it is and is told on standard error, with its row (the first is 1, a header line\n"
+        "too), and so is a row that ends in front of its cell; the first 20 of them, and how many there are more.\n"
+        "Then the tool ends with 3. Empty rows, empty cells and NaN are no fault. The file of -o takes its name when\n"
+        "all is written.\n"
         "  uom convert --csv log.csv --column P=psig:kPa@Pres --column 3=F:C@Temp -o metric.csv");
     return [arguments, csv, precision] {
         if (csv->empty())
             return runConvert(arguments->conversion);
+        arguments->csv.classic = arguments->conversion.classic;
         arguments->csv.digits = precision->empty() ? FULL_PRECISION : arguments->conversion.digits;
         return convertCsv(arguments->csv);
     };

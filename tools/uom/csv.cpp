@@ -1,5 +1,6 @@
 #include "csv.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "text.h"
@@ -25,35 +26,58 @@ static const char *behindQuotes(const char *at, const char *end) {
 const char *cellEnd(const char *at, const char *end, char separator) {
     if (at != end && *at == '"')
         at = behindQuotes(at, end);
-    while (at != end && *at != separator && *at != '\n')
-        ++at;
+    // The ends of rows are below nearly all that cells hold: two comparisons a byte.
+    for (; at != end && *at != separator; ++at)
+        if (static_cast<unsigned char>(*at) <= '\r' && isRowEnd(at, end))
+            break;
     return at;
 }
 
-// Behind the line feed of the row at `at`; null when there is none.
+const char *plainRowEnd(const char *at, const char *end, bool hasReturns) {
+    const char *feed = find(at, end, '\n');
+    return hasReturns ? find(at, feed, '\r') : feed;
+}
+
+// Where the row at `at` ends.
 static const char *rowEnd(const char *at, const char *end, char separator) {
     for (;; ++at) {
         at = cellEnd(at, end, separator);
-        if (at == end)
-            return nullptr;
-        if (*at == '\n')
-            return at + 1;
+        if (isRowEnd(at, end))
+            return at;
     }
 }
 
 size_t rowLength(std::string_view text, char separator) {
-    const char *end = rowEnd(text.data(), text.data() + text.size(), separator);
-    return end ? static_cast<size_t>(end - text.data()) : text.size();
+    const char *const end = text.data() + text.size();
+    return static_cast<size_t>(behindRowEnd(rowEnd(text.data(), end, separator), end) - text.data());
 }
 
 size_t wholeRowsLength(std::string_view text, char separator) {
     const char *const end = text.data() + text.size();
-    if (find(text.data(), end, '"') == end)
-        return text.rfind('\n') + 1; // 0 when there is none
-    const char *whole = text.data();
-    while (const char *next = rowEnd(whole, end, separator))
-        whole = next;
-    return static_cast<size_t>(whole - text.data());
+    if (find(text.data(), end, '"') == end) {
+        const size_t feed = text.rfind('\n');
+        const std::string_view certain = text.substr(0, text.empty() ? 0 : text.size() - 1);
+        return (feed == std::string_view::npos ? certain.rfind('\r') : feed) + 1; // 0 when there is none
+    }
+    for (const char *whole = text.data();;) {
+        const char *at = rowEnd(whole, end, separator);
+        if (at == end || (*at == '\r' && at + 1 == end))
+            return static_cast<size_t>(whole - text.data());
+        whole = behindRowEnd(at, end);
+    }
+}
+
+bool hasOpenQuote(std::string_view row, char separator) {
+    const char *const end = row.data() + row.size();
+    for (const char *at = row.data();; ++at) {
+        if (at != end && *at == '"' && behindQuotes(at, end) == end) {
+            const std::string_view cell(at, static_cast<size_t>(end - at));
+            return std::count(cell.begin(), cell.end(), '"') % 2 != 0;
+        }
+        at = cellEnd(at, end, separator);
+        if (isRowEnd(at, end))
+            return false;
+    }
 }
 
 std::string_view cellContent(std::string_view cell) {
@@ -80,7 +104,7 @@ std::vector<std::string> cellTexts(std::string_view row, char separator) {
         const char *cell = at;
         at = cellEnd(at, end, separator);
         texts.push_back(withSingleQuotes(cellContent({cell, static_cast<size_t>(at - cell)})));
-        if (at == end || *at == '\n')
+        if (isRowEnd(at, end))
             return texts;
     }
 }

@@ -10,6 +10,7 @@
 #include "csv.h"
 #include "csv_convert.h"
 #include "csv_stream.h"
+#include "nearest.h"
 #include "prepare_conversion.h"
 #include "system.h"
 #include "text.h"
@@ -40,17 +41,37 @@ std::optional<ColumnRequest> readRequest(const std::string &text) {
         return std::nullopt;
     request.from = units.substr(0, colon);
     request.to = units.substr(colon + 1);
-    const bool complete = !request.from.empty() && !request.to.empty() && request.to.find(':') == std::string::npos;
+    const bool complete = !request.from.empty() && !request.to.empty() && request.to.find(':') == std::string::npos &&
+                          (at == std::string::npos || !request.classString.empty());
     return complete ? std::optional(request) : std::nullopt;
 }
 
 // --- which columns these are
 
+bool isInsideCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80; // UTF-8
+}
+
+// In one line, and not too long a one.
+std::string shownCell(std::string text) {
+    constexpr size_t LONGEST = 40;
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    if (text.size() <= LONGEST)
+        return text;
+    size_t end = LONGEST;
+    while (end > 0 && isInsideCharacter(text[end]))
+        --end;
+    return text.substr(0, end) + "...";
+}
+
+// Not more than a person reads.
 std::string listed(const std::vector<std::string> &headings) {
+    constexpr size_t MOST = 20;
     std::string text;
-    for (const std::string &heading : headings)
-        text += (text.empty() ? "\"" : ", \"") + heading + "\"";
-    return text;
+    for (size_t i = 0; i < std::min(headings.size(), MOST); ++i)
+        text += (i == 0 ? "\"" : ", \"") + shownCell(headings[i]) + "\"";
+    return headings.size() <= MOST ? text : text + " and " + std::to_string(headings.size() - MOST) + " more";
 }
 
 // The column of a number from 1; the number of columns when the name is none.
@@ -69,20 +90,26 @@ size_t findColumn(const std::string &name, const std::vector<std::string> &cells
     if (count > 1)
         throw Failure("There are " + std::to_string(count) + " columns \"" + name + "\": name the one by its number.");
     const size_t column = numberedColumn(name, cells.size());
-    if (column == cells.size())
-        throw Failure("There is no column \"" + name + "\"; " +
-                      (header ? "those there are: " + listed(cells)
-                              : "the first row has " + std::to_string(cells.size()) + " cells") +
-                      ".");
-    return column;
+    if (column < cells.size())
+        return column;
+    const std::string what = "There is no column \"" + name + "\"; ";
+    if (!header)
+        throw Failure(what + "the first row has " + std::to_string(cells.size()) + " cells.");
+    throw Failure(what + "those there are: " + listed(cells) + "." + didYouMean(name, cells));
 }
 
 CsvTarget makeTarget(const CsvArguments &arguments, const std::string &text, const std::vector<std::string> &cells) {
     const ColumnRequest request = readRequest(text).value();
-    const size_t column = findColumn(request.name, cells, arguments.header);
+    const size_t column = findColumn(request.name, cells, !arguments.noHeader);
     const std::string &classString = request.classString.empty() ? arguments.classString : request.classString;
     try {
-        return {column, request.name, prepareConversion(classString, request.from, request.to)};
+        std::string note;
+        uom::Conversion conversion = arguments.classic
+                                         ? prepareClassic(classString, request.from, request.to)
+                                         : prepareConversion(classString, request.from, request.to, &note);
+        if (!note.empty())
+            std::cerr << "uom: " << toMessage("Column \"" + request.name + "\": " + note) << '\n';
+        return {column, request.name, std::move(conversion)};
     } catch (const Failure &failure) {
         throw Failure("Column \"" + request.name + "\": " + failure.what());
     }
@@ -110,21 +137,9 @@ struct Slot {
     std::future<void> done; // last, so that its thread ends before the rest goes
 };
 
-bool isInsideCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80; // UTF-8
-}
-
-// In one line, and not too long a one.
-std::string shownCell(std::string text) {
-    constexpr size_t LONGEST = 40;
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
-    if (text.size() <= LONGEST)
-        return text;
-    size_t end = LONGEST;
-    while (end > 0 && isInsideCharacter(text[end]))
-        --end;
-    return text.substr(0, end) + "...";
+std::string openQuote(const std::string &inputName, size_t row) {
+    return inputName + ": row " + std::to_string(row) +
+           ": a quotation mark is not closed; what is behind it was not converted.";
 }
 
 // What is written, in the order of the file.
@@ -143,13 +158,20 @@ struct Writer {
         badCells += block.badCells - block.firstBadCells.size();
         rows += block.rows;
         progress.add(block.in.size());
+        if (block.endsOpen)
+            throw Failure(openQuote(inputName, rows));
     }
 
     void complain(const BadCell &cell) {
         progress.clear();
-        std::cerr << "uom: " << inputName << ": row " << rows + cell.row + 1 << ", column \""
-                  << toTerminal(rules.targets[cell.target].name) << "\": \"" << toTerminal(shownCell(cell.text))
-                  << "\" is not a number.\n";
+        std::string text = inputName + ": row " + std::to_string(rows + cell.row + 1) + ", column \"" +
+                           rules.targets[cell.target].name + "\": ";
+        if (cell.fault == BadCell::NO_CELL)
+            text += "the row ends in front of it.";
+        else
+            text += "\"" + shownCell(cell.text) + "\" " +
+                    (cell.fault == BadCell::NO_NUMBER ? "is not a number." : "has no finite result.");
+        std::cerr << "uom: " << toMessage(text) << '\n';
     }
 };
 
@@ -186,6 +208,14 @@ bool isProgressShown(const CsvArguments &arguments) {
     return isTerminal(stderr) && (arguments.output != "-" || !isTerminal(stdout));
 }
 
+// Editors and spreadsheets write UTF-16 too, in which half of the bytes are 0.
+void requireText(std::string_view head, const std::string &name) {
+    if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF"))
+        throw Failure(name + " is UTF-16: UTF-8 is wanted (iconv -f UTF-16 -t UTF-8).");
+    if (head.substr(0, 1000).find('\0') != std::string_view::npos)
+        throw Failure(name + " has bytes of 0 in it, as UTF-16 has: UTF-8 is wanted (iconv -f UTF-16LE -t UTF-8).");
+}
+
 std::string_view headOf(std::string_view text) {
     return text.starts_with(BYTE_ORDER_MARK) ? text.substr(0, BYTE_ORDER_MARK.size()) : std::string_view();
 }
@@ -196,6 +226,14 @@ bool isColumnRequest(const std::string &text) {
     return readRequest(text).has_value();
 }
 
+bool hasClasses(const CsvArguments &arguments) {
+    return !arguments.classString.empty() ||
+           std::all_of(arguments.columns.begin(), arguments.columns.end(), [](const std::string &text) {
+               const auto request = readRequest(text);
+               return request && !request->classString.empty();
+           });
+}
+
 int convertCsv(const CsvArguments &arguments) {
     RowSource source(File::toRead(arguments.input), arguments.separator);
     CsvRules rules; // ahead of the slots, whose threads use it to their ends
@@ -204,19 +242,23 @@ int convertCsv(const CsvArguments &arguments) {
     const std::string_view mark = headOf(rows);
     const std::string_view firstRow =
         rows.substr(mark.size(), rowLength(rows.substr(mark.size()), arguments.separator));
-    if (firstRow.empty() && arguments.header)
+    requireText(rows, source.file().name());
+    if (hasOpenQuote(firstRow, arguments.separator))
+        throw Failure(openQuote(source.file().name(), 1));
+    if (firstRow.empty() && !arguments.noHeader)
         throw Failure("There is no header line in " + source.file().name() + ".");
     rules = makeRules(arguments, cellTexts(firstRow, arguments.separator));
-    const std::string_view head = rows.substr(0, mark.size() + (arguments.header ? firstRow.size() : 0));
+    const std::string_view head = rows.substr(0, mark.size() + (arguments.noHeader ? 0 : firstRow.size()));
     rows.remove_prefix(head.size());
 
     Writer writer = {rules, source.file().name(), File::toWrite(arguments.output, source.file()),
-                     Progress(source.file().size(), isProgressShown(arguments)), arguments.header ? 1U : 0U};
+                     Progress(source.file().size(), isProgressShown(arguments)), arguments.noHeader ? 0U : 1U};
     writer.file.write(head);
     convertRows(source, rows, rules, writer, slots);
     writer.progress.clear();
     if (writer.badCells > SHOWN_BAD_CELLS)
         std::cerr << "uom: " << writer.inputName << ": " << writer.badCells - SHOWN_BAD_CELLS
-                  << " more cells are not numbers.\n";
+                  << " more cells were not converted.\n";
+    writer.file.finish();
     return writer.badCells > 0 ? BAD_CELLS : 0;
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// Exit status: all was written, but cells that are no numbers stayed as they were.
+// Exit status: all was written, but cells that could not be converted stayed as they were.
 constexpr int BAD_CELLS = 3;
 
 struct CsvArguments {
@@ -13,12 +13,16 @@ struct CsvArguments {
     std::vector<std::string> columns; // as isColumnRequest takes them
     std::string classString;          // of columns that name none
     char separator = ',';
-    bool header = true;
-    int digits = 0; // as roundedNumber takes them
+    bool noHeader = false;
+    bool classic = false; // units as the classical operations read them, with a class for each column
+    int digits = 0;       // as roundedNumber takes them
 };
 
 // NAME=FROM:TO or NAME=FROM:TO@CLASS
 bool isColumnRequest(const std::string &text);
+
+// Whether there is a class for each column.
+bool hasClasses(const CsvArguments &arguments);
 
 int convertCsv(const CsvArguments &arguments);
 

@@ -22,10 +22,12 @@ struct CsvRules {
     int digits = 0; // as roundedNumber takes them
 };
 
-// A cell that is no number.
+// A cell that was not converted though it should have been.
 struct BadCell {
-    size_t row; // of the text, from 0
+    enum Fault { NO_NUMBER, NO_CELL, NO_RESULT }; // its row may end in front of it, its result may be no finite number
+    size_t row;                                   // of the text, from 0
     size_t target;
+    Fault fault;
     std::string text;
 };
 constexpr size_t SHOWN_BAD_CELLS = 20;
@@ -37,6 +39,7 @@ struct CsvBlock {
     size_t outSize = 0, outCapacity = 0;
     size_t rows = 0, badCells = 0;
     std::vector<BadCell> firstBadCells; // SHOWN_BAD_CELLS at most
+    bool endsOpen = false;              // the last row has a quotation mark that is not closed
 
     // The number in a cell, at its place in the text.
     struct Place {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <iostream>
 #include <sys/stat.h>
 #include <system_error>
@@ -40,33 +41,92 @@ File File::toRead(const std::string &path) {
     return {descriptor, quoted(path)};
 }
 
-// Emptied only when it is known to be another file than the input.
+// Refused when it is the input, which would be lost.
+void File::openInPlace(const std::string &path) {
+    struct stat status;
+    descriptor_ = openToWrite(path);
+    if (descriptor_ < 0 ||
+        (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(descriptor_, 0) != 0))
+        fail("Unable to write " + name_, errno);
+}
+
+// A new file, with the permissions of the one that it replaces. False where there can be none.
+bool File::openBeside(const std::string &path) {
+    std::error_code none;
+    const auto target = std::filesystem::canonical(path, none); // what a link is for
+    path_ = none ? path : target.string();
+    beside_ = path_ + ".part" + std::to_string(getpid());
+    descriptor_ = openNew(beside_);
+    if (descriptor_ < 0) {
+        beside_.clear();
+        return false;
+    }
+    removeOnInterrupt(beside_);
+    const auto before = std::filesystem::status(path_, none);
+    if (std::filesystem::exists(before))
+        std::filesystem::permissions(beside_, before.permissions(), none);
+    return true;
+}
+
 File File::toWrite(const std::string &path, const File &input) {
     File file = {STDOUT_FILENO, "the output"};
+    const auto refuseInput = [&](int descriptor) {
+        if (isSameFile(descriptor, input.descriptor_))
+            throw Failure("The output is the input file " + input.name_ + ".");
+    };
     if (path == "-") {
         keepBytes(STDOUT_FILENO);
-    } else {
-        file.name_ = quoted(path);
-        file.descriptor_ = openToWrite(path);
+        refuseInput(STDOUT_FILENO);
+        return file;
+    }
+    file.name_ = quoted(path);
+    std::error_code none;
+    const auto before = std::filesystem::symlink_status(path, none);
+    if (std::filesystem::exists(before)) {
+        file.descriptor_ = openToWrite(path); // tells whether it may be written
         if (file.descriptor_ < 0)
             fail("Unable to write " + file.name_, errno);
+        refuseInput(file.descriptor_);
+        if (!isRegularFile(path))
+            return file;
+        close(file.descriptor_);
+        file.descriptor_ = -1;
     }
-    if (isSameFile(file.descriptor_, input.descriptor_))
-        throw Failure("The output is the input file " + input.name_ + ".");
-    struct stat status;
-    if (path != "-" && fstat(file.descriptor_, &status) == 0 && S_ISREG(status.st_mode) &&
-        ftruncate(file.descriptor_, 0) != 0)
-        fail("Unable to write " + file.name_, errno);
+    if (!file.openBeside(path))
+        file.openInPlace(path);
     return file;
 }
 
-File::File(File &&other) noexcept : descriptor_(other.descriptor_), name_(std::move(other.name_)) {
+File::File(File &&other) noexcept
+    : descriptor_(other.descriptor_), name_(std::move(other.name_)), path_(std::move(other.path_)),
+      beside_(std::move(other.beside_)) {
     other.descriptor_ = -1;
+    other.beside_.clear();
 }
 
 File::~File() {
     if (descriptor_ > STDERR_FILENO)
         close(descriptor_);
+    if (beside_.empty())
+        return;
+    std::error_code ignored;
+    std::filesystem::remove(beside_, ignored);
+    removeOnInterrupt("");
+}
+
+void File::finish() {
+    if (beside_.empty())
+        return;
+    const int closed = close(descriptor_);
+    descriptor_ = -1;
+    if (closed != 0)
+        fail("Unable to write " + name_, errno);
+    std::error_code error;
+    std::filesystem::rename(beside_, path_, error);
+    if (error)
+        fail("Unable to write " + name_, error.value());
+    removeOnInterrupt("");
+    beside_.clear();
 }
 
 size_t File::read(char *to, size_t size) {

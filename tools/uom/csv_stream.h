@@ -9,6 +9,10 @@
 #include <vector>
 
 // A descriptor that is closed at the end, but for those of standard input and output.
+//
+// A file is written under a name beside its own, which it takes when it is finished: until then, and when the work fails or
+// is interrupted, what stood there stays. What is no regular file is written in place, and so is a file in a directory that
+// takes no new ones.
 class File {
 public:
     static File toRead(const std::string &path);                     // "-" is standard input
@@ -18,13 +22,17 @@ public:
 
     size_t read(char *to, size_t size); // 0 at the end
     void write(std::string_view text);
+    void finish();                      // behind the last write
     std::optional<size_t> size() const; // of a file that has one
     const std::string &name() const { return name_; }
 
 private:
     File(int descriptor, std::string name) : descriptor_(descriptor), name_(std::move(name)) {}
+    bool openBeside(const std::string &path);
+    void openInPlace(const std::string &path);
     int descriptor_;
-    std::string name_; // as messages have it
+    std::string name_;          // as messages have it
+    std::string path_, beside_; // of a file that takes its name at the end
 };
 
 // Whole rows of a file, in turn into the pieces of memory that the caller has.

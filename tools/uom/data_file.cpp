@@ -17,6 +17,7 @@ constexpr const char *KEY_DELIMITERS = "= \t";
 
 constexpr const char *UNITS_BEGIN = "BEGINUOMLIST";
 constexpr const char *UNITS_END = "ENDUOMLIST";
+constexpr const char *OPTION = "UOMOPTION";
 constexpr const char *LISTS_END = "ENDSELECTLISTS"; // a mark for readers
 
 struct SectionWord {
@@ -174,7 +175,7 @@ void readUnitStageLine(Reader &reader, const DataLine &line) {
     if (first == UNITS_END) {
         reader.unitsEnded = true;
         reader.file.unitsEnd = line.number;
-    } else if (first == "UOMOPTION") {
+    } else if (first == OPTION) {
         readOption(reader, line);
     } else if (first == UNITS_BEGIN) {
         reader.inUnits = true;
@@ -241,6 +242,10 @@ void reportOpenEnds(Reader &reader) {
 }
 
 } // namespace
+
+bool isDataKeyword(const std::string &word) {
+    return isKeyword(word) || word == LISTS_END || word == OPTION;
+}
 
 DataFile readDataFile(const std::string &path, Findings &findings) {
     Reader reader = {{}, findings};

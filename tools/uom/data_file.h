@@ -44,7 +44,8 @@ struct DataFile {
 DataFile readDataFile(const std::string &path, Findings &findings);
 
 // What a file that is checked holds, by its lines.
-enum class FileKind { DATA, ALIASES, SLATE };
+enum class FileKind { DATA, ALIASES, SLATE, UNKNOWN };
+bool isDataKeyword(const std::string &word);
 FileKind kindOf(const std::string &path);
 
 // Each line of a file of aliases, or of slate definitions, by asking the library, which has been started.

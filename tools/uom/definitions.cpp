@@ -3,6 +3,7 @@
 #include <fstream>
 #include <optional>
 
+#include "class_names.h"
 #include "commands.h"
 #include "library.h"
 #include "start.h"
@@ -11,7 +12,8 @@
 namespace {
 
 struct DefinitionLine {
-    std::string place; // "FILE:LINE"
+    std::string path;
+    int number;
     std::string slate, key, text;
     std::optional<std::string> value; // behind the first "="
 };
@@ -56,7 +58,7 @@ Complaint putNewClass(const DefinitionLine &line) {
 Complaint copySlate(const DefinitionLine &line) {
     const uom::Result<int32_t> source = uom::tryFindSlate(*line.value);
     if (!source)
-        return source.message();
+        return slateFault(*line.value);
     putLine(line);
     return "";
 }
@@ -69,7 +71,10 @@ Complaint apply(const DefinitionLine &line) {
     if (isKey(line, "CopyFrom"))
         return copySlate(line);
     const Complaint fault = propertyFault(line.key, *line.value);
-    return fault.empty() ? putLine(line) : fault;
+    if (!fault.empty())
+        return fault;
+    const Complaint refused = putLine(line);
+    return refused.empty() ? "" : refused + unitSuggestion(line.key, *line.value);
 }
 
 bool isParent(const DefinitionLine &line) {
@@ -79,12 +84,12 @@ bool isParent(const DefinitionLine &line) {
 struct DefinitionReader {
     std::string slate;                   // of the open section
     std::vector<DefinitionLine> parents; // judged at the end: a parent may stand behind its children
-    std::string complaints;
+    std::vector<DefinitionFault> faults;
 };
 
-void complain(DefinitionReader &reader, const std::string &place, const Complaint &complaint) {
+void complain(DefinitionReader &reader, const std::string &path, int line, const Complaint &complaint) {
     if (!complaint.empty())
-        reader.complaints += (reader.complaints.empty() ? "" : "\nuom: ") + place + ": " + complaint;
+        reader.faults.push_back({path, line, complaint});
 }
 
 Complaint openSection(DefinitionReader &reader, const std::string &text) {
@@ -99,8 +104,8 @@ Complaint openSection(DefinitionReader &reader, const std::string &text) {
     return "";
 }
 
-Complaint readKeyLine(DefinitionReader &reader, const std::string &place, const std::string &text) {
-    DefinitionLine line = {place, reader.slate, text, text, std::nullopt};
+Complaint readKeyLine(DefinitionReader &reader, const std::string &path, int number, const std::string &text) {
+    DefinitionLine line = {path, number, reader.slate, text, text, std::nullopt};
     if (line.slate.empty())
         return "\"" + text + "\" does not belong to a slate.";
     const size_t equals = text.find('=');
@@ -108,6 +113,8 @@ Complaint readKeyLine(DefinitionReader &reader, const std::string &place, const 
         line.key = text.substr(0, equals);
         line.value = text.substr(equals + 1);
     }
+    if (line.value && line.key.empty())
+        return "\"" + text + "\" has nothing in front of the \"=\".";
     if (line.value && isParent(line))
         reader.parents.push_back(line);
     return apply(line);
@@ -121,11 +128,12 @@ void readFile(DefinitionReader &reader, const std::string &path) {
     std::ifstream file(path);
     std::string line;
     reader.slate.clear();
-    for (int number = 1; readLine(file, line, number); ++number) {
+    LineReader lines(file);
+    for (int number = 1; lines.next(line); ++number) {
         const std::string text = fromTerminal(trimmed(line));
-        const std::string place = path + ":" + std::to_string(number);
         if (!isPassedOver(text))
-            complain(reader, place, text[0] == '[' ? openSection(reader, text) : readKeyLine(reader, place, text));
+            complain(reader, path, number,
+                     text[0] == '[' ? openSection(reader, text) : readKeyLine(reader, path, number, text));
     }
     // A directory opens, but does not read.
     if (!file.is_open() || file.bad())
@@ -134,12 +142,20 @@ void readFile(DefinitionReader &reader, const std::string &path) {
 
 } // namespace
 
-void readDefinitions(const std::vector<std::string> &paths) {
+std::vector<DefinitionFault> applyDefinitions(const std::vector<std::string> &paths) {
     DefinitionReader reader;
     for (const std::string &path : paths)
         readFile(reader, path);
     for (const DefinitionLine &line : reader.parents)
-        complain(reader, line.place, uom::tryFindSlate(*line.value).message());
-    if (!reader.complaints.empty())
-        throw Failure(reader.complaints);
+        complain(reader, line.path, line.number, slateFault(*line.value));
+    return reader.faults;
+}
+
+void readDefinitions(const std::vector<std::string> &paths) {
+    std::string complaints;
+    for (const DefinitionFault &fault : applyDefinitions(paths))
+        complaints +=
+            (complaints.empty() ? "" : "\nuom: ") + fault.path + ":" + std::to_string(fault.line) + ": " + fault.text;
+    if (!complaints.empty())
+        throw Failure(complaints);
 }

@@ -74,10 +74,26 @@ ToolInfo describeTool(const CLI::App &app) {
     return info;
 }
 
-bool takesNames(const OptionInfo &option) {
-    static const char *const kinds[] = {"CLASS", "FROM", "UNITS", "SLATE"};
-    return std::any_of(std::begin(kinds), std::end(kinds),
-                       [&](const char *kind) { return option.value.find(kind) != std::string::npos; });
+std::string nameKinds(const OptionInfo &option) {
+    struct Kind {
+        const char *value, *letters;
+    };
+    // FROM and TO may be names of slates where there is a class.
+    static const Kind kinds[] = {{"CLASS FROM", "cus"}, {"CLASS", "c"}, {"FROM", "u"},
+                                 {"UNITS", "u"},        {"SLATE", "s"}, {"WORDS", "cus"}};
+    for (const Kind &kind : kinds)
+        if (option.value.find(kind.value) != std::string::npos)
+            return kind.letters;
+    return "";
+}
+
+std::string nameKinds(const CommandInfo &command) {
+    std::string letters;
+    for (const OptionInfo &argument : command.arguments)
+        for (const char letter : nameKinds(argument))
+            if (letters.find(letter) == std::string::npos)
+                letters += letter;
+    return letters;
 }
 
 bool takesFile(const OptionInfo &option) {

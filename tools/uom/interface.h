@@ -36,8 +36,9 @@ ToolInfo describeTool(const CLI::App &app);
 
 bool takesFile(const OptionInfo &option);
 
-// Names of the catalogue, which --complete tells.
-bool takesNames(const OptionInfo &option);
+// The kinds of names of the catalogue that may stand there, as namesThatComplete takes them; empty for none.
+std::string nameKinds(const OptionInfo &option);
+std::string nameKinds(const CommandInfo &command); // of its words
 
 // Shell "bash", "zsh" or "fish".
 std::string completionScript(const ToolInfo &info, const std::string &shell);

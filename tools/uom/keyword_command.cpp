@@ -2,6 +2,7 @@
 #include <iostream>
 #include <memory>
 
+#include "class_names.h"
 #include "commands.h"
 #include "library.h"
 #include "text.h"
@@ -37,7 +38,7 @@ bool lostUnit(const uom::Chain &chain) {
 }
 
 int runWrite(const KeywordArguments &arguments) {
-    const uom::Chain chain(fromTerminal(arguments.classString), fromTerminal(arguments.units));
+    const uom::Chain chain = filledChain(arguments.classString, arguments.units);
     requireUnitKeywords(chain);
     std::string text;
     if (isSingleClass(chain))

@@ -5,6 +5,8 @@
 #include "commands.h"
 #include "interface.h"
 #include "library.h"
+#include "nearest.h"
+#include "options.h"
 #include "prompt.h"
 #include "start.h"
 #include "system.h"
@@ -55,7 +57,7 @@ constexpr const char *EXAMPLES =
     "  uom check uomdata.txt\n"
     "\n"
     "Exit status:\n"
-    "0; 1 when work failed; 2 when the usage is wrong; 3 when cells of a CSV file were no numbers.\n";
+    "0; 1 when work failed; 2 when the usage is wrong; 3 when cells of a CSV file were not converted.\n";
 
 struct GlobalOptions {
     StartOptions start;
@@ -64,15 +66,16 @@ struct GlobalOptions {
 };
 
 void addGlobalOptions(CLI::App &app, GlobalOptions &options) {
-    app.add_option("--data", options.start.data, "Data file")->option_text("FILE");
+    app.add_option("--data", options.start.data, "Data file")->option_text("FILE")->check(notEmpty());
     app.add_option("--mode", options.mode, "How start-up names units and bases: kesta, vel2go or orbex")
-        ->check(CLI::IsMember({"kesta", "vel2go", "orbex"}))
+        ->transform(oneOf({"kesta", "vel2go", "orbex"}))
         ->option_text("MODE");
     CLI::Option *mole = app.add_flag("--mole", options.mole, "Quantities count moles");
     app.add_flag("--molar", options.molar, "Quantities count in the class Molar")->excludes(mole);
     app.add_option("--define", options.start.definitions, "Read slate definitions; may be repeated")
         ->option_text("FILE")
         ->expected(1)
+        ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
@@ -98,25 +101,32 @@ void addGenerators(CLI::App &app) {
            [&app, write](const std::string &shell) { write(completionScript(describeTool(app), shell)); })
         ->check(CLI::IsMember({"bash", "zsh", "fish"}))
         ->group("");
-    app.add_option_function<std::string>("--complete",
-                                         [write](const std::string &word) {
-                                             uom::start();
-                                             std::string lines;
-                                             for (const std::string &name : namesThatComplete(word))
-                                                 lines += name + '\n';
-                                             write(lines);
-                                         })
+    app.add_option_function<std::string>(
+           "--complete",
+           [write](const std::string &request) { // kinds, a colon and the word
+               const size_t colon = std::min(request.find(':'), request.size());
+               const std::string word = request.substr(std::min(colon + 1, request.size()));
+               uom::start();
+               std::string lines;
+               for (const std::string &name : namesThatComplete(word, request.substr(0, colon)))
+                   lines += name + '\n';
+               write(lines);
+           })
         ->group("");
     app.add_flag_callback("--generate-man", [&app, write] { write(manPage(describeTool(app))); })->group("");
 }
 
+// "-5", "-.5", "-inf", and with a unit behind it.
 bool isNegativeNumber(const std::string &word) {
-    return word.starts_with('-') && parseNumber(word);
+    if (!word.starts_with('-'))
+        return false;
+    const size_t digit = word.starts_with("-.") ? 2 : 1;
+    return parseNumber(word) || (digit < word.size() && word[digit] >= '0' && word[digit] <= '9');
 }
 
-// CLI11 takes "-.5" and "-inf" for options, but with a blank in front for what they are.
+// CLI11 takes "-.5" and "-inf" for options, and "-5 m" for a part of others, but with a blank in front for what they are.
 std::string readableWord(const std::string &word) {
-    return isNegativeNumber(word) && word.find_first_of("0123456789") != 1 ? " " + word : word;
+    return isNegativeNumber(word) && (word.find_first_of("0123456789") != 1 || !parseNumber(word)) ? " " + word : word;
 }
 
 // Where only numbers would be taken for options behind a "--", it need not stand; CLI11 understands it only in front
@@ -126,9 +136,10 @@ bool isNeeded(const std::vector<std::string> &behindMark) {
                        [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); });
 }
 
-// Where the words behind the global options begin; the number of words without any.
+// Where the words behind the options in front begin; the number of words without any.
 size_t placeOfCommand(const std::vector<std::string> &given) {
-    static const char *const withValue[] = {"--data", "--mode", "--define"};
+    static const char *const withValue[] = {
+        "--data", "--mode", "--define", "--class", "--precision", "--output", "--generate-completion", "--complete"};
     size_t i = 0;
     for (; i < given.size(); ++i) {
         const std::string &word = given[i];
@@ -140,16 +151,30 @@ size_t placeOfCommand(const std::vector<std::string> &given) {
     return std::min(i, given.size());
 }
 
-// Without a command, several words are a text that is typed, and the name of its command is put in front of them. A
-// single one is looked for at the prompt; on a command line it is a command that is misspelt.
+bool isCommand(const std::string &word) {
+    return std::any_of(std::begin(commands), std::end(commands),
+                       [&](const Command &command) { return word == command.name; });
+}
+
+// Without a command, several words are a text that is typed, and the name of its command is put in front of all, so that
+// its options are known. A single one is looked for at the prompt; on a command line it is a command that is misspelt, or
+// the half of a conversion.
 void nameCommand(std::vector<std::string> &given, bool atPrompt) {
-    const size_t place = placeOfCommand(given), count = given.size() - place;
-    if (count < (atPrompt ? 1 : 2))
+    const size_t place = placeOfCommand(given);
+    if (place == given.size() || isCommand(given[place]))
         return;
-    const bool known = std::any_of(std::begin(commands), std::end(commands),
-                                   [&](const Command &command) { return given[place] == command.name; });
-    if (!known)
-        given.insert(given.begin() + static_cast<std::ptrdiff_t>(place), count == 1 ? "search" : "typed");
+    const auto isOption = [](const std::string &word) { return word.starts_with('-') && !isNegativeNumber(word); };
+    if (place + 1 == given.size() && given[place] == "help") {
+        given[place] = "--help";
+        return;
+    }
+    const bool single = place + 1 == given.size() || isOption(given[place + 1]);
+    if (!single || atPrompt)
+        given.insert(given.begin(), single ? "search" : "typed");
+    else
+        throw CLI::ValidationError("\"" + given[place] + "\" is no command." +
+                                   didYouMean(given[place], commandNames()) +
+                                   " A conversion has two units: uom 250 kPag psia");
 }
 
 // The words of the command line in the reverse order, as CLI11 takes them.
@@ -163,10 +188,42 @@ std::vector<std::string> readableWords(std::vector<std::string> given, bool atPr
     return readable;
 }
 
+std::vector<std::string> optionNames(const CLI::App &app) {
+    std::vector<std::string> names;
+    for (const CLI::Option *option : app.get_options())
+        if (!option->get_group().empty())
+            for (const std::string &name : option->get_lnames())
+                names.push_back("--" + name);
+    return names;
+}
+
+// What CLI11 says of words that are left over does not tell what is meant.
+std::string unknownOption(const CLI::App &app) {
+    std::vector<std::string> names = optionNames(app);
+    std::string place = "";
+    for (const CLI::App *command : app.get_subcommands()) {
+        const std::vector<std::string> more = optionNames(*command);
+        names.insert(names.end(), more.begin(), more.end());
+        place = " of uom " + command->get_name();
+    }
+    for (const std::string &word : app.remaining(true)) {
+        const std::string name = word.substr(0, word.find('='));
+        if (word.size() > 1 && word.starts_with('-'))
+            return "\"" + name + "\" is no option" + place + "." + didYouMean(name, names);
+    }
+    return "";
+}
+
 int refuseUsage(const CLI::App &app, const CLI::ParseError &error) {
     const auto commandsRead = app.get_subcommands();
     const std::string command = commandsRead.empty() ? "" : " " + commandsRead.front()->get_name();
-    std::cerr << "uom: " << toTerminal(error.what()) << " (see uom" << command << " --help)\n";
+    const bool leftOver =
+        error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError) || commandsRead.empty();
+    std::string option = leftOver ? unknownOption(app) : "";
+    const std::string said = error.what();
+    if (said.ends_with(" missing") && said.starts_with('-')) // "--class: 1 required TEXT missing"
+        option = said.substr(0, said.find(':')) + " has no value behind it.";
+    std::cerr << "uom: " << toMessage(option.empty() ? error.what() : option) << " (see uom" << command << " --help)\n";
     return BAD_USAGE;
 }
 
@@ -174,17 +231,19 @@ int runWords(const std::vector<std::string> &words, GlobalOptions options, bool 
 
 int reportFailure(const std::exception &failure) {
     std::cout.flush();
-    std::cerr << "uom: " << toTerminal(failure.what()) << '\n';
+    std::cerr << "uom: " << toMessage(failure.what()) << '\n';
     return FAILED;
 }
 
 // Runs line after line, each with the global options that were given in front of the prompt.
-int runLines(const GlobalOptions &options) {
+int runLines(const GlobalOptions &options, const ToolInfo &info) {
     startLibrary(startOptions(options));
-    std::vector<std::string> names;
-    for (const Command &command : commands)
-        names.push_back(command.name);
-    runPrompt(names, [&](const std::vector<std::string> &words) {
+    const auto kinds = [&](const std::string &name) {
+        const auto found = std::find_if(info.commands.begin(), info.commands.end(),
+                                        [&](const CommandInfo &command) { return command.name == name; });
+        return found == info.commands.end() ? "" : nameKinds(*found);
+    };
+    const auto run = [&](const std::vector<std::string> &words) {
         try {
             uom::end();
             runWords(words, options, true);
@@ -194,7 +253,8 @@ int runLines(const GlobalOptions &options) {
         }
         uom::end();
         startLibrary(startOptions(options)); // for the completion of the next line
-    });
+    };
+    runPrompt({commandNames(), kinds, run});
     return 0;
 }
 
@@ -226,10 +286,17 @@ int runWords(const std::vector<std::string> &words, GlobalOptions options, bool 
     } catch (const CLI::ParseError &error) {
         return error.get_exit_code() == 0 ? app.exit(error) : refuseUsage(app, error);
     }
-    return app.get_subcommands().empty() ? runLines(options) : status;
+    return app.get_subcommands().empty() ? runLines(options, describeTool(app)) : status;
 }
 
 } // namespace
+
+std::vector<std::string> commandNames() {
+    std::vector<std::string> names;
+    for (const Command &command : commands)
+        names.push_back(command.name);
+    return names;
+}
 
 int main(int count, char **words) {
     const Console console;

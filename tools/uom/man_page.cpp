@@ -7,6 +7,9 @@
 
 namespace {
 
+// The day of the version in uom.h, which changes with it.
+constexpr const char *RELEASED = "2026-11-22";
+
 // Dashes and backslashes as they are to be typed.
 std::string roff(const std::string &text) {
     std::string escaped = text.starts_with('.') || text.starts_with('\'') ? "\\&" : "";
@@ -132,10 +135,11 @@ std::string commandText(const CommandInfo &command) {
 } // namespace
 
 std::string manPage(const ToolInfo &info) {
-    std::string text = ".TH UOM 1 \"\" \"" + roff(info.version) + "\" \"User Commands\"\n" + heading("Name") +
-                       "uom \\- convert units of measure\n" + heading("Synopsis") + roff(info.tool.usage) + "\n" +
-                       heading("Description") + prose(info.tool.purpose) + heading("Global options") +
-                       optionTexts(info.tool.options) + heading("Commands");
+    std::string text = ".TH UOM 1 \"" + std::string(RELEASED) + "\" \"" + roff(info.version) +
+                       "\" \"User Commands\"\n" + heading("Name") + "uom \\- convert units of measure\n" +
+                       heading("Synopsis") + roff(info.tool.usage) + "\n" + heading("Description") +
+                       prose(info.tool.purpose) + heading("Global options") + optionTexts(info.tool.options) +
+                       heading("Commands");
     for (const CommandInfo &command : info.commands)
         text += commandText(command);
     return text + footerText(info.tool.footer);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "class_names.h"
 #include "commands.h"
 #include "library.h"
 #include "table.h"
@@ -44,7 +45,7 @@ std::string dimensionsOf(const uom::Chain &chain, const std::string &classString
 }
 
 int runRelated(const std::string &given, Output output) {
-    const uom::Chain chain(fromTerminal(given));
+    const uom::Chain chain = requireClass(given);
     const std::string classString = chain.classText();
     TextTable table = {{{"Class"}}, {{classString}}};
     table.upright = true;

@@ -6,6 +6,7 @@
 
 #include "commands.h"
 #include "library.h"
+#include "options.h"
 #include "report_page.h"
 
 namespace {
@@ -41,10 +42,11 @@ int runPage(const std::string &path) {
 }
 
 int runReport(const ReportArguments &arguments) {
+    const std::string path = arguments.path == "-" ? "" : arguments.path;
     if (arguments.page)
-        return runPage(arguments.path);
+        return runPage(path);
     const int32_t options = arguments.options + (arguments.multipliers ? UOM_REPORT_MULTIPLIERS : 0);
-    uom::report(options, arguments.path);
+    uom::report(options, path);
     return 0;
 }
 
@@ -53,19 +55,18 @@ int runReport(const ReportArguments &arguments) {
 Action addReport(CLI::App &command) {
     const auto arguments = std::make_shared<ReportArguments>();
     CLI::Option *kind =
-        command
-            .add_option(
-                "--for", arguments->options,
-                "enduser, full, javadoc (HTML), excel (tab-separated) or uomslates (slate definitions); full by "
-                "default")
-            ->option_text("KIND")
-            ->transform(CLI::CheckedTransformer(reportOptions, CLI::ignore_case));
+        addChoice(command, "--for", arguments->options, reportOptions,
+                  "enduser, full, javadoc (HTML), excel (tab-separated) or uomslates (slate definitions); full "
+                  "by default")
+            ->option_text("KIND");
     CLI::Option *multipliers = command.add_flag("--multipliers", arguments->multipliers,
                                                 "Columns for the multipliers of units; not for uomslates");
     command.add_flag("--html", arguments->page, "A page for people: search, classes, units, slates and aliases")
         ->excludes(kind)
         ->excludes(multipliers);
-    command.add_option("-o", arguments->path, "Write to this file")->option_text("FILE");
+    command.add_option("-o", arguments->path, "Write to this file; - or none is standard output")
+        ->option_text("FILE")
+        ->check(notEmpty());
     command.parse_complete_callback([arguments] {
         if (arguments->multipliers && arguments->options == UOM_REPORT_DEFINITIONS)
             throw CLI::ExcludesError("--multipliers", "--for uomslates");

@@ -3,8 +3,10 @@
 #include <map>
 #include <memory>
 
+#include "class_names.h"
 #include "commands.h"
 #include "library.h"
+#include "options.h"
 #include "table.h"
 #include "text.h"
 
@@ -113,6 +115,7 @@ void printDefinition(const SlateArguments &arguments, const std::vector<std::str
 }
 
 int runSlate(const SlateArguments &arguments) {
+    requireSlate(arguments.name);
     const auto lines = uom::slateDefinition(arguments.name, arguments.layout);
     if (arguments.output != Output::TEXT) {
         printDefinition(arguments, lines);
@@ -129,10 +132,12 @@ struct ShowArguments {
 };
 
 std::string unitsAsGiven(const ShowArguments &arguments) {
-    return uom::Chain(arguments.classString, fromTerminal(arguments.units)).units(arguments.style);
+    return filledChain(arguments.classString, arguments.units).units(arguments.style);
 }
 
 int runShow(const ShowArguments &arguments) {
+    requireClass(arguments.classString);
+    requireSlate(arguments.slate);
     const std::string text = arguments.units.empty()
                                  ? uom::displayUnits(arguments.classString, arguments.slate, arguments.style)
                                  : unitsAsGiven(arguments);
@@ -166,8 +171,7 @@ Action addShow(CLI::App &command) {
     CLI::Option *slate = command.add_option("--slate", arguments->slate, "In the units of this slate")
                              ->capture_default_str()
                              ->option_text("SLATE");
-    command.add_option("--units", arguments->units, "In these units")->excludes(slate);
-    command.add_option("--style", arguments->style, "Style of the text, token by default")
-        ->transform(CLI::CheckedTransformer(styleNames, CLI::ignore_case));
+    command.add_option("--units", arguments->units, "In these units")->excludes(slate)->check(notEmpty());
+    addChoice(command, "--style", arguments->style, styleNames, "Style of the text, token by default");
     return [arguments] { return runShow(*arguments); };
 }

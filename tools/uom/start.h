@@ -14,10 +14,17 @@ struct StartOptions {
 // Starts the library and reads the slate definitions. Throws on failure.
 void startLibrary(const StartOptions &options);
 
-// Applies files of slate definitions: sections "[name]" of key=value lines; blank lines and lines that start
-// with
-// "#" or "//" are passed over. A slate is made when there is none of the name. What can be applied is; throws
-// with all lines that failed, each with its file and number.
+struct DefinitionFault {
+    std::string path;
+    int line;
+    std::string text;
+};
+
+// Applies files of slate definitions: sections "[name]" of key=value lines; blank lines and lines that start with "#" or
+// "//" are passed over. A slate is made when there is none of the name. What can be applied is; all lines that failed.
+std::vector<DefinitionFault> applyDefinitions(const std::vector<std::string> &paths);
+
+// The same; throws with all lines that failed, each with its file and number.
 void readDefinitions(const std::vector<std::string> &paths);
 
 #endif

@@ -1,6 +1,7 @@
 #include "system.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -66,6 +67,9 @@ std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size) {
     return ::write(descriptor, from, atOnce(size));
 }
 
+// An open file cannot be removed here.
+void removeOnInterrupt(const std::string &) {}
+
 // By the open file, which is no pipe that waits here: the C library's stat() takes short paths alone.
 bool isRegularFile(const std::string &path) {
     const int descriptor = openToRead(path);
@@ -90,7 +94,16 @@ namespace {
 
 constexpr int FILE_OF_BYTES = O_CLOEXEC;
 
+constexpr int endingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+char removedFile[4096];
+
+extern "C" void removeAndEnd(int signal) {
+    unlink(removedFile);
+    std::signal(signal, SIG_DFL);
+    raise(signal);
 }
+
+} // namespace
 
 Console::Console() = default;
 Console::~Console() = default;
@@ -107,6 +120,15 @@ std::ptrdiff_t readBytes(int descriptor, char *to, size_t size) {
 
 std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size) {
     return ::write(descriptor, from, size);
+}
+
+void removeOnInterrupt(const std::string &path) {
+    const bool removes = !path.empty() && path.size() < sizeof removedFile;
+    if (removes)
+        removedFile[path.copy(removedFile, sizeof removedFile - 1)] = '\0';
+    for (const int signal : endingSignals)
+        if (std::signal(signal, removes ? removeAndEnd : SIG_DFL) == SIG_IGN)
+            std::signal(signal, SIG_IGN); // as nohup wants it
 }
 
 bool isRegularFile(const std::string &path) {
@@ -128,4 +150,8 @@ int openToRead(const std::string &path) {
 
 int openToWrite(const std::string &path) {
     return open(path.c_str(), O_WRONLY | O_CREAT | FILE_OF_BYTES, 0666);
+}
+
+int openNew(const std::string &path) {
+    return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | FILE_OF_BYTES, 0666);
 }

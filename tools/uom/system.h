@@ -27,8 +27,12 @@ void keepBytes(int descriptor);
 // Files byte for byte, as POSIX has them: a descriptor or a count, or -1 with errno.
 int openToRead(const std::string &path);
 int openToWrite(const std::string &path); // made when it is not there; not emptied
+int openNew(const std::string &path);     // fails when it is there
 std::ptrdiff_t readBytes(int descriptor, char *to, size_t size);
 std::ptrdiff_t writeBytes(int descriptor, const char *from, size_t size);
+
+// A file that is removed when the tool is interrupted or ended; none for an empty path.
+void removeOnInterrupt(const std::string &path);
 
 bool isRegularFile(const std::string &path);
 

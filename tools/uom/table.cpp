@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <iostream>
-#include <unistd.h>
 #include <map>
+#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 
+#include "options.h"
 #include "system.h"
 #include "text.h"
 
@@ -187,7 +188,6 @@ CLI::Option *addPrecision(CLI::App &command, int &digits) {
 }
 
 void addOutput(CLI::App &command, Output &output) {
-    command.add_option("--output", output, "Form of the table: text, csv or json; text by default")
-        ->option_text("FORM")
-        ->transform(CLI::CheckedTransformer(outputNames, CLI::ignore_case));
+    addChoice(command, "--output", output, outputNames, "Form of the table: text, csv or json; text by default")
+        ->option_text("FORM");
 }

@@ -27,11 +27,31 @@ bool equalNoCase(std::string_view a, std::string_view b) {
     return lowerCase(a) == lowerCase(b);
 }
 
-bool readLine(std::istream &from, std::string &line, int number) {
-    if (!std::getline(from, line))
+static bool readBytesOfLine(std::streambuf &bytes, std::string &line, bool &afterReturn) {
+    constexpr int END = std::char_traits<char>::eof();
+    int byte = bytes.sbumpc();
+    if (afterReturn && byte == '\n') // of the end of the last line; not waited for there
+        byte = bytes.sbumpc();
+    if (byte == END)
         return false;
-    if (number == 1 && line.starts_with(BYTE_ORDER_MARK))
+    for (; byte != END && byte != '\n' && byte != '\r'; byte = bytes.sbumpc())
+        line += static_cast<char>(byte);
+    afterReturn = byte == '\r';
+    return true;
+}
+
+bool LineReader::next(std::string &line) {
+    line.clear();
+    try {
+        if (!readBytesOfLine(*from_.rdbuf(), line, afterReturn_))
+            return false;
+    } catch (const std::ios_base::failure &) { // of a directory, which opens but does not read
+        from_.setstate(std::ios_base::badbit);
+        return false;
+    }
+    if (first_ && line.starts_with(BYTE_ORDER_MARK))
         line.erase(0, BYTE_ORDER_MARK.size());
+    first_ = false;
     return true;
 }
 
@@ -47,6 +67,15 @@ std::optional<double> parseNumber(std::string_view text) {
     if (error != std::errc() || rest != end)
         return std::nullopt;
     return value;
+}
+
+std::string numberFault(std::string_view text) {
+    text = trimmed(text);
+    double ignored;
+    const char *end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data() + text.starts_with('+'), end, ignored);
+    return "\"" + std::string(text) + "\" is " +
+           (error == std::errc::result_out_of_range && rest == end ? "beyond the range of numbers." : "not a number.");
 }
 
 std::string shortestNumber(double value) {
@@ -111,16 +140,30 @@ static bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
+size_t utf8LengthOf(int lead) {
+    return lead < 0xC2 || lead > 0xF4 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
 // The length of the UTF-8 character at the head of a text, 0 when it isn't one.
 static size_t utf8Length(std::string_view text) {
-    const unsigned char lead = static_cast<unsigned char>(text[0]);
-    const size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
-    if (length > text.size())
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const size_t length = utf8LengthOf(lead);
+    if (length > text.size() || (length == 1 && lead >= 0x80))
         return 0;
     for (size_t i = 1; i < length; ++i)
         if (!isContinuation(text[i]))
             return 0;
     return length;
+}
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const size_t length = utf8Length(text);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
 }
 
 static bool isSuperscript(char latin1) {
@@ -147,6 +190,23 @@ std::string toTerminal(std::string_view text) {
         text.remove_prefix(length);
     }
     return utf8;
+}
+
+std::string toMessage(std::string_view text) {
+    constexpr const char *digits = "0123456789ABCDEF";
+    std::string shown;
+    const std::string utf8 = toTerminal(text);
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        auto c = static_cast<unsigned char>(utf8[i]);
+        const bool isSecondSet = c == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0;
+        if (isSecondSet)
+            c = static_cast<unsigned char>(utf8[++i]);
+        if (isSecondSet || (c < ' ' && c != '\n') || c == 0x7F)
+            shown += std::string("\\x") + digits[c >> 4] + digits[c & 15];
+        else
+            shown += utf8[i];
+    }
+    return shown;
 }
 
 std::string toUtf8(std::string_view text) {

@@ -15,11 +15,22 @@ bool equalNoCase(std::string_view a, std::string_view b);
 // What some editors put in front of a text file.
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
-// The next line of a text; the first has the number 1 and loses its byte-order mark. False at the end.
-bool readLine(std::istream &from, std::string &line, int number);
+// The lines of a text, which end with a line feed, a carriage return or both; the first loses its byte-order mark.
+class LineReader {
+public:
+    explicit LineReader(std::istream &from) : from_(from) {}
+    bool next(std::string &line); // false at the end
+
+private:
+    std::istream &from_;
+    bool first_ = true, afterReturn_ = false;
+};
 
 // The number that the whole text is, "+" and blanks at the ends allowed.
 std::optional<double> parseNumber(std::string_view text);
+
+// Why a text is no number that parseNumber reads.
+std::string numberFault(std::string_view text);
 
 // The shortest text that reads back as the same number.
 std::string shortestNumber(double value);
@@ -36,8 +47,15 @@ std::string formatNumber(const std::string &format, double value);
 std::string fromTerminal(std::string_view text);
 std::string toTerminal(std::string_view text);
 
+// The same for messages: control characters, which a terminal would obey, as "\\x1B". Line feeds stay.
+std::string toMessage(std::string_view text);
+
 // The same as UTF-8 throughout: what is none is taken for Latin-1, as the library's superscripts are.
 std::string toUtf8(std::string_view text);
+
+// The length of the UTF-8 character that a byte leads, 1 of one that leads none.
+size_t utf8LengthOf(int lead);
+bool isUtf8(std::string_view text);
 
 // How many characters wide a terminal shows it.
 size_t shownWidth(std::string_view utf8);

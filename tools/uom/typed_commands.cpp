@@ -1,9 +1,13 @@
 // uom 250 kPag psia, uom search: what people type.
+#include <algorithm>
+#include <cmath>
 #include <iostream>
 #include <memory>
 
 #include "commands.h"
 #include "library.h"
+#include "nearest.h"
+#include "options.h"
 #include "table.h"
 #include "text.h"
 
@@ -35,6 +39,22 @@ std::string unitOf(const std::string &text) {
         if (parseNumber(trimmed(std::string_view(text).substr(0, i))))
             end = i;
     return std::string(trimmed(std::string_view(text).substr(end)));
+}
+
+// Numbers with a sign of their own, and what is like a number and none.
+constexpr std::string_view MINUS = "\xE2\x88\x92"; // U+2212
+
+std::string withPlainMinus(const std::string &word) {
+    return word.starts_with(MINUS) ? "-" + word.substr(MINUS.size()) : word;
+}
+
+void requireNumber(const std::string &typed) {
+    const std::string_view text = trimmed(typed);
+    const std::string word(text.substr(0, text.find(' ')));
+    const bool hexadecimal = word.starts_with("0x") || word.starts_with("0X");
+    const bool numeric = word.find_first_not_of("+-.0123456789eE") == std::string::npos && word.size() > 1;
+    if (!parseNumber(word) && (hexadecimal || (numeric && word.find_first_of("0123456789") <= 1)))
+        throw Failure(numberFault(word));
 }
 
 // A value with its units as they were typed.
@@ -71,18 +91,34 @@ double convertTyped(const TypedArguments &arguments, const Amount &from, const s
     return (*conversion)(from.value);
 }
 
+// What is a command for somebody who has misspelt it.
+void refuseMisspeltCommand(const std::vector<std::string> &words) {
+    const std::string &first = words.front();
+    const std::string command = nearestName(first, commandNames());
+    if (!command.empty() && uom::entryClasses(first).empty())
+        throw CLI::ValidationError("\"" + first + "\" is no command and no unit. Did you mean \"" + command + "\"?");
+}
+
 int runTyped(const TypedArguments &arguments) {
     std::vector<std::string> words = arguments.words;
+    if (std::any_of(words.begin(), words.end(), [](const std::string &word) { return trimmed(word).empty(); }))
+        throw CLI::ValidationError("FROM and TO", "An empty text is no value and no unit");
     if (words.size() > 2 && isLink(words[words.size() - 2]))
         words.erase(words.end() - 2);
     if (words.size() < 2)
         throw CLI::RequiredError("FROM and TO");
     if (arguments.classic && arguments.classString.empty())
         throw CLI::RequiredError("--class, with --classic,");
+    refuseMisspeltCommand(words);
+    words[0] = withPlainMinus(std::string(trimmed(words[0])));
+    requireNumber(words[0]);
     const Amount from = amountOf(arguments, join(words, words.size() - 1));
     const std::string &to = words.back();
     std::string note;
     const double converted = convertTyped(arguments, from, to, &note);
+    if (std::isfinite(from.value) && !std::isfinite(converted))
+        throw Failure(roundedNumber(from.value, arguments.digits) + " " + from.units + " has no finite result in \"" +
+                      to + "\".");
     TextTable table = {
         {{"Value", true}, {"From"}, {"Result", true}, {"To"}},
         {{roundedNumber(from.value, arguments.digits), from.units, roundedNumber(converted, arguments.digits), to}}};
@@ -107,6 +143,8 @@ int runSearch(const SearchArguments &arguments) {
     TextTable table = {{{"Kind"}, {"Class"}, {"Name"}, {"Description"}}};
     for (const uom::Found &found : uom::search(words, arguments.most))
         table.rows.push_back({found.kind, found.classToken, found.token, found.description});
+    if (table.rows.empty() && arguments.output != Output::TEXT)
+        print(table, arguments.output);
     if (table.rows.empty())
         throw Failure("Nothing is found for \"" + words + "\".");
     print(table, arguments.output);
@@ -120,7 +158,8 @@ Action addTyped(CLI::App &command) {
     command.add_option("NUMBER FROM TO", arguments->words, "A number, or none, its unit, and the wanted unit")
         ->option_text(" ");
     command.add_option("--class", arguments->classString, "The quantity, where the units leave it open")
-        ->option_text("CLASS");
+        ->option_text("CLASS")
+        ->check(notEmpty());
     command.add_flag("--classic", arguments->classic, "Read unit texts as the classical operations do; needs --class");
     addPrecision(command, arguments->digits);
     addOutput(command, arguments->output);
