@@ -8,6 +8,7 @@
 #include "support/name_index.h"
 #include "tests/library_fixture.h"
 #include "text/class_text.h"
+#include "uom/catalogue.h"
 
 namespace {
 
@@ -83,6 +84,29 @@ TEST_F(LimitsTest, WordsOfAnyLength) {
         UomStruct chain = uom_ClassAndUnitToStruct((head + std::string(10000, 'X')).c_str(), 2);
         EXPECT_NE(chain, nullptr) << head;
         uom_Free(&chain);
+    }
+}
+
+// The index of a list has a word for each 64 units.
+TEST_F(LimitsTest, ListsOfAnyLength) {
+    for (const int count : {64, 65, 129}) {
+        std::string units, names;
+        for (int i = 1; i <= count; ++i) {
+            units += "\nu" + std::to_string(i) + " U \"\" 0 0.0 " + std::to_string(i);
+            names += "\nu" + std::to_string(i);
+        }
+        const std::string text =
+            "BEGINUOMLIST\nnone NONE None 0 0 1" + units + "\nENDUOMLIST\nBEGINLIST\nLeng" + names + "\nENDLIST\n";
+        UomCatalogue *const own = uom_NewCatalogue();
+        UomCatalogue *const before = uom_UseCatalogue(own);
+        EXPECT_EQ(uom_InitText(text.data(), text.size(), 0, nullptr), 0) << lastError();
+        for (int i = 1; i <= count; ++i) {
+            double value = 1;
+            EXPECT_EQ(uoms_ConvertArray(&value, 1, "Leng", ("u" + std::to_string(i)).c_str(), "u1"), 0) << lastError();
+            EXPECT_EQ(value, i);
+        }
+        uom_UseCatalogue(before);
+        uom_FreeCatalogue(own);
     }
 }
 
