@@ -5,7 +5,7 @@ conan.py RECIPE WORK VERSION
 """
 
 import fnmatch
-import importlib.util
+import runpy
 import shutil
 import subprocess
 import sys
@@ -49,12 +49,7 @@ module("conan.tools")
 module("conan.tools.cmake", CMake=Recorder, CMakeDeps=Recorder, CMakeToolchain=Recorder, cmake_layout=lambda _: None)
 module("conan.tools.files", copy=copy, load=lambda _, path: Path(path).read_text(), rmdir=None)
 
-spec = importlib.util.spec_from_file_location("conanfile", recipe_path)
-conanfile = importlib.util.module_from_spec(spec)
-sys.dont_write_bytecode = True
-spec.loader.exec_module(conanfile)
-
-recipe = conanfile.UomConan()
+recipe = runpy.run_path(str(recipe_path))["UomConan"]()
 recipe.recipe_folder = str(recipe_path.parent)
 recipe.export_sources_folder = str(work / "sources")
 recipe.options = types.SimpleNamespace(shared=False)

@@ -91,8 +91,8 @@ ENDSLATE
 
 @pytest.mark.skipif(not sys.platform.startswith("linux") or not shutil.which("cc"), reason="needs LD_PRELOAD and a C compiler")
 def test_each_request_may_fail(tmp_path):
-    library = tmp_path / "failing_realloc.so"
-    source = Path(__file__).with_name("failing_realloc.c")
+    library = tmp_path / "failing_memory.so"
+    source = Path(__file__).with_name("failing_memory.c")
     subprocess.run(["cc", "-O1", "-shared", "-fPIC", "-o", library, source, "-ldl"], check=True)
     small = tmp_path / "small.txt"
     small.write_text(SMALL)
