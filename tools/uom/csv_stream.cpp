@@ -18,6 +18,13 @@ namespace {
 constexpr size_t BLOCK = size_t{1} << 20;
 constexpr size_t LONGEST_ROW = size_t{64} << 20;
 
+// Windows knows paths of any length and letters by its own operations alone, and lets nobody rename onto an open file.
+#if defined(_WIN32)
+constexpr bool WRITES_BESIDE = false;
+#else
+constexpr bool WRITES_BESIDE = true;
+#endif
+
 std::string quoted(const std::string &path) {
     return "\"" + path + "\"";
 }
@@ -41,13 +48,20 @@ File File::toRead(const std::string &path) {
     return {descriptor, quoted(path)};
 }
 
-// Refused when it is the input, which would be lost.
-void File::openInPlace(const std::string &path) {
+// Emptied only when it is known to be another file than the input, which would be lost.
+void File::openInPlace(const std::string &path, const File &input) {
     struct stat status;
     descriptor_ = openToWrite(path);
-    if (descriptor_ < 0 ||
-        (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(descriptor_, 0) != 0))
+    if (descriptor_ < 0)
         fail("Unable to write " + name_, errno);
+    refuse(input);
+    if (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) && ftruncate(descriptor_, 0) != 0)
+        fail("Unable to write " + name_, errno);
+}
+
+void File::refuse(const File &input) const {
+    if (isSameFile(descriptor_, input.descriptor_))
+        throw Failure("The output is the input file " + input.name_ + ".");
 }
 
 // A new file, with the permissions of the one that it replaces. False where there can be none.
@@ -70,30 +84,30 @@ bool File::openBeside(const std::string &path) {
 
 File File::toWrite(const std::string &path, const File &input) {
     File file = {STDOUT_FILENO, "the output"};
-    const auto refuseInput = [&](int descriptor) {
-        if (isSameFile(descriptor, input.descriptor_))
-            throw Failure("The output is the input file " + input.name_ + ".");
-    };
     if (path == "-") {
         keepBytes(STDOUT_FILENO);
-        refuseInput(STDOUT_FILENO);
+        file.refuse(input);
         return file;
     }
     file.name_ = quoted(path);
+    if (!WRITES_BESIDE) {
+        file.openInPlace(path, input);
+        return file;
+    }
     std::error_code none;
     const auto before = std::filesystem::symlink_status(path, none);
     if (std::filesystem::exists(before)) {
         file.descriptor_ = openToWrite(path); // tells whether it may be written
         if (file.descriptor_ < 0)
             fail("Unable to write " + file.name_, errno);
-        refuseInput(file.descriptor_);
+        file.refuse(input);
         if (!isRegularFile(path))
             return file;
         close(file.descriptor_);
         file.descriptor_ = -1;
     }
     if (!file.openBeside(path))
-        file.openInPlace(path);
+        file.openInPlace(path, input);
     return file;
 }
 

@@ -29,7 +29,8 @@ public:
 private:
     File(int descriptor, std::string name) : descriptor_(descriptor), name_(std::move(name)) {}
     bool openBeside(const std::string &path);
-    void openInPlace(const std::string &path);
+    void openInPlace(const std::string &path, const File &input);
+    void refuse(const File &input) const;
     int descriptor_;
     std::string name_;          // as messages have it
     std::string path_, beside_; // of a file that takes its name at the end
