@@ -1,5 +1,7 @@
 #include "entry/fold.h"
 
+#include <algorithm>
+
 #include "support/text.h"
 
 namespace uom {
@@ -139,6 +141,8 @@ int32_t fold_End(const FoldedText &folded, int32_t from, int32_t to) {
 
 std::string_view fold_Typed(const FoldedText &folded, int32_t from, int32_t to) {
     constexpr size_t MOST = 60;
+    to = std::min(to, folded.length); // a word that is missing is said to be where the text ends
+    from = std::min(from, to);
     const size_t begin = static_cast<size_t>(folded.place[from]);
     size_t size = static_cast<size_t>(fold_End(folded, from, to)) - begin;
     for (bool cut = size > MOST; cut;) {
