@@ -158,7 +158,8 @@ Ratios ratiosOf(const UomClassRow &row) {
 void noteRatios(Builder &builder) {
     const Catalogue &catalogue = builder.catalogue;
     for (int32_t c = CLASS_DIMENSIONLESS; c < builder.words.classCount; ++c) {
-        const Ratios ratios = class_IsValid(catalogue, c) ? ratiosOf(*class_Row(catalogue, c)) : RATIO_OF_ANY;
+        const UomClassRow *row = class_ValidRow(catalogue, c);
+        const Ratios ratios = row ? ratiosOf(*row) : RATIO_OF_ANY;
         const int32_t *units = ratios != RATIO_OF_ANY ? uom_GetClassUnits(catalogue, c) : nullptr;
         for (; units && *units != NO_UNIT; ++units)
             if (*units > NO_UNIT && *units < builder.words.unitCount)
