@@ -70,12 +70,17 @@ int32_t convertUnder(Pair &pair, UomConversion **out) {
     return prepared_NewScaled(pair.catalogue, from.chain, to.chain, pair.sides[0].scale, pair.sides[1].scale, out);
 }
 
-// Whether a text holds a gas volume.
-bool holdsGas(Pair &pair, int32_t which) {
+// What a text measures whatever the class; null when it is not read without one.
+const Measure *measureOf(Pair &pair, int32_t which) {
     UomEntry entry;
     Reading &reading = pair.readings[which];
-    return entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, reading, entry) &&
-           reading.count > 0 && reading.measures[0].gas;
+    const bool read = entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, reading, entry);
+    return read && reading.count > 0 ? &reading.measures[0] : nullptr;
+}
+
+bool holdsGas(Pair &pair, int32_t which) {
+    const Measure *measure = measureOf(pair, which);
+    return measure && measure->gas;
 }
 
 // A rate that is counted by volume may be one of a gas or of a liquid: the two do not mix.
@@ -91,28 +96,30 @@ bool refuseGasAndLiquid(Pair &pair, const char *classString) {
     return true;
 }
 
-// "mg/kg" and "mL/L": numbers both, and not of the same.
+const char *nameOf(Ratios ratios) {
+    static constexpr struct {
+        Ratios ratio;
+        const char *name;
+    } names[] = {{RATIO_OF_MASSES, "masses"}, {RATIO_OF_AMOUNTS, "amounts"}, {RATIO_OF_VOLUMES, "volumes"}};
+    for (const auto &row : names)
+        if (ratios & row.ratio)
+            return row.name;
+    return "other quantities";
+}
+
+// "mg/kg" and "mL/L" as fractions: numbers both, and not of the same.
 bool refuseRatios(Pair &pair, const char *classString) {
-    static constexpr const char *names[] = {"", "masses",          "amounts", "", "volumes", "", "amounts and volumes",
-                                            "", "other quantities"};
     const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
-    if (classId < CLASS_DIMENSIONLESS || classId >= pair.words.classCount ||
+    if (classId < CLASS_DIMENSIONLESS || classId >= pair.words.classCount || pair.words.classes[classId].slots == 0 ||
         pair.words.classes[classId].dimension != Dimension{})
         return false;
-    Ratios ratios[2] = {RATIO_OF_ANY, RATIO_OF_ANY};
-    for (int32_t which = 0; which < 2; ++which) {
-        UomEntry entry;
-        Reading &reading = pair.readings[which];
-        if (entry_Read(pair.catalogue, pair.words, CLASS_NONE, pair.texts[which], true, reading, entry) &&
-            reading.count > 0)
-            ratios[which] = reading.measures[0].ratios;
-    }
-    if (!ratio_Differs(ratios[0], ratios[1]))
+    const Measure *from = measureOf(pair, 0), *to = measureOf(pair, 1);
+    if (!from || !to || !ratio_Differs(from->ratios, to->ratios))
         return false;
     char message[sizeof UomEntry::message];
     str_FormatBounded(message, sizeof message,
                       "\"%.60s\" and \"%.60s\" do not convert into each other: one is a ratio of %s, the other of %s.",
-                      pair.texts[0], pair.texts[1], names[ratios[0]], names[ratios[1]]);
+                      pair.texts[0], pair.texts[1], nameOf(from->ratios), nameOf(to->ratios));
     error_Set("%s", message);
     return true;
 }

@@ -87,13 +87,11 @@ void convert(const std::string &classes, const std::string &from, const std::str
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    const char *words[] = {"-f", UOM_FUZZ_DATA};
-    return uom_Init2(2, words);
+    return startShipped();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    std::string text(reinterpret_cast<const char *>(data), size);
-    const std::string classes = takeLine(text), from = takeLine(text), to = takeLine(text);
+    const auto &[classes, from, to] = ClassAndTexts(data, size);
     UomStruct chain = uoms_New(classes.c_str());
     demand((chain != nullptr) == (uoms_IsClassValid(classes.c_str()) == 1));
     const int32_t status = uom_FillStructFromString(chain, from.c_str(), UOM_STYLE_TOKEN);

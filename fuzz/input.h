@@ -31,6 +31,23 @@ inline const std::string &smallData() {
     return text;
 }
 
+// Starts the library with the shipped file, once for all inputs.
+inline int startShipped() {
+    const char *words[] = {"-f", UOM_FUZZ_DATA};
+    return uom_Init2(2, words);
+}
+
+// An input of three lines, a class and two texts, which may miss.
+struct ClassAndTexts {
+    std::string classes, from, to;
+    ClassAndTexts(const uint8_t *data, size_t size) {
+        std::string text(reinterpret_cast<const char *>(data), size);
+        classes = takeLine(text);
+        from = takeLine(text);
+        to = takeLine(text);
+    }
+};
+
 // Bytes taken one after another; zeros when there are none left.
 struct Bytes {
     const uint8_t *at, *end;
