@@ -94,10 +94,14 @@ bool isSuperscript(const Sign &sign) {
     return digit && (sign.typed[0] == '\xC2' || sign.typed[1] == '\x81');
 }
 
+bool isInsideCharacter(char c) {
+    return (static_cast<uint8_t>(c) & 0xC0) == 0x80; // UTF-8
+}
+
 // Bytes of the UTF-8 character that the text begins with; 1 for what is none.
 size_t characterSize(std::string_view text) {
     size_t size = 1;
-    while (size < text.size() && (static_cast<uint8_t>(text[size]) & 0xC0) == 0x80)
+    while (size < text.size() && isInsideCharacter(text[size]))
         ++size;
     return size;
 }
@@ -145,10 +149,9 @@ std::string_view fold_Typed(const FoldedText &folded, int32_t from, int32_t to) 
     from = std::min(from, to);
     const size_t begin = static_cast<size_t>(folded.place[from]);
     size_t size = static_cast<size_t>(fold_End(folded, from, to)) - begin;
-    for (bool cut = size > MOST; cut;) {
-        size = size > MOST ? MOST : size - 1;
-        cut = (static_cast<uint8_t>(folded.typed[begin + size]) & 0xC0) == 0x80;
-    }
+    if (size > MOST)
+        for (size = MOST; size > 0 && isInsideCharacter(folded.typed[begin + size]);)
+            --size;
     return str_Head(str_Behind(folded.typed, begin), size);
 }
 

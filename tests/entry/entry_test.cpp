@@ -372,6 +372,21 @@ TEST_F(Entries, CountGasInMoles) {
     }
 }
 
+// Whatever was typed, a message is UTF-8: a long word is cut between characters, and what is none is a question mark.
+TEST_F(Entries, TellInUtf8) {
+    std::string typed = "x", quoted = "x";
+    for (int i = 0; i < 50; ++i)
+        typed += "µ";
+    for (int i = 0; i < 29; ++i) // 59 bytes: another character would be cut apart at the 60th
+        quoted += "µ";
+    EXPECT_EQ("1 \"" + quoted + "\" is no unit that is known here.", read("Pres", typed.c_str()));
+    EXPECT_EQ("1 \"Pr??s?\" is no class of quantities.", read("Pr\xFF\xC2s\n", "kPa"));
+    UomConversion *conversion;
+    UomEntry entry;
+    EXPECT_EQ(1, uom_NewConversionFromEntries("Pres", nullptr, "kPa", &conversion, &entry));
+    EXPECT_STREQ("There is no text to read.", entry.message);
+}
+
 // Numbers all of them, and of different things.
 TEST_F(Entries, KeepRatiosApart) {
     const struct {
