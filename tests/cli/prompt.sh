@@ -9,8 +9,9 @@ cd "$work" || exit 1
 export HOME=$work TERM=dumb
 unset XDG_STATE_HOME
 
+# The shell between the terminal and the tool lives through an interrupt, whichever shell it is.
 ask() { # global options; the lines on standard input; prints what the tool answers
-    { cat; } | timeout 20 script -qec "'$uom' $*; echo status \$?" /dev/null | tr -d '\r\a' | grep -av '^uom> \|^\(uom> \)*$'
+    { cat; } | timeout 20 script -qec "trap : INT; '$uom' $*; echo status \$?" /dev/null | tr -d '\r\a' | grep -av '^uom> \|^\(uom> \)*$'
 }
 
 is "no terminal" "uom: A subcommand is required (see uom --help)" "$("$uom" </dev/null 2>&1)"
