@@ -120,7 +120,7 @@ constants Temp F C --precision full|factor 0.5555555555555556;offset -32
 TEXT
 
 is "a unit behind a sign" "-40 F = -40 C" "$("$uom" "-40 F" C --class Temp)"
-is "no control characters" 'uom: There is no slate "\x1B[31m\x9B".' "$("$uom" slate $'\e[31m\u9b' 2>&1)"
+is "no control characters" 'uom: There is no slate "\x1B[31m\x9B".' "$("$uom" slate $'\e[31m\xc2\x9b' 2>&1)"
 for words in '"" m ft' '5 m ft --class ""' '5 "" ft' '--data "" slates' 'show Pres --units ""' 'units Pres --slate " "'; do
     eval "refused $words"
 done
