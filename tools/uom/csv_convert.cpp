@@ -1,7 +1,6 @@
 #include "csv_convert.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstring>
 
@@ -12,8 +11,7 @@
 
 namespace {
 
-constexpr size_t LONGEST_NUMBER = 32; // of any that std::to_chars writes here
-constexpr double NO_VALUE = -1e35;    // numbers below it pass through conversions
+constexpr double NO_VALUE = -1e35; // numbers below it pass through conversions
 
 struct Number {
     const char *begin, *end;
@@ -176,12 +174,6 @@ void sortBadCells(CsvBlock &block) {
     cells.resize(std::min(cells.size(), SHOWN_BAD_CELLS));
 }
 
-char *writeNumber(char *at, double value, int digits) {
-    if (digits == FULL_PRECISION)
-        return std::to_chars(at, at + LONGEST_NUMBER, value).ptr;
-    return std::to_chars(at, at + LONGEST_NUMBER, value, std::chars_format::general, digits).ptr;
-}
-
 void reserve(CsvBlock &block, size_t size) {
     if (size <= block.outCapacity)
         return;
@@ -191,7 +183,7 @@ void reserve(CsvBlock &block, size_t size) {
 
 // The last pass: the text with the new numbers in place of the old ones.
 void writeRows(const CsvRules &rules, CsvBlock &block) {
-    reserve(block, block.in.size() + block.places.size() * LONGEST_NUMBER);
+    reserve(block, block.in.size() + block.places.size() * LONGEST_NUMBER_TEXT);
     std::vector<const double *> next;
     for (const auto &values : block.values)
         next.push_back(values.data());

@@ -79,15 +79,12 @@ std::string numberFault(std::string_view text) {
 }
 
 std::string shortestNumber(double value) {
-    char text[64];
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+    return roundedNumber(value, FULL_PRECISION);
 }
 
 std::string roundedNumber(double value, int digits) {
-    if (digits == FULL_PRECISION)
-        return shortestNumber(value);
-    char text[64];
-    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr};
+    char text[LONGEST_NUMBER_TEXT];
+    return {text, writeNumber(text, value, digits)};
 }
 
 // The length of the conversion at the head of a text that starts with "%": flags, width, precision, letter. 0

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "number_text.h"
+
 std::string_view trimmed(std::string_view text); // without blanks, tabs, carriage returns and line feeds at the ends
 std::string lowerCase(std::string_view text);
 bool equalNoCase(std::string_view a, std::string_view b);
@@ -36,7 +38,6 @@ std::string numberFault(std::string_view text);
 std::string shortestNumber(double value);
 
 // So many significant digits at most, without zeros at the end; FULL_PRECISION is the shortest text.
-constexpr int FULL_PRECISION = 0;
 std::string roundedNumber(double value, int digits);
 
 // Whether a printf format takes just one double, e.g. "%.6g" or "%8.2f kPa".
