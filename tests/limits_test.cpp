@@ -1,5 +1,6 @@
 // Texts, exponents, chains and tables of any size: answered, and in time that grows with them.
 #include <cmath>
+#include <cstring>
 
 #include "uom/blank_padded.h"
 #include "catalogue/slate_table.h"
@@ -264,6 +265,8 @@ TEST_F(LimitsTest, NullAndBadArguments) {
     EXPECT_EQ("1 1 1", joined(uoms_FormatUnits(catalogue(), nullptr, "m", "token", 8, out),
                               uoms_FormatUnits(catalogue(), "Leng", "", "token", 8, out),
                               uoms_FormatUnits(catalogue(), "Leng", "m", "token", 8, nullptr)));
+    std::strcpy(out, "old");
+    EXPECT_EQ("2 ", joined(uoms_GetComponentClass(catalogue(), "nosuch", 8, out), out));
     EXPECT_EQ("2 1 2 1", joined(uoms_GetComponentClass(catalogue(), nullptr, 8, out),
                                 uoms_GetComponentClass(catalogue(), "Leng", 8, out),
                                 uoms_GetClassDefinition(catalogue(), "Leng", 8, out),

@@ -83,6 +83,8 @@ done <<'TEXT'
 gpm m³/h --precision 6|1 gpm = 0.227125 m³/h
 -40 F to C --class Temp|-40 F = -40 C
 2.5e2 kPag = psia --class Pres --precision 6|250 kPag = 50.9554 psia
+5x10^3 kPa Pa --class Pres|5000 kPa = 5000000 Pa
+5 × 10³ kPa Pa --class Pres|5000 kPa = 5000000 Pa
 60/min Hz|60/min = 1 Hz
 1.5 kPa/(m³/s)² psi/(ft³/min)² --precision 6|1.5 kPa/(m³/s)² = 4.84573e-08 psi/(ft³/min)²
 5 kPs psi|uom: "kPs" is no unit that is known here. Did you mean "kPa"?

@@ -102,6 +102,11 @@ TEST_F(Entries, ReadWhatIsMeant) {
         {"Rate", "kmol/h", "g-mol/hr x 1000"},
         // Numbers.
         {"Mass", "-1.5e3 kg", "-1500 kg"},
+        {"Mass", "-5x10^3 kg", "-5000 kg"},
+        {"Mass",
+         " 1.5\xC2\xB7"
+         "10\xE2\x81\xBB\xC2\xB3 kg",
+         "0.0015 kg"},
         {"Energy", "10^6 BTU", "BTU x 1e+06"},
         {"MassPrice", "$/100lb", "$/lb x 0.01"},
         // Dimensionless has the empty unit text; a long name may have blanks.
@@ -176,6 +181,7 @@ TEST_F(Entries, RefuseWhatIsNotClear) {
         {"Pres", "kPs", "\"kPs\" is no unit that is known here.", "kPa", 0, 3},
         {"MassRate", "µg/hx", "\"hx\" is no unit that is known here.", "", 4, 2},
         {"Presure", "kPa", "\"Presure\" is no class of quantities.", "Pres", 0, 0},
+        {"Pres/Nothing", "kPa", "\"Pres/Nothing\" is no class of quantities.", "", 0, 0},
         {"Pres", "SCFM", "\"SCFM\" is no unit of Pres; it is one of VapVolRate.", "", 0, 4},
         {"VolRate", "SCFM",
          "\"SCFM\" is an amount of gas, told by its volume under standard conditions, and no unit of VolRate.", "", 0,

@@ -32,13 +32,27 @@ bool isLink(const std::string &word) {
     return word == "to" || word == "as" || word == "->" || word == "=";
 }
 
-// What stands behind the number of a typed text, which would be a factor of the unit: another thing for 212 F.
-std::string unitOf(const std::string &text) {
-    size_t end = 0;
+// As programs write numbers, and as people do: 5x10^3.
+std::optional<double> readNumber(std::string_view text) {
+    if (const auto number = parseNumber(text))
+        return number;
+    const auto entry = uom::tryReadEntry("Dimensionless", text);
+    return entry ? entry->value : std::nullopt;
+}
+
+// The number in front of a typed text and what stands behind it; there it would be a factor of the unit, another thing for
+// 212 F.
+struct NumberAndUnits {
+    std::optional<double> number;
+    std::string units;
+};
+
+NumberAndUnits splitNumber(std::string_view text) {
+    NumberAndUnits split = {std::nullopt, std::string(trimmed(text))};
     for (size_t i = 1; i <= text.size(); ++i)
-        if (parseNumber(trimmed(std::string_view(text).substr(0, i))))
-            end = i;
-    return std::string(trimmed(std::string_view(text).substr(end)));
+        if (const auto number = readNumber(text.substr(0, i)))
+            split = {number, std::string(trimmed(text.substr(i)))};
+    return split;
 }
 
 // Numbers with a sign of their own, and what is like a number and none.
@@ -65,8 +79,7 @@ struct Amount {
 
 // What a typed text says; a number that is not in front of a unit is its factor: "1/min".
 Amount amountOf(const TypedArguments &arguments, const std::string &typed) {
-    const std::string units = unitOf(typed);
-    const auto number = parseNumber(trimmed(std::string_view(typed).substr(0, typed.size() - units.size())));
+    const auto [number, units] = splitNumber(typed);
     if (arguments.classic)
         return {number.value_or(1.0), units};
     const auto entry = uom::tryReadEntry(arguments.classString, typed);
