@@ -27,6 +27,7 @@ constexpr Sign signs[] = {
     {"\xC3\x85ngstr", "angstr"},
     {"\xC3\xA5ngstr", "angstr"},
     {"\xC3\xB6", "o"},
+    {"\xC3\xBC", "ue"},
     {"\xC3\xA8", "e"},
     {"\xC3\xA9", "e"},
     {"\xC3\x85", "ang"},     // A with ring
@@ -116,6 +117,16 @@ bool put(FoldedText &folded, std::string_view plain, size_t place) {
     return true;
 }
 
+// Names with a "/" in them have no blanks there: "kg / cm2 g".
+bool putWithoutBlanks(FoldedText &folded, std::string_view plain, size_t place) {
+    const auto last = [&folded] { return folded.length > 0 ? folded.text[folded.length - 1] : '\0'; };
+    if (plain == " " && last() == '/')
+        return true;
+    while (plain == "/" && last() == ' ')
+        --folded.length;
+    return put(folded, plain, place);
+}
+
 // Whether a unit, with its power, is what stands last: "lb" of "BTU/lb°F", and not the number of "5°F".
 bool endsInUnit(const FoldedText &folded) {
     int32_t end = folded.length;
@@ -185,7 +196,7 @@ bool fold_Text(FoldedText &folded, std::string_view typed) {
             if (plain == "deg " && isDegreeOfTemperature(str_Behind(typed, i + size)))
                 plain = endsInUnit(folded) ? "-" : "";
         }
-        if (!put(folded, plain, i)) {
+        if (!putWithoutBlanks(folded, plain, i)) {
             folded.tooLong = true;
             folded.text[folded.length] = '\0';
             return false;

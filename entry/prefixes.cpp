@@ -1,5 +1,8 @@
 #include "entry/prefixes.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "support/text.h"
 
 namespace uom {
@@ -32,14 +35,17 @@ struct MetricUnit {
     int32_t largest = ANY_LARGEST;
 };
 constexpr MetricUnit metricSymbols[] = {
-    {"m", -15, 30}, {"g"},        {"s", -30, -1}, {"sec", -9, -3}, {"mol"},         {"mole"},        {"g-mol"},
-    {"gmol"},       {"J"},        {"W"},          {"Pa"},          {"bar"},         {"L", -12, 9},   {"l", -12, 9},
-    {"N"},          {"V"},        {"A"},          {"Hz"},          {"ohm"},         {"S"},           {"P", -9, 0},
-    {"St", -9, 6},  {"eV"},       {"t", 3, 12},   {"Wh"},          {"W-hr"},        {"cal"},         {"calth"},
-    {"D", -9, 0},   {"VA"},       {"var"},        {"VAR"},         {"torr", -9, 0}, {"Torr", -9, 0}, {"rad"},
-    {"dyn"},        {"dyne"},     {"Pa-s"},       {"barg"},        {"bara"},        {"Pag"},         {"Paa"},
-    {"gf"},         {"K", -9, 3}, {"Nm3", 3, 6},  {"Sm3", 3, 6},
+    {"m", -15, 30}, {"g"},        {"s", -30, -1}, {"sec", -9, -3}, {"mol"},       {"mole"},        {"g-mol"},
+    {"gmol"},       {"J"},        {"W"},          {"Pa"},          {"bar"},       {"L", -12, 9},   {"l", -12, 9},
+    {"N"},          {"V"},        {"A"},          {"Hz"},          {"ohm"},       {"S"},           {"P", -9, 0},
+    {"St", -9, 6},  {"eV"},       {"t", 3, 12},   {"Wh"},          {"Whr"},       {"W-hr"},        {"cal"},
+    {"calth"},      {"D", -9, 0}, {"VA"},         {"var"},         {"VAR"},       {"torr", -9, 0}, {"Torr", -9, 0},
+    {"rad"},        {"dyn"},      {"dyne"},       {"Pa-s"},        {"barg"},      {"bara"},        {"Pag"},
+    {"Paa"},        {"gf"},       {"K", -9, 3},   {"Nm3", 3, 6},   {"Sm3", 3, 6},
 };
+// What else stands behind a mega or a milli in names of the catalogue and in aliases.
+constexpr std::string_view furtherStems[] = {"WHR", "We", "Wth", "Wt", "tonne", "tonnes", "Darcy", "darcy"};
+
 constexpr MetricUnit metricNames[] = {
     {"meter"},         {"metre"},     {"gram"},         {"gramme"},      {"second", -30, -1},
     {"mole"},          {"mol"},       {"watt"},         {"joule"},       {"pascal"},
@@ -90,7 +96,25 @@ PrefixedUnit find(const MetricUnit (&units)[N], std::string_view text, std::stri
     return {};
 }
 
+bool isMetricStem(std::string_view letters) {
+    for (const MetricUnit &unit : metricSymbols)
+        if (unit.text == letters)
+            return true;
+    return std::find(std::begin(furtherStems), std::end(furtherStems), letters) != std::end(furtherStems);
+}
+
+bool hasSmallLetter(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
 } // namespace
+
+bool prefix_IsTurned(std::string_view name, std::string_view typed) {
+    constexpr size_t SHORTEST_WORD = 3; // "Mm" and "Mg" are symbols
+    const bool milli = name[0] == 'M' && typed[0] == 'm';
+    const bool mega = name[0] == 'm' && typed[0] == 'M' && name.size() > SHORTEST_WORD && hasSmallLetter(typed);
+    return (milli || mega) && isMetricStem(name.substr(1));
+}
 
 PrefixedUnit prefix_OfSymbol(std::string_view text) {
     return find(metricSymbols, text, &Prefix::symbol, false, false);

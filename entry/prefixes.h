@@ -22,6 +22,10 @@ PrefixedUnit prefix_OfSymbol(std::string_view text);
 // The same of written names ("microbar", "megajoule"), in any case.
 PrefixedUnit prefix_OfName(std::string_view text);
 
+// Whether letters of a name are a mega or a milli in front of a metric unit and, as they were typed, would be the other
+// one: "MPaa" as "mPaa" or "mpaa", "mDarcy" as "MDarcy". Those who write all in capitals may mean either by their M.
+bool prefix_IsTurned(std::string_view name, std::string_view typed);
+
 // Whether a prefix symbol and a unit symbol would be meant by the text if the unit's case were free ("mpa": milli, Pa).
 PrefixedUnit prefix_IfCaseWereFree(std::string_view text);
 

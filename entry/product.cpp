@@ -1,7 +1,9 @@
 #include "entry/product.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 #include "catalogue/class_table.h"
 #include "catalogue/units.h"
@@ -72,7 +74,8 @@ bool readExponent(TextReader &reader, int32_t *exponent) {
     const int32_t first = i;
     while (str_IsDigit(reader.at(i)) && value <= HIGHEST_POWER)
         value = 10 * value + (reader.at(i++) - '0');
-    if (i == first || value == 0 || value > HIGHEST_POWER || reader.at(i) == '.' || isFractionAt(reader, i, marked))
+    if (i == first || value == 0 || value > HIGHEST_POWER || (reader.at(i) == '.' && str_IsDigit(reader.at(i + 1))) ||
+        isFractionAt(reader, i, marked))
         return word_Refuse(reader, reader.place, i + 1,
                            "An exponent is to be a whole number of at most two digits, and not 0.");
     if (open && reader.at(i++) != ')')
@@ -143,13 +146,15 @@ struct KeyWord {
     int32_t value;
 };
 constexpr KeyWord powersInFront[] = {{"square", 2}, {"sq", 2}, {"cubic", 3}, {"cu", 3}};
+constexpr KeyWord counts[] = {{"thousand", 3}, {"million", 6}, {"billion", 9}}; // powers of ten
 constexpr KeyWord powersBehind[] = {{"squared", 2}, {"square", 2}, {"cubed", 3}};
 constexpr KeyWord scaleMarks[] = {
-    {"(g)", 'g'},      {"[g]", 'g'}, {"(gauge)", 'g'}, {"gauge", 'g'},        {"gage", 'g'},     {"(ga)", 'g'},
-    {"(a)", 'a'},      {"[a]", 'a'}, {"(abs)", 'a'},   {"abs.", 'a'},         {"absolute", 'a'}, {"(absolute)", 'a'},
-    {"abs", 'a'},      {"(v)", 'v'}, {"(vac)", 'v'},   {"vacuum", 'v'},       {"vac.", 'v'},     {"vac", 'v'},
-    {"(vacuum)", 'v'}, {"(d)", 'd'}, {"diff", 'd'},    {"differential", 'd'}, {"d", 'd'},        {"g", 'g'},
-    {"a", 'a'},        {"-g", 'g'},  {"_g", 'g'},      {"(e)", 'g'},          {"-a", 'a'},       {"_a", 'a'},
+    {"(g)", 'g'},      {"[g]", 'g'},  {"(gauge)", 'g'}, {"gauge", 'g'},        {"gage", 'g'},     {"(ga)", 'g'},
+    {"(a)", 'a'},      {"[a]", 'a'},  {"(abs)", 'a'},   {"abs.", 'a'},         {"absolute", 'a'}, {"(absolute)", 'a'},
+    {"abs", 'a'},      {"(v)", 'v'},  {"(vac)", 'v'},   {"vacuum", 'v'},       {"vac.", 'v'},     {"vac", 'v'},
+    {"(vacuum)", 'v'}, {"(d)", 'd'},  {"diff", 'd'},    {"differential", 'd'}, {"d", 'd'},        {"g", 'g'},
+    {"a", 'a'},        {"-g", 'g'},   {"_g", 'g'},      {"(e)", 'g'},          {"-a", 'a'},       {"_a", 'a'},
+    {"ue", 'g'},       {"(ue)", 'g'}, // German: bar ü
 };
 
 // The entry that stands at this place and ends there; the place behind it in `end`.
@@ -176,6 +181,19 @@ const KeyWord *takePowerInFront(TextReader &reader) {
         ++end;
     reader.place = end;
     return word;
+}
+
+// "million bbl": a number in front of a unit, as a word.
+bool takeCount(TextReader &reader, int32_t sign) {
+    int32_t end;
+    const KeyWord *word = findKeyWord(reader, counts, reader.place, &end);
+    if (!word || reader.at(end) != ' ' || word_Longest(reader, reader.place).end > end)
+        return false;
+    multiply(reader.product, powerOfTen(word->value), sign);
+    reader.product.hasNumber = true;
+    reader.place = end;
+    skipBlanks(reader);
+    return true;
 }
 
 bool takePowerBehind(TextReader &reader, int32_t *exponent) {
@@ -311,6 +329,7 @@ bool takeNote(TextReader &reader, const Word &word) {
 }
 
 bool readWord(TextReader &reader, int32_t sign) {
+    takeCount(reader, sign);
     const KeyWord *power = takePowerInFront(reader);
     Word word;
     if (!word_Find(reader, word))
@@ -433,6 +452,22 @@ bool refuseFraction(TextReader &reader) {
                         unit_Token(reader.catalogue, fraction->unit));
 }
 
+// "gr" is the grain of those who have pounds, gallons and cubic feet, and others write it for gram.
+bool refuseGrains(TextReader &reader) {
+    constexpr std::string_view besideGrains[] = {"lb", "gal", "ft3", "SCF"};
+    const Term *grain = nullptr, *other = nullptr;
+    for (int32_t i = 0; i < reader.product.count; ++i) {
+        const Term &term = reader.product.terms[i];
+        const std::string_view token = unit_Token(reader.catalogue, term.unit);
+        if (str_EqualNoCase(str_Head(word_Ahead(reader, term.place), static_cast<size_t>(term.end - term.place)), "gr"))
+            grain = &term;
+        else if (std::find(std::begin(besideGrains), std::end(besideGrains), token) == std::end(besideGrains))
+            other = &term;
+    }
+    return grain && other &&
+           !word_Refuse(reader, grain->place, grain->end, "This can mean a gram or a grain: write which.");
+}
+
 // Where all letters are capitals, and units were read that are not written so, an M may be a milli as well.
 bool refuseCapitals(TextReader &reader, int32_t begin) {
     const Product &product = reader.product;
@@ -504,7 +539,8 @@ bool product_Read(const Catalogue &catalogue, const Words &words, const FoldedTe
     product.number = wide_Of(1.0);
     complaint = {};
     TextReader reader = {catalogue, words, text, text.length, classId, way, product, complaint, 0, begin};
-    return readProduct(reader, 1, '\0') && !refuseFraction(reader) && !refuseCapitals(reader, begin);
+    return readProduct(reader, 1, '\0') && !refuseFraction(reader) && !refuseGrains(reader) &&
+           !refuseCapitals(reader, begin);
 }
 
 Measure product_Measure(const Words &words, const Product &product) {

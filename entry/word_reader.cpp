@@ -44,10 +44,20 @@ namespace {
 
 constexpr int32_t LONGEST_NAME = 80;
 
-// Whether the name stands at this place, whatever the case: a blank of the name may miss in the text, but not the other
-// way round.
-bool stands(const WordName &name, const char *text, int32_t length, bool *exactCase) {
-    *exactCase = true;
+size_t letterCount(const char *text) {
+    size_t count = 0;
+    while (str_IsLetter(text[count]))
+        ++count;
+    return count;
+}
+
+// TURNED: but for the case of a letter that makes a mega of a milli.
+enum class Standing { NO, TURNED, OTHER_CASE, EXACT };
+
+// How the name stands at this place, whatever the case: a blank of the name may miss in the text, but not the other way
+// round.
+Standing standing(const WordName &name, const char *text, int32_t length) {
+    Standing found = Standing::EXACT;
     int32_t i = 0;
     for (const char *c = name.text; *c; ++c) {
         if (*c == ' ') {
@@ -56,11 +66,17 @@ bool stands(const WordName &name, const char *text, int32_t length, bool *exactC
             continue;
         }
         if (i >= length || str_Lower(text[i]) != str_Lower(*c))
-            return false;
-        *exactCase = *exactCase && text[i] == *c;
+            return Standing::NO;
+        if (text[i] != *c && found != Standing::TURNED) {
+            found = Standing::OTHER_CASE;
+            const size_t letters = c == name.text || !str_IsLetter(c[-1]) ? letterCount(c) : 0;
+            if (letters > 1 &&
+                prefix_IsTurned({c, letters}, str_Head({text + i, static_cast<size_t>(length - i)}, letters)))
+                found = Standing::TURNED;
+        }
         ++i;
     }
-    return i == length;
+    return i == length ? found : Standing::NO;
 }
 
 enum class Binding { NONE, OWN, OTHERS }; // of an alias: to the class that is read, or to others
@@ -74,14 +90,19 @@ Binding bindingOf(const TextReader &reader, const WordName &name) {
     return alias_IsOf(alias, reader.classId) ? Binding::OWN : Binding::OTHERS;
 }
 
+// The unit that a name names, NO_UNIT for an alias of more than one.
+int32_t unitOf(const TextReader &reader, const WordName &name) {
+    if (name.kind != NameKind::ALIAS)
+        return name.target;
+    const int32_t unit = unit_FindToken(reader.catalogue, reader.words.aliases[name.target].unitText);
+    return unit > NO_UNIT ? unit : NO_UNIT;
+}
+
 // Names of amounts ("kg-mol") stay whole, since their parts mean something else.
 bool isCompound(const TextReader &reader, const WordName &name) {
     if (!std::strpbrk(name.text, "/-"))
         return false;
-    const int32_t number = name.kind == NameKind::ALIAS
-                               ? unit_FindToken(reader.catalogue, reader.words.aliases[name.target].unitText)
-                               : name.target;
-    const UnitQuantity &unit = reader.words.units[number > NO_UNIT ? number : NO_UNIT];
+    const UnitQuantity &unit = reader.words.units[unitOf(reader, name)];
     return !unit.known || unit.dimension[AXIS_AMOUNT] == 0;
 }
 
@@ -91,10 +112,9 @@ Match findName(TextReader &reader, int32_t begin, int32_t end, uint32_t hash, bo
     Match match;
     int32_t best = -1;
     words_Find(reader.words, hash, [&](const WordName &name) {
-        bool exactCase;
-        if (!stands(name, reader.text.text + begin, end - begin, &exactCase))
-            return false;
-        if (exactOnly && !exactCase)
+        const Standing found = standing(name, reader.text.text + begin, end - begin);
+        const bool exactCase = found == Standing::EXACT;
+        if (!exactCase && (exactOnly || found != Standing::OTHER_CASE))
             return false;
         const Binding binding = bindingOf(reader, name);
         if (binding == Binding::OTHERS && reader.classId != CLASS_NONE)
@@ -123,24 +143,34 @@ bool isBoundary(const TextReader &reader, int32_t place) {
     return !((text_IsLetter(before) && text_IsLetter(behind)) || (str_IsDigit(before) && str_IsDigit(behind)));
 }
 
-// One name for exactly this stretch.
-Match nameOf(TextReader &reader, int32_t begin, int32_t end, bool exactOnly = false) {
+uint32_t hashOf(const TextReader &reader, int32_t begin, int32_t end) {
     uint32_t hash = WORD_HASH;
     for (int32_t i = begin; i < end; ++i)
         hash = words_HashOn(hash, reader.at(i));
-    return findName(reader, begin, end, hash, exactOnly);
+    return hash;
+}
+
+// One name for exactly this stretch.
+Match nameOf(TextReader &reader, int32_t begin, int32_t end, bool exactOnly = false) {
+    return findName(reader, begin, end, hashOf(reader, begin, end), exactOnly);
 }
 
 constexpr int32_t SHORTEST_PLURAL = 3; // letters of a name that takes an s
 constexpr std::string_view pluralsWithE[] = {"ches", "shes", "sses", "xes", "moles"};
 
+// Whether an s behind what ends here is that of a plural: that of "SCFS" is a second.
+bool takesPlural(const TextReader &reader, int32_t end) {
+    const char before = reader.at(end - 1);
+    return str_IsLetter(before) && str_Lower(before) != 's' && !word_EndsIn(reader, end, "CF");
+}
+
 // A name without what grammar put behind it: the s of a plural, the e of "lb-mole". "kPas" is no plural of a pressure.
 Match changedName(TextReader &reader, int32_t begin, int32_t end) {
     Match match;
-    const char before = reader.at(end - 2), last = str_Lower(reader.at(end - 1));
+    const char last = str_Lower(reader.at(end - 1));
     if (last == 'e' && word_EndsIn(reader, end, "mole"))
         match = nameOf(reader, begin, end - 1);
-    else if (last == 's' && str_IsLetter(before) && end - 1 - begin >= SHORTEST_PLURAL &&
+    else if (last == 's' && takesPlural(reader, end - 1) && end - 1 - begin >= SHORTEST_PLURAL &&
              !word_EndsIn(reader, end, "Pas")) {
         match = nameOf(reader, begin, end - 1);
         for (const std::string_view tail : pluralsWithE)
@@ -154,9 +184,9 @@ Match changedName(TextReader &reader, int32_t begin, int32_t end) {
 
 // The size of what a name names alone, NaN when it is not one plain unit.
 double sizeOf(const TextReader &reader, const Match &match) {
-    if (!match.name || match.name->kind == NameKind::ALIAS)
+    if (!match.name)
         return NAN;
-    const UnitQuantity &unit = reader.words.units[match.name->target];
+    const UnitQuantity &unit = reader.words.units[unitOf(reader, *match.name)];
     return unit.known ? unit.size : NAN;
 }
 
@@ -265,10 +295,17 @@ struct Joint {
 };
 constexpr Joint joints[] = {{'s', "aWNA"}, {'m', "Nf"}, {'h', "WAr"}};
 
+// By the class of the same name, or as "lbf" is an alias.
+bool isForce(const TextReader &reader, const Match &match) {
+    const Dimension &dimension = reader.words.units[unitOf(reader, *match.name)].dimension;
+    return dimension[AXIS_MASS] == 1 && dimension[AXIS_LENGTH] == 1 && dimension[AXIS_TIME] == -2;
+}
+
 bool mayBeJoined(const TextReader &reader, const Word &head, char behind, char last) {
     for (const Joint &joint : joints)
         if (joint.last == last)
-            return joint.behind.find(behind) != std::string_view::npos;
+            return joint.behind.find(behind) != std::string_view::npos &&
+                   (behind != 'f' || isForce(reader, head.match));
     if (head.match.name->kind == NameKind::ALIAS)
         return true;
     const Dimension &dimension = reader.words.units[head.match.name->target].dimension;
@@ -313,7 +350,7 @@ bool findMarkedPressure(TextReader &reader, Word &word) {
 // "lbs", "kms": an s behind a symbol of two letters and more.
 bool findPluralSymbol(TextReader &reader, Word &word) {
     const int32_t end = word_EndOfLetters(reader, word.begin);
-    if (str_Lower(reader.at(end - 1)) != 's' || end - word.begin < 3)
+    if (str_Lower(reader.at(end - 1)) != 's' || end - word.begin < 3 || !takesPlural(reader, end - 1))
         return false;
     Word stem = word;
     const bool capitals = str_Lower(reader.at(word.begin)) != reader.at(word.begin) && reader.at(end - 1) == 'S';
@@ -331,10 +368,14 @@ bool findPrefixedInAnyCase(TextReader &reader, Word &word) {
             ++word.match.end;
         return true;
     }
-    if (!takePrefixed(reader, word, prefix_IfCaseWereFree(word_Ahead(reader, word.begin)), false))
+    const PrefixedUnit prefix = prefix_IfCaseWereFree(word_Ahead(reader, word.begin));
+    if (prefix.rare || !takePrefixed(reader, word, prefix, false))
         return false;
-    // "mwh" is neither mWh nor MWh.
-    return reader.at(word.begin) != 'm' || word.match.exactCase ||
+    // "mwh" is neither mWh nor MWh. An M that begins a word as words begin, "MBar", says as little.
+    const char first = reader.at(word.begin), second = reader.at(word.begin + 1), third = reader.at(word.begin + 2);
+    const bool isTitle =
+        first == 'M' && str_Lower(second) != second && str_IsLetter(third) && str_Lower(third) == third;
+    return (!isTitle && (first != 'm' || word.match.exactCase)) ||
            word_Refuse(reader, word.begin, word.match.end,
                        "This can mean a mega or a milli of %s: write it in the case of its symbol.",
                        word.match.name->text);
@@ -352,10 +393,23 @@ bool isMeterKelvin(const TextReader &reader, int32_t begin) {
            reader.product.count > 0;
 }
 
+// A name of which the typed letters make a milli of its mega, or a mega of its milli.
+const char *turnedName(const TextReader &reader, int32_t begin, int32_t end) {
+    const char *turned = nullptr;
+    words_Find(reader.words, hashOf(reader, begin, end), [&](const WordName &name) {
+        if (standing(name, reader.text.text + begin, end - begin) == Standing::TURNED)
+            turned = name.text;
+        return turned != nullptr;
+    });
+    return turned;
+}
+
 bool refuseUnknown(TextReader &reader, int32_t begin) {
     int32_t end = word_EndOfLetters(reader, begin);
     if (end == begin)
         end = begin + 1;
+    if (const char *turned = turnedName(reader, begin, end))
+        return word_Refuse(reader, begin, end, "Written so it is not \"%s\": m means milli, and M mega.", turned);
     char typed[64];
     str_CopyBounded(typed, sizeof typed, fold_Typed(reader.text, begin, end));
     reader.complaint.unknownWord = !*reader.complaint.message;
@@ -377,6 +431,7 @@ struct Disputed {
     std::string_view text;
     const char *meanings;
     bool anyCase = false;
+    bool inPowers = true; // in front of a power as well
 };
 constexpr Disputed disputedWords[] = {
     {"MT", "tonne, or Mt (a million tonnes)"},
@@ -390,15 +445,19 @@ constexpr Disputed disputedWords[] = {
     {"Cal", "cal, or kcal (the calorie of food)"},
     {"Cals", "cal, or kcal (the calorie of food)"},
     {"sft", "ft2, ftUS (a survey foot), or with a power SCF"},
-    {"gr/cc", "g/cc, or grain/cc"},
-    {"gr/cm", "g/cm, or grain/cm"},
-    {"gr/ml", "g/ml, or grain/ml", true},
-    {"gr/l", "g/liter, or grain/liter", true},
     {"ct/kWh", "cent/kW-hr, or carat/kW-hr", true},
     {"ct/MWh", "cent/MW-hr, or carat/MW-hr", true},
     {"mM", "mm, or mmol/liter"},
     {"uM", "um, or umol/liter"},
     {"nM", "nm, or nmol/liter"},
+    {"NM", "N-m, nm, or nautical miles", false, false},
+    {"UM", "um, or umol/liter"},
+    {"MMOL", "mmol, or Mmol (a million moles)"},
+    {"nl", "nanoliter, or Nliter"},
+    {"Grad", "a degree, as in German, gon, or Grad (a billion rad)"},
+    {"gcal", "cal, or Gcal (a billion calories)"},
+    {"\"", "an inch, or a second of angle"},
+    {"'", "a foot, or a minute of angle"},
     {"lm", "a lumen, which is not known here, or liter-m"},
     {"cd", "a candela, which is not known here, or 0.01 day"},
 };
@@ -419,7 +478,8 @@ bool isDisputed(TextReader &reader, int32_t begin) {
         int32_t end = begin + static_cast<int32_t>(size);
         if (word.anyCase && str_Lower(reader.at(end)) == 's')
             ++end;
-        if (!text_IsLetter(reader.at(end)) && !isNameOfClass(reader, begin, end))
+        const bool raised = str_IsDigit(reader.at(end)) || reader.at(end) == '^';
+        if (!text_IsLetter(reader.at(end)) && (word.inPowers || !raised) && !isNameOfClass(reader, begin, end))
             return !word_Refuse(reader, begin, end, "This can mean %s: write which.", word.meanings);
     }
     return false;

@@ -83,6 +83,8 @@ Amount amountOf(const TypedArguments &arguments, const std::string &typed) {
     if (arguments.classic)
         return {number.value_or(1.0), units};
     const auto entry = uom::tryReadEntry(arguments.classString, typed);
+    if (number && units.starts_with(',')) // of 1,5 only the door knows what is wrong
+        throw Failure(entry.message());
     // Products of no class are read beside the other text alone.
     const bool numbered = entry ? entry->value.has_value() : number && !units.starts_with('/');
     if (!numbered)
