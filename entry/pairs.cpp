@@ -83,6 +83,11 @@ bool holdsGas(Pair &pair, int32_t which) {
     return measure && measure->gas;
 }
 
+bool isPlain(const Reading &reading) {
+    const Measure &measure = reading.measures[0];
+    return measure.known && !measure.shifted && !measure.formula && !reading.products[0].scale;
+}
+
 // A rate that is counted by volume may be one of a gas or of a liquid: the two do not mix.
 bool refuseGasAndLiquid(Pair &pair, const char *classString) {
     const int32_t classId = class_Find(pair.catalogue, classString, STYLE_TOKEN);
@@ -124,6 +129,29 @@ bool refuseRatios(Pair &pair, const char *classString) {
     return true;
 }
 
+// The classical walk does not count the powers of a group inside of another as they are written.
+bool hasGroupInGroup(std::string_view classString) {
+    int32_t depth = 0;
+    for (const char c : classString) {
+        depth += c == '(' ? 1 : c == ')' ? -1 : 0;
+        if (depth > 1)
+            return true;
+    }
+    return false;
+}
+
+// By what the two texts measure.
+int32_t convertMeasured(Pair &pair, UomConversion **out) {
+    const Measure *from = measureOf(pair, 0), *to = measureOf(pair, 1);
+    if (!from || !to || !isPlain(pair.readings[0]) || !isPlain(pair.readings[1]) || from->dimension != to->dimension) {
+        error_Set("A class with a group inside of another is not converted here: write its powers without.");
+        return PAIR_REFUSED;
+    }
+    const Wide before = product_ExactSize(pair.catalogue, pair.words, pair.readings[0].products[0]);
+    return prepared_NewProduct(before / product_ExactSize(pair.catalogue, pair.words, pair.readings[1].products[0]),
+                               out);
+}
+
 int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {
     for (int32_t which = 0; which < 2; ++which) {
         if (readSide(pair, which, classString))
@@ -136,7 +164,9 @@ int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomE
         return !known ? PAIR_BAD_CLASS : which == 0 ? PAIR_BAD_FROM : PAIR_BAD_TO;
     }
     const bool refused = refuseGasAndLiquid(pair, classString) || refuseRatios(pair, classString);
-    int32_t status = refused ? PAIR_REFUSED : convertUnder(pair, out);
+    const int32_t status = refused                        ? PAIR_REFUSED
+                           : hasGroupInGroup(classString) ? convertMeasured(pair, out)
+                                                          : convertUnder(pair, out);
     if (status == PAIR_REFUSED)
         str_CopyBounded(pair.sides[0].entry.message, sizeof pair.sides[0].entry.message, error_Text());
     if (entry)
@@ -285,11 +315,6 @@ Dimension asAmounts(const Words &words, const Product &product, const Measure &m
 Wide amountOf(const Pair &pair, const Product &product) {
     return product_ExactSize(pair.catalogue, pair.words, product) *
            wide_SignedPower(molesOfVolume(), gasPower(pair.words, product));
-}
-
-bool isPlain(const Reading &reading) {
-    const Measure &measure = reading.measures[0];
-    return measure.known && !measure.shifted && !measure.formula && !reading.products[0].scale;
 }
 
 bool isOfNoClass(const Pair &pair, int32_t which) {

@@ -12,11 +12,13 @@
  *
  * What it computes
  *   Every value, whatever its place in an array, becomes what uom_ConvertFromTo makes of it when no gravity waits. Groups
- *   with powers and groups behind "/" are right in arrays, too. Values below -1e35 (no value) and NaN are passed on.
+ *   with powers and groups behind "/" are right in arrays, too; of a group inside of another, a power does not count as
+ *   it is written: "((Leng) 2) 3" is one to write as "Leng 6". Values below -1e35 (no value) and NaN are passed on.
  *   Linear conversions are better than the node by node walk of uom_ConvertFromTo: the result is within one unit in the
  *   last place, of the larger of |value x factor| and |offset x factor|, of the exact result, however long the chain. A
  *   constant of the catalogue counts as the shortest decimal that reads back as it (0.3048, 459.67) or, where that has 16
  *   digits and more, as the nearest fraction with a denominator up to 1000 that reads as it, if there is one (5/9).
+ *   Where two offsets are nearly the same, what is left of them is within 1e-30 of the larger one.
  *   Nothing snaps to 0 near an offset, no result in between overflows or counts as no value, and no power is too high.
  *   Units that are the same on both sides give the value back bit for bit, whatever the walk would make of it.
  */
@@ -59,7 +61,8 @@ UOM_API void uom_ConvertMany(const UomConversion *conversion, const double *in, 
 UOM_API void uom_ConvertManyFloat(const UomConversion *conversion, const float *in, float *out, size_t count);
 
 /* The same for values that lie `inStep` and `outStep` bytes apart, e.g. a column of an array of records. Steps may be
- * negative or 0 and need not be multiples of a double's size. [any] */
+ * negative or 0 and need not be multiples of a double's size; `in` may be `out` with the same steps, which are not 0 then.
+ * [any] */
 UOM_API void uom_ConvertStrided(const UomConversion *conversion, const double *in, ptrdiff_t inStep, double *out,
                                 ptrdiff_t outStep, size_t count);
 

@@ -222,7 +222,7 @@ inline Status noMemory() {
 }
 
 inline std::string quoted(std::string_view text) {
-    return '"' + std::string(text) + '"';
+    return '"' + std::string(text.substr(0, text.find('\0'))) + '"';
 }
 
 // For operations that always write why they failed.

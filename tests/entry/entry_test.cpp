@@ -387,6 +387,10 @@ TEST_F(Entries, CountGasInMoles) {
         {"Leng", "12 in", "3 ft", 0, 1.0 / 3},
         {"Nope", "m", "ft", 2, 0},
         {"PetroDensity", "2 API", "kg/m3", 1, 0},
+        // Groups inside of groups, which the classical walk does not convert by their powers.
+        {"((Leng) 2) 3", "((ft)2)3", "((m)2)3", 0, 0.3048 * 0.3048 * 0.3048 * 0.3048 * 0.3048 * 0.3048},
+        {"(Mass/(Leng Time)) 2", "(kg/(ft-sec))2", "(kg/(m-sec))2", 0, 1 / (0.3048 * 0.3048)},
+        {"1/((Temp) 2)", "1/((F)2)", "1/((K)2)", 0, 3.24},
     };
     for (const auto &c : cases) {
         UomConversion *conversion;
