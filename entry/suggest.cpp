@@ -10,7 +10,7 @@ namespace uom {
 
 namespace {
 
-constexpr size_t LONGEST = 63;
+constexpr size_t LONGEST = Words::LENGTHS - 1;
 
 size_t difference(size_t a, size_t b) {
     return a > b ? a - b : b - a;
@@ -59,17 +59,21 @@ int32_t suggest_Edits(std::string_view a, std::string_view b, int32_t most) {
 }
 
 void suggest_Names(const Words &words, std::string_view typed, Suggestions &suggestions) {
+    const int32_t length = static_cast<int32_t>(std::min<size_t>(typed.size(), Words::LENGTHS));
     const int32_t most = suggest_MostEdits(typed.size());
     const uint32_t letters = words_Letters(typed);
-    for (uint32_t i = 0; most > 0 && i < words.nameCount; ++i) {
-        const WordName &name = words.names[i];
-        if (difference(name.length, typed.size()) > static_cast<size_t>(most) ||
-            hasMoreBits(name.letters ^ letters, 2 * most))
-            continue;
-        const int32_t edits = suggest_Edits(typed, {name.text, name.length}, most);
-        if (edits <= most)
-            best_Insert(suggestions.names, &suggestions.count, Suggestions::LIMIT, {name.text, edits},
-                        [](const Suggestion &a, const Suggestion &b) { return a.edits < b.edits; });
+    const auto isNearer = [](const Suggestion &a, const Suggestion &b) {
+        return a.edits != b.edits ? a.edits < b.edits : a.place < b.place;
+    };
+    for (int32_t other = length - most; most > 0 && other <= std::min(length + most, Words::LENGTHS - 1); ++other) {
+        for (int32_t i = words.firstOfLength[other]; i >= 0; i = words.names[i].nextOfLength) {
+            const WordName &name = words.names[i];
+            if (hasMoreBits(name.letters ^ letters, 2 * most) || str_Lower(name.text[0]) != str_Lower(typed[0]))
+                continue;
+            const int32_t edits = suggest_Edits(typed, {name.text, name.length}, most);
+            if (edits <= most)
+                best_Insert(suggestions.names, &suggestions.count, Suggestions::LIMIT, {name.text, edits, i}, isNearer);
+        }
     }
 }
 

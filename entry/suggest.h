@@ -14,10 +14,11 @@ int32_t suggest_Edits(std::string_view a, std::string_view b, int32_t most);
 // How many edits are allowed for a word of this length.
 int32_t suggest_MostEdits(size_t length);
 
-// The nearest names of units and aliases, nearest first.
+// The nearest names of units and aliases that begin as the typed word does, nearest first: few mistype the first letter.
 struct Suggestion {
     const char *name;
     int32_t edits;
+    int32_t place; // among the names
 };
 struct Suggestions {
     static constexpr int32_t LIMIT = 12;

@@ -214,10 +214,10 @@ void addName(Builder &builder, const char *text, NameKind kind, int32_t target) 
     if (name.empty() || name.size() > UINT16_MAX)
         return;
     builder.pieces.names[builder.words.nameCount++] = {
-        text, hashOf(name), words_Letters(name), static_cast<uint16_t>(name.size()), kind, target, -1};
+        text, hashOf(name), words_Letters(name), static_cast<uint16_t>(name.size()), kind, target, -1, -1};
 }
 
-// The last name first, each in front of those of its hash.
+// The last name first, each in front of those of its hash and of those of its length.
 void placeNames(Builder &builder) {
     WordName *const names = builder.pieces.names;
     int32_t *const places = builder.pieces.places;
@@ -227,6 +227,11 @@ void placeNames(Builder &builder) {
             place = (place + 1) & builder.words.mask;
         names[i].next = places[place];
         places[place] = static_cast<int32_t>(i);
+        if (names[i].length >= Words::LENGTHS)
+            continue;
+        int32_t &first = builder.words.firstOfLength[names[i].length];
+        names[i].nextOfLength = first;
+        first = static_cast<int32_t>(i);
     }
 }
 
@@ -353,6 +358,7 @@ Words *build(const Catalogue &catalogue) {
     words.classCount = static_cast<int32_t>(sizes.classes);
     words.mask = static_cast<uint32_t>(sizes.places - 1);
     std::fill_n(builder.pieces.places, sizes.places, -1);
+    std::fill_n(words.firstOfLength, Words::LENGTHS, -1);
     noteUnits(builder);
     noteRatios(builder);
     for (int32_t c = 0; c < words.classCount; ++c)

@@ -33,6 +33,7 @@ struct WordName {
     NameKind kind;
     int32_t target; // a unit, or a place in `aliases`
     int32_t next;   // the next name of this hash, -1 behind the last
+    int32_t nextOfLength;
 };
 
 struct Alias {
@@ -57,6 +58,7 @@ struct ClassShape {
 };
 
 struct Words {
+    static constexpr int32_t LENGTHS = 64;
     const UnitQuantity *units;
     const ClassShape *classes;
     const WordName *names;
@@ -64,6 +66,7 @@ struct Words {
     const Alias *aliases;
     uint32_t nameCount, mask;
     int32_t unitCount, classCount, aliasCount;
+    int32_t firstOfLength[LENGTHS]; // the first name of so many characters, -1 for none
 };
 
 // The words of the catalogue; null when memory is exhausted.
