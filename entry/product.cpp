@@ -184,16 +184,15 @@ const KeyWord *takePowerInFront(TextReader &reader) {
 }
 
 // "million bbl": a number in front of a unit, as a word.
-bool takeCount(TextReader &reader, int32_t sign) {
+void takeCount(TextReader &reader, int32_t sign) {
     int32_t end;
     const KeyWord *word = findKeyWord(reader, counts, reader.place, &end);
     if (!word || reader.at(end) != ' ' || word_Longest(reader, reader.place).end > end)
-        return false;
+        return; // a name may begin so: "million BTU"
     multiply(reader.product, powerOfTen(word->value), sign);
     reader.product.hasNumber = true;
     reader.place = end;
     skipBlanks(reader);
-    return true;
 }
 
 bool takePowerBehind(TextReader &reader, int32_t *exponent) {

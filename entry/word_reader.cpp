@@ -295,7 +295,7 @@ struct Joint {
 };
 constexpr Joint joints[] = {{'s', "aWNA"}, {'m', "Nf"}, {'h', "WAr"}};
 
-// By the class of the same name, or as "lbf" is an alias.
+// "lbf" and "kgf", which a length behind makes a torque: the f of "pcf" is a foot.
 bool isForce(const TextReader &reader, const Match &match) {
     const Dimension &dimension = reader.words.units[unitOf(reader, *match.name)].dimension;
     return dimension[AXIS_MASS] == 1 && dimension[AXIS_LENGTH] == 1 && dimension[AXIS_TIME] == -2;
