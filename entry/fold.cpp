@@ -95,14 +95,10 @@ bool isSuperscript(const Sign &sign) {
     return digit && (sign.typed[0] == '\xC2' || sign.typed[1] == '\x81');
 }
 
-bool isInsideCharacter(char c) {
-    return (static_cast<uint8_t>(c) & 0xC0) == 0x80; // UTF-8
-}
-
 // Bytes of the UTF-8 character that the text begins with; 1 for what is none.
 size_t characterSize(std::string_view text) {
     size_t size = 1;
-    while (size < text.size() && isInsideCharacter(text[size]))
+    while (size < text.size() && str_IsInsideCharacter(text[size]))
         ++size;
     return size;
 }
@@ -142,8 +138,7 @@ bool isDegreeOfTemperature(std::string_view behind) {
         behind.remove_prefix(1);
     if (behind.empty() || std::string_view("CFKRcfkr").find(behind.front()) == std::string_view::npos)
         return false;
-    const char next = behind.size() > 1 ? behind[1] : ' ';
-    return !((next >= 'a' && next <= 'z') || (next >= 'A' && next <= 'Z'));
+    return behind.size() < 2 || !str_IsLetter(behind[1]);
 }
 
 } // namespace
@@ -161,7 +156,7 @@ std::string_view fold_Typed(const FoldedText &folded, int32_t from, int32_t to) 
     const size_t begin = static_cast<size_t>(folded.place[from]);
     size_t size = static_cast<size_t>(fold_End(folded, from, to)) - begin;
     if (size > MOST)
-        for (size = MOST; size > 0 && isInsideCharacter(folded.typed[begin + size]);)
+        for (size = MOST; size > 0 && str_IsInsideCharacter(folded.typed[begin + size]);)
             --size;
     return str_Head(str_Behind(folded.typed, begin), size);
 }

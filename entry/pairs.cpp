@@ -140,16 +140,19 @@ bool hasGroupInGroup(std::string_view classString) {
     return false;
 }
 
-// By what the two texts measure.
-int32_t convertMeasured(Pair &pair, UomConversion **out) {
-    const Measure *from = measureOf(pair, 0), *to = measureOf(pair, 1);
-    if (!from || !to || !isPlain(pair.readings[0]) || !isPlain(pair.readings[1]) || from->dimension != to->dimension) {
-        error_Set("A class with a group inside of another is not converted here: write its powers without.");
-        return PAIR_REFUSED;
+// By what the units of the two sides measure, as the class has them.
+int32_t convertMeasured(const Pair &pair, UomConversion **out) {
+    Pair units = {pair.catalogue, pair.words, {pair.sides[0].entry.units, pair.sides[1].entry.units}, {}, {}};
+    Wide sizes[2];
+    for (int32_t which = 0; which < 2; ++which) {
+        if (!measureOf(units, which) || !isPlain(units.readings[which])) {
+            error_Set("A class with a group inside of another is not converted here: write its powers without.");
+            return PAIR_REFUSED;
+        }
+        sizes[which] = product_ExactSize(pair.catalogue, pair.words, units.readings[which].products[0]);
+        sizes[which] = sizes[which] * pair.sides[which].scale;
     }
-    const Wide before = product_ExactSize(pair.catalogue, pair.words, pair.readings[0].products[0]);
-    return prepared_NewProduct(before / product_ExactSize(pair.catalogue, pair.words, pair.readings[1].products[0]),
-                               out);
+    return prepared_NewProduct(sizes[0] / sizes[1], out);
 }
 
 int32_t readGiven(Pair &pair, const char *classString, UomConversion **out, UomEntry *entry) {

@@ -103,16 +103,13 @@ bool isMetricStem(std::string_view letters) {
     return std::find(std::begin(furtherStems), std::end(furtherStems), letters) != std::end(furtherStems);
 }
 
-bool hasSmallLetter(std::string_view text) {
-    return std::any_of(text.begin(), text.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-}
-
 } // namespace
 
 bool prefix_IsTurned(std::string_view name, std::string_view typed) {
     constexpr size_t SHORTEST_WORD = 3; // "Mm" and "Mg" are symbols
     const bool milli = name[0] == 'M' && typed[0] == 'm';
-    const bool mega = name[0] == 'm' && typed[0] == 'M' && name.size() > SHORTEST_WORD && hasSmallLetter(typed);
+    const bool mega = name[0] == 'm' && typed[0] == 'M' && name.size() > SHORTEST_WORD &&
+                      std::any_of(typed.begin(), typed.end(), str_IsSmallLetter);
     return (milli || mega) && isMetricStem(name.substr(1));
 }
 

@@ -472,9 +472,9 @@ bool refuseCapitals(TextReader &reader, int32_t begin) {
     const Product &product = reader.product;
     if (product.mega.begin < 0 || !product.otherCase || product.words < 2)
         return false;
-    for (int32_t i = begin; i < reader.length; ++i)
-        if (reader.at(i) >= 'a' && reader.at(i) <= 'z')
-            return false;
+    const std::string_view typed = word_Ahead(reader, begin);
+    if (std::any_of(typed.begin(), typed.end(), str_IsSmallLetter))
+        return false;
     return !word_Refuse(reader, product.mega.begin, product.mega.end,
                         "In capitals M can mean mega or milli: write the units in the case of their symbols.");
 }

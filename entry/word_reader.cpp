@@ -372,9 +372,8 @@ bool findPrefixedInAnyCase(TextReader &reader, Word &word) {
     if (prefix.rare || !takePrefixed(reader, word, prefix, false))
         return false;
     // "mwh" is neither mWh nor MWh. An M that begins a word as words begin, "MBar", says as little.
-    const char first = reader.at(word.begin), second = reader.at(word.begin + 1), third = reader.at(word.begin + 2);
-    const bool isTitle =
-        first == 'M' && str_Lower(second) != second && str_IsLetter(third) && str_Lower(third) == third;
+    const char first = reader.at(word.begin), second = reader.at(word.begin + 1);
+    const bool isTitle = first == 'M' && str_Lower(second) != second && str_IsSmallLetter(reader.at(word.begin + 2));
     return (!isTitle && (first != 'm' || word.match.exactCase)) ||
            word_Refuse(reader, word.begin, word.match.end,
                        "This can mean a mega or a milli of %s: write it in the case of its symbol.",

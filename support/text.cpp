@@ -140,7 +140,7 @@ static size_t utf8Size(const char *text) {
                         : first < 0xF5 ? 4
                                        : 0;
     for (size_t i = 1; i < size; ++i)
-        if ((byte(i) & 0xC0) != 0x80)
+        if (!str_IsInsideCharacter(text[i]))
             return 0;
     const bool bad = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) > 0x9F) ||
                      (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F);

@@ -65,6 +65,11 @@ char *str_NextToken(char *text, const char *delimiters);
 // The same, with the place to look for the next token: behind the end mark, or the end of the text.
 char *str_CutToken(char *text, const char *delimiters, char **rest);
 
+// Whether a byte goes on with a UTF-8 character, and does not begin one.
+inline bool str_IsInsideCharacter(char c) {
+    return (static_cast<uint8_t>(c) & 0xC0) == 0x80;
+}
+
 // Letters, digits and white space of ASCII alone.
 inline char str_Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -74,6 +79,9 @@ inline char str_Upper(char c) {
 }
 inline bool str_IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+inline bool str_IsSmallLetter(char c) {
+    return c >= 'a' && c <= 'z';
 }
 inline bool str_IsDigit(char c) {
     return c >= '0' && c <= '9';

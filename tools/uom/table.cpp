@@ -178,7 +178,7 @@ CLI::Option *addPrecision(CLI::App &command, int &digits) {
             [&digits, range](const std::string &text) {
                 const auto count = parseNumber(text);
                 const bool known =
-                    text == "full" || (count && *count >= 1 && *count <= 17 && *count == std::floor(*count));
+                    text == "full" || (count && *count >= 1 && *count <= MOST_DIGITS && *count == std::floor(*count));
                 if (!known)
                     throw CLI::ValidationError("--precision", "\"" + text + "\" is not " + range);
                 digits = text == "full" ? FULL_PRECISION : static_cast<int>(*count);

@@ -34,7 +34,8 @@ bool isLink(const std::string &word) {
 
 // As programs write numbers, and as people do: 5x10^3.
 std::optional<double> readNumber(std::string_view text) {
-    if (const auto number = parseNumber(text))
+    constexpr size_t LONGEST = 64;
+    if (const auto number = parseNumber(text); number || text.size() > LONGEST)
         return number;
     const auto entry = uom::tryReadEntry("Dimensionless", text);
     return entry ? entry->value : std::nullopt;
